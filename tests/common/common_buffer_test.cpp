@@ -1,0 +1,194 @@
+#include "qv_common_c/common_buffer.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string read(const fs::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+int save(const fs::path& path, std::string content, size_t size = 0)
+{
+    QvCommonBuffer_t buffer = {content.data(), 1, content.size(), nullptr, false};
+    return QvCommonBuffer_save2(&buffer, path.c_str(), size);
+}
+
+mode_t mode(const fs::path& path)
+{
+    struct stat state = {};
+    EXPECT_EQ(stat(path.c_str(), &state), 0);
+    return state.st_mode;
+}
+
+// Each test has a folder of its own.
+class CommonBuffer : public testing::Test {
+protected:
+    CommonBuffer()
+    {
+        std::string name = fs::temp_directory_path() / "qv_common.XXXXXX";
+        folder_ = mkdtemp(name.data());
+    }
+    ~CommonBuffer() override
+    {
+        QvCommonBuffer_clear(&buffer_);
+        fs::remove_all(folder_);
+    }
+
+    // The content after a load that succeeds, with its zero byte behind it.
+    std::string load(const fs::path& path, size_t offset = 0, size_t size = 0)
+    {
+        buffer_.offset = 99;
+        EXPECT_EQ(QvCommonBuffer_load2(path.c_str(), offset, size, &buffer_), 0) << path;
+        EXPECT_EQ(buffer_.offset, 0U);
+        EXPECT_EQ(buffer_.pBegin[buffer_.size], '\0');
+        return {buffer_.pBegin, buffer_.size};
+    }
+    long files() const { return std::distance(fs::directory_iterator(folder_), fs::directory_iterator()); }
+
+    fs::path folder_;
+    QvCommonBuffer_t buffer_ = {};
+};
+
+TEST_F(CommonBuffer, OwnsItsContentOnlyWhenAllocated)
+{
+    QvCommonBuffer_t* pBuffer = nullptr;
+    ASSERT_EQ(QvCommonBuffer_create(&pBuffer), 0);
+    EXPECT_EQ(QvCommonBuffer_create(&pBuffer), 13);
+    char text[] = "not of the heap";
+    *pBuffer = {text, 1, 2, text, false};
+    EXPECT_EQ(QvCommonBuffer_clear(pBuffer), 0);
+    EXPECT_TRUE(pBuffer->pBegin == nullptr && pBuffer->size == 0 && pBuffer->offset == 0 && !pBuffer->pUserData);
+    pBuffer->pBegin = static_cast<char*>(std::malloc(8));
+    pBuffer->isAllocated = true;
+    EXPECT_EQ(QvCommonBuffer_delete(&pBuffer), 0);
+    EXPECT_EQ(QvCommonBuffer_delete(&pBuffer), 13);
+}
+
+TEST_F(CommonBuffer, SavesAndLoadsAllOrAPart)
+{
+    const fs::path path = folder_ / "file";
+    const std::string content = std::string("a\0b", 3) + std::string(10000, 'x') + "z";
+    EXPECT_EQ(save(path, content), 0);
+    EXPECT_EQ(load(path), content);
+    EXPECT_EQ(load(path, 1, 3), std::string("\0bx", 3));
+    EXPECT_EQ(load(path, 10002, 100), "xz");
+    EXPECT_EQ(load(path, SIZE_MAX, SIZE_MAX), "");
+    EXPECT_EQ(save(path, "abcdef", 2), 0);
+    EXPECT_EQ(load(path), "ab");
+    EXPECT_EQ(save(path, "abc", 4), 6);
+    EXPECT_EQ(load(path), "ab");
+    QvCommonBuffer_t empty = {};
+    EXPECT_EQ(QvCommonBuffer_save2(&empty, path.c_str(), 0), 0);
+    EXPECT_EQ(load(path), "");
+    empty.size = 1;
+    EXPECT_EQ(QvCommonBuffer_save2(&empty, path.c_str(), 0), 13);
+}
+
+TEST_F(CommonBuffer, LoadsWhatHasNoSizeAndSavesThroughIt)
+{
+    EXPECT_EQ(load("/proc/self/stat").find(std::to_string(getpid())), 0U); // its size is said to be 0
+    EXPECT_EQ(load("/dev/zero", 3, 5000), std::string(5000, '\0'));
+
+    // A pipe can't seek, and comes in pieces.
+    const fs::path path = folder_ / "pipe";
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    const std::string content = "head " + std::string(200000, 'p');
+    std::thread writer([&] { EXPECT_EQ(save(path, content), 0); });
+    EXPECT_EQ(load(path, 5), content.substr(5));
+    writer.join();
+    EXPECT_TRUE(S_ISFIFO(mode(path)));
+}
+
+TEST_F(CommonBuffer, FailedLoadLeavesTheBuffer)
+{
+    ASSERT_EQ(save(folder_ / "file", "kept"), 0);
+    const std::string before = load(folder_ / "file");
+    EXPECT_EQ(QvCommonBuffer_load2((folder_ / "none").c_str(), 0, 0, &buffer_), 3);
+    EXPECT_EQ(QvCommonBuffer_load2(folder_.c_str(), 0, 0, &buffer_), 9);
+    EXPECT_EQ(QvCommonBuffer_load2("/proc/self/mem", 0, 0, &buffer_), 11); // nothing is mapped at 0
+    EXPECT_EQ(QvCommonBuffer_load2(nullptr, 0, 0, &buffer_), 13);
+    EXPECT_EQ(std::string(buffer_.pBegin, buffer_.size), before);
+}
+
+TEST_F(CommonBuffer, SaveKeepsModeOfAnOldFileAndObeysUmaskForANewOne)
+{
+    const fs::path path = folder_ / "file";
+    const mode_t before = umask(027);
+    EXPECT_EQ(save(path, "x"), 0);
+    EXPECT_EQ(mode(path), S_IFREG | 0640U);
+    for (const mode_t wanted : {0606U, 0777U}) {
+        ASSERT_EQ(chmod(path.c_str(), wanted), 0);
+        EXPECT_EQ(save(path, "y"), 0);
+        EXPECT_EQ(mode(path), S_IFREG | wanted);
+    }
+    umask(before);
+}
+
+TEST_F(CommonBuffer, SaveReplacesWhatALinkLeadsToAndKeepsTheLink)
+{
+    fs::create_directory(folder_ / "real");
+    fs::create_symlink("real/file", folder_ / "inner");
+    fs::create_symlink(folder_ / "inner", folder_ / "outer");
+    for (const char* pContent : {"made", "replaced"}) { // the links lead nowhere at first
+        EXPECT_EQ(save(folder_ / "outer", pContent), 0);
+        EXPECT_TRUE(fs::is_symlink(folder_ / "outer") && fs::is_symlink(folder_ / "inner"));
+        EXPECT_EQ(read(folder_ / "real/file"), pContent);
+    }
+    fs::create_symlink("loop", folder_ / "loop");
+    EXPECT_EQ(save(folder_ / "loop", "x"), 3);
+}
+
+TEST_F(CommonBuffer, FailedSaveLeavesTheOldFileAndNothingElse)
+{
+    const fs::path path = folder_ / "file";
+    ASSERT_EQ(save(path, "old"), 0);
+
+    // A limit on the size of files makes writing fail half way, as on a full disk.
+    rlimit before = {};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit limit = {5000, before.rlim_max};
+    std::signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    const int status = save(path, std::string(9000, 'n'));
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+    EXPECT_EQ(status, 12);
+
+    EXPECT_EQ(save(folder_ / "none/file", "x"), 3);
+    EXPECT_EQ(save(folder_ / "new/", "x"), 3);
+    EXPECT_EQ(save("", "x"), 3);
+    EXPECT_EQ(save(folder_, "x"), 9);
+    EXPECT_EQ(save("/dev/full", "x"), 12);
+
+    // A file that may not be written isn't replaced either, though the folder would let it be.
+    ASSERT_EQ(chmod(path.c_str(), 0), 0);
+    ASSERT_EQ(chmod(folder_.c_str(), 0777), 0);
+    const uid_t user = geteuid();
+    ASSERT_EQ(seteuid(user == 0 ? 65534 : user), 0); // the superuser may write everything
+    const int saved = save(path, "new");
+    const int loaded = QvCommonBuffer_load2(path.c_str(), 0, 0, &buffer_);
+    ASSERT_EQ(seteuid(user), 0);
+    ASSERT_EQ(chmod(path.c_str(), 0600), 0);
+    EXPECT_EQ(saved, 4);
+    EXPECT_EQ(loaded, 4);
+
+    EXPECT_EQ(read(path), "old");
+    EXPECT_EQ(files(), 1);
+}
+
+} // namespace

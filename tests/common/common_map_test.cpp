@@ -1,0 +1,79 @@
+#include "qv_common_c/common_map.h"
+
+#include <cstdlib>
+#include <set>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+std::multiset<void*> released;
+
+int releaseAndFailFirst(void** ppObject)
+{
+    released.insert(*ppObject);
+    return released.size() == 1 ? 12 : 0;
+}
+
+class CommonMap : public testing::Test {
+protected:
+    CommonMap()
+    {
+        released.clear();
+        EXPECT_EQ(QvCommonMap_open(&param_, &hMap_), 0);
+    }
+    ~CommonMap() override { QvCommonMap_close(&hMap_); }
+
+    int add(const char* pKey, void* pObject)
+    {
+        auto* pSlot = static_cast<QvCommonMapSlot_t*>(std::calloc(1, sizeof(QvCommonMapSlot_t)));
+        pSlot->pObject = pObject;
+        return QvCommonMap_add(hMap_, pKey, &pSlot);
+    }
+
+    QvCommonMapOpenParam_t param_ = {releaseAndFailFirst};
+    QvCommonMapHandle_t hMap_ = 0;
+    int objects_[3] = {};
+};
+
+TEST_F(CommonMap, SecondAddOfAKeyReplacesAndReleasesTheFirstAtOnce)
+{
+    char key[] = "HTG_2";
+    ASSERT_EQ(add(key, &objects_[0]), 0);
+    key[0] = '?'; // the map keeps a copy
+    ASSERT_EQ(add("HTG_2", &objects_[1]), 0);
+    EXPECT_EQ(released, (std::multiset<void*>{&objects_[0]}));
+
+    // The same object in a new slot, and the very same slot, lose nothing.
+    ASSERT_EQ(add("HTG_2", &objects_[1]), 0);
+    QvCommonMapSlot_t* pSlot = nullptr;
+    ASSERT_EQ(QvCommonMap_get(hMap_, "HTG_2", &pSlot), 0);
+    ASSERT_EQ(QvCommonMap_add(hMap_, "HTG_2", &pSlot), 0);
+    EXPECT_EQ(released.size(), 1U);
+    EXPECT_EQ(pSlot->pObject, &objects_[1]);
+}
+
+TEST_F(CommonMap, MissLeadsToASlotThatCanBeRead)
+{
+    ASSERT_EQ(add("HTG", &objects_[0]), 0);
+    for (const char* pKey : {"htg", "HT", "HTG ", ""}) {
+        QvCommonMapSlot_t* pSlot = nullptr;
+        EXPECT_EQ(QvCommonMap_get(hMap_, pKey, &pSlot), 8) << pKey;
+        ASSERT_NE(pSlot, nullptr);
+        EXPECT_EQ(pSlot->pObject, nullptr);
+    }
+    QvCommonMapSlot_t* pSlot = nullptr;
+    EXPECT_EQ(QvCommonMap_add(hMap_, "none", &pSlot), 13);
+    EXPECT_EQ(QvCommonMap_open(&param_, &hMap_), 13); // the variable isn't clear
+}
+
+TEST_F(CommonMap, CloseReleasesEverythingThoughAReleaseFails)
+{
+    ASSERT_EQ(add("a", &objects_[0]) + add("b", &objects_[1]) + add("c", &objects_[2]), 0);
+    EXPECT_EQ(QvCommonMap_close(&hMap_), 12);
+    EXPECT_EQ(hMap_, 0U);
+    EXPECT_EQ(released, (std::multiset<void*>{&objects_[0], &objects_[1], &objects_[2]}));
+    EXPECT_EQ(QvCommonMap_close(&hMap_), 13);
+}
+
+} // namespace
