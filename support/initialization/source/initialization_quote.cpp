@@ -1,0 +1,165 @@
+#include "initialization_quote.h"
+
+#include <algorithm>
+#include <array>
+
+namespace qv::initialization {
+
+namespace {
+
+constexpr std::string_view kHexadecimal = "0123456789ABCDEF";
+
+// The escapes of one letter, and what they stand for.
+struct Escape {
+    char letter;
+    char byte;
+};
+constexpr std::array<Escape, 5> kEscapes{{{'\\', '\\'}, {'"', '"'}, {'n', '\n'}, {'r', '\r'}, {'t', '\t'}}};
+
+bool isControl(char character)
+{
+    const auto byte = static_cast<unsigned char>(character);
+    return byte < 0x20 || byte == 0x7F;
+}
+
+bool isAnyOf(char character, std::string_view set)
+{
+    return set.find(character) != std::string_view::npos;
+}
+
+// The value of a hexadecimal digit, or -1.
+int digitOf(char character)
+{
+    if (character >= '0' && character <= '9') {
+        return character - '0';
+    }
+    if (character >= 'A' && character <= 'F') {
+        return character - 'A' + 10;
+    }
+    if (character >= 'a' && character <= 'f') {
+        return character - 'a' + 10;
+    }
+    return -1;
+}
+
+// Appends what the escape at the start of `text`, a backslash with something behind it, stands for. Gives the number of
+// characters it took.
+std::size_t readEscape(std::string_view text, std::string& result)
+{
+    for (const Escape& escape : kEscapes) {
+        if (escape.letter == text[1]) {
+            result += escape.byte;
+            return 2;
+        }
+    }
+    if (text[1] == 'x' && text.size() >= 4) {
+        const int high = digitOf(text[2]);
+        const int low = digitOf(text[3]);
+        // The zero byte stays an escape: a C string can't hold it.
+        if (high >= 0 && low >= 0 && high + low > 0) {
+            result += static_cast<char>(high * 16 + low);
+            return 4;
+        }
+    }
+    result += text[0];
+    return 1;
+}
+
+void appendQuoted(std::string& document, std::string_view text)
+{
+    document += '"';
+    for (const char character : text) {
+        const auto* pEscape = std::find_if(kEscapes.begin(), kEscapes.end(),
+                                           [character](const Escape& escape) { return escape.byte == character; });
+        if (pEscape != kEscapes.end()) {
+            document += '\\';
+            document += pEscape->letter;
+        } else if (isControl(character)) {
+            const auto byte = static_cast<unsigned char>(character);
+            document += "\\x";
+            document += kHexadecimal[byte / 16];
+            document += kHexadecimal[byte % 16];
+        } else {
+            document += character;
+        }
+    }
+    document += '"';
+}
+
+// True for a text that, wherever it stands, would be read differently or could be misread.
+bool needsQuotes(std::string_view text)
+{
+    return !text.empty() && (isAnyOf(text.front(), kBlanks) || isAnyOf(text.back(), kBlanks) || text.front() == '"' ||
+                             text.find_first_of(kCommentMarks) != std::string_view::npos ||
+                             std::any_of(text.begin(), text.end(), isControl));
+}
+
+void append(std::string& document, std::string_view text, bool isQuoted)
+{
+    if (isQuoted) {
+        appendQuoted(document, text);
+    } else {
+        document += text;
+    }
+}
+
+} // namespace
+
+std::string_view trimLeft(std::string_view text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    return text;
+}
+
+std::string_view trim(std::string_view text)
+{
+    return trimLeft(text.substr(0, text.find_last_not_of(kBlanks) + 1));
+}
+
+std::optional<Unquoted> unquote(std::string_view text)
+{
+    if (!text.starts_with('"')) {
+        return std::nullopt;
+    }
+    Unquoted result;
+    std::size_t i = 1;
+    while (i < text.size() && text[i] != '"') {
+        if (text[i] == '\\' && i + 1 < text.size()) {
+            i += readEscape(text.substr(i), result.text);
+        } else {
+            result.text += text[i];
+            i++;
+        }
+    }
+    if (i == text.size()) {
+        return std::nullopt;
+    }
+    result.rest = trimLeft(text.substr(i + 1));
+    return result;
+}
+
+bool isEndOrComment(std::string_view rest)
+{
+    return rest.empty() || isAnyOf(rest.front(), kCommentMarks);
+}
+
+void appendHeader(std::string& document, std::string_view header)
+{
+    append(document, header,
+           header.empty() || header.find_first_of("[]") != std::string_view::npos || needsQuotes(header));
+}
+
+void appendKey(std::string& document, std::string_view key)
+{
+    // A byte order mark counts as text anywhere but at the start of the document, which is where a key may stand.
+    append(document, key,
+           key.empty() || key.front() == '[' || key.starts_with(kByteOrderMark) ||
+               key.find('=') != std::string_view::npos || needsQuotes(key));
+}
+
+void appendValue(std::string& document, std::string_view value)
+{
+    append(document, value, needsQuotes(value));
+}
+
+} // namespace qv::initialization

@@ -1,0 +1,123 @@
+#include <fstream>
+#include <random>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "initialization_document.h"
+
+namespace {
+
+TEST(InitializationWriter, WritesTheFormThatPeopleEdit)
+{
+    const std::vector<Section> sections = {
+        {{}, {{"first", "1"}}},
+        {"SS",
+         {{"driverName", "imx477"},
+          {"folder", ""},
+          {"alone"},
+          {"note", " a; \"b\"\n\x01", "two\nlines\n"},
+          {"paths[0].x", "/a b=c[d]\"e\\"},
+          {"[k]", "\"q"},
+          {"", "v"}},
+         {"top", ""}},
+        {"a]b"},
+        {""},
+    };
+    EXPECT_EQ(writeText(sections), "first = 1\n"
+                                   "\n"
+                                   "; top\n"
+                                   ";\n"
+                                   "[SS]\n"
+                                   "driverName = imx477\n"
+                                   "folder = \n"
+                                   "alone\n"
+                                   "; two\n"
+                                   "; lines\n"
+                                   ";\n"
+                                   "note = \" a; \\\"b\\\"\\n\\x01\"\n"
+                                   "paths[0].x = /a b=c[d]\"e\\\n"
+                                   "\"[k]\" = \"\\\"q\"\n"
+                                   "\"\" = v\n"
+                                   "\n"
+                                   "[\"a]b\"]\n"
+                                   "\n"
+                                   "[\"\"]\n"
+                                   "\n");
+    EXPECT_EQ(writeText({}), "");
+}
+
+TEST(InitializationWriter, TheSampleComesBackByteForByte)
+{
+    std::ifstream file(QV_SOURCE_DIR "/examples/documents/imx477.ini", std::ios::binary);
+    ASSERT_TRUE(file.is_open());
+    std::ostringstream content;
+    content << file.rdbuf();
+    const ReadResult result = readText(content.str());
+    ASSERT_EQ(result.sections.size(), 6u);
+    EXPECT_EQ(
+        result.sections[4],
+        (Section{
+            "SS",
+            {{"driverName", "imx477"}, {"modeIdx", "1"}, {"testPattern.enable", "false"}, {"testPattern.type", "0"}}}));
+    EXPECT_EQ(writeText(result.sections), content.str());
+}
+
+// Pieces that mean something somewhere in the syntax.
+const std::string kPieces[] = {" ", "\t", "\"", "\\", ";",  "#", "=",    "[",
+                               "]", "\n", "\r", "n",  "x4", "é", "\x01", "\xEF\xBB\xBF"};
+
+TEST(InitializationWriter, EveryTextSurvivesAsHeaderKeyAndValue)
+{
+    std::vector<std::string> texts = {""};
+    for (int byte = 1; byte <= 255; byte++) {
+        const std::string one(1, static_cast<char>(byte));
+        texts.insert(texts.end(), {one, one + "a", "a" + one, "a" + one + "a", one + one});
+    }
+    for (const std::string& first : kPieces) {
+        for (const std::string& second : kPieces) {
+            for (const std::string& third : kPieces) {
+                texts.push_back(std::string(first).append(second).append(third));
+            }
+        }
+    }
+    for (const std::string& text : texts) {
+        // The key stands at the very start of the file, where a byte order mark would be skipped.
+        const std::vector<Section> sections = {{{}, {{text, text}, {text}}}, {text, {{text, ""}}}};
+        const std::string written = writeText(sections);
+        const ReadResult result = readText(written);
+        ASSERT_EQ(result.status, 0) << written;
+        ASSERT_EQ(result.sections, sections) << written << show(result.sections);
+    }
+}
+
+TEST(InitializationWriter, WhatWasReadIsWrittenAndReadTheSame)
+{
+    std::mt19937 random(20240501);
+    const auto below = [&random](std::size_t bound) { return random() % bound; };
+    std::size_t read = 0;
+    std::size_t refused = 0;
+    for (int round = 0; round < 20000; round++) {
+        std::string text;
+        for (std::size_t i = below(60); i > 0; i--) {
+            // Mostly telling pieces, now and then any byte at all.
+            text += below(20) > 0 ? kPieces[below(std::size(kPieces))] : std::string(1, static_cast<char>(below(256)));
+        }
+        const ReadResult first = readText(text);
+        if (first.status != 0) {
+            ASSERT_EQ(first.status, 7);
+            refused++;
+            continue;
+        }
+        const std::string written = writeText(first.sections);
+        const ReadResult second = readText(written);
+        ASSERT_EQ(second.status, 0) << written;
+        ASSERT_EQ(second.sections, first.sections) << text << "\n---\n" << written;
+        ASSERT_EQ(writeText(second.sections), written);
+        read++;
+    }
+    EXPECT_GT(read, 2000u);
+    EXPECT_GT(refused, 2000u);
+}
+
+} // namespace
