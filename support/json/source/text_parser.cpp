@@ -1,0 +1,486 @@
+#include "text_parser.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <string_view>
+#include <utility>
+
+#include "comment_text.h"
+#include "number_text.h"
+#include "string_text.h"
+#include "text_bytes.h"
+#include "value_tree.h"
+
+namespace qv::json {
+
+namespace {
+
+char* copyTextOrThrow(std::string_view text)
+{
+    char* pCopy = copyText(text);
+    if (pCopy == nullptr) {
+        throw std::bad_alloc();
+    }
+    return pCopy;
+}
+
+// The inside of a text in quotes as a string from malloc().
+char* makeString(const char* pText, const StringScan& scan)
+{
+    const std::string_view text(pText, static_cast<size_t>(scan.pQuote - pText));
+    if (!scan.hasEscape) {
+        return copyTextOrThrow(text);
+    }
+    auto* pString = static_cast<char*>(std::malloc(text.size() + 1));
+    if (pString == nullptr) {
+        throw std::bad_alloc();
+    }
+    pString[resolveEscapes(text, pString)] = '\0';
+    return pString;
+}
+
+bool startsNumber(char c)
+{
+    return (c >= '0' && c <= '9') || c == '-';
+}
+
+// A number from 0 to 63 that tells most keys apart.
+unsigned keyBit(const Key& key)
+{
+    if (key.length == 0) {
+        return 0;
+    }
+    const auto byteAt = [&](size_t index) -> unsigned { return static_cast<unsigned char>(key.pText[index]); };
+    const unsigned sum = byteAt(0) * 7 + byteAt(key.length - 1) * 31 + byteAt(key.length / 2) * 13;
+    return (sum + static_cast<unsigned>(key.length) * 3) % 64;
+}
+
+// Whether a key stood before in its object. With many keys that is left to the object's index.
+bool mayStandBefore(const Key* pKeys, size_t index)
+{
+    if (index >= kIndexedNumber) {
+        return true;
+    }
+    const std::string_view key(pKeys[index].pText, pKeys[index].length);
+    return std::any_of(pKeys, pKeys + index,
+                       [key](const Key& other) { return key == std::string_view(other.pText, other.length); });
+}
+
+} // namespace
+
+TextParser::~TextParser()
+{
+    while (values_.size() != 0) {
+        clearValue(values_.top());
+        values_.shrink(values_.size() - 1);
+    }
+    dropKeys(0);
+}
+
+void TextParser::dropKeys(size_t firstKey)
+{
+    while (keys_.size() != firstKey) {
+        std::free(keys_.top().pOwned);
+        keys_.shrink(keys_.size() - 1);
+    }
+}
+
+bool TextParser::parse(QvJsonValue_t* pRoot)
+{
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    const char* p = pBegin_;
+    if (std::string_view(p, static_cast<size_t>(pEnd_ - p)).starts_with(kByteOrderMark)) {
+        p += kByteOrderMark.size();
+    }
+    p = skip(p, Gap::Start);
+    p = p != nullptr ? parseValue(p) : nullptr;
+    p = p != nullptr ? skip(p, Gap::BehindValue) : nullptr;
+    if (p != nullptr && p != pEnd_) {
+        p = fail(p, "the end of the text");
+    }
+    if (p == nullptr) {
+        return false;
+    }
+    giveRestToLastValue(0);
+    *pRoot = values_.top();
+    pRoot->reserved = 0;
+    values_.shrink(0);
+    return true;
+}
+
+std::string TextParser::error() const
+{
+    size_t line = 1;
+    const char* pLine = pBegin_;
+    for (const char* p = pBegin_; p != pError_; ++p) {
+        if (*p == '\n') {
+            ++line;
+            pLine = p + 1;
+        }
+    }
+    // The second and later bytes of a UTF-8 sequence are no column of their own.
+    const auto column = 1 + std::count_if(pLine, pError_, [](char c) { return (c & 0xC0) != 0x80; });
+    return std::string("expected ") + pExpected_ + " at line " + std::to_string(line) + ", column " +
+           std::to_string(column);
+}
+
+const char* TextParser::fail(const char* pAt, const char* pExpected)
+{
+    pError_ = pAt;
+    pExpected_ = pExpected;
+    return nullptr;
+}
+
+inline const char* TextParser::blanksEnd(const char* p) const
+{
+    while (p != pEnd_) {
+        if (static_cast<unsigned char>(*p) > ' ') {
+            return p;
+        }
+        if (*p == '\n') {
+            // Indentation comes in runs.
+            ++p;
+            while (pEnd_ - p >= 8) {
+                const uint64_t others = loadEight(p) ^ repeated(' ');
+                if (others != 0) {
+                    p += static_cast<unsigned>(std::countr_zero(others)) / 8;
+                    break;
+                }
+                p += 8;
+            }
+        } else if (*p == ' ' || *p == '\t' || *p == '\r') {
+            ++p;
+        } else {
+            return p;
+        }
+    }
+    return p;
+}
+
+inline const char* TextParser::skip(const char* p, Gap gap)
+{
+    const char* pNext = blanksEnd(p);
+    if (pNext != pEnd_ && *pNext == '/') [[unlikely]] {
+        return skipComments(pNext, p, gap);
+    }
+    return pNext;
+}
+
+bool TextParser::isOnLine(const char* pFrom, const char* pTo) const
+{
+    return std::find(pFrom, pTo, '\n') == pTo;
+}
+
+const char* TextParser::skipComments(const char* p, const char* pGap, Gap gap)
+{
+    while (p != pEnd_ && *p == '/') {
+        CommentScan scan = scanComment(p, pEnd_);
+        if (scan.pNext == nullptr) {
+            return fail(std::min(scan.pError, pEnd_), scan.pExpected);
+        }
+        const char* pNext = blanksEnd(scan.pNext);
+        bool isBehind = (gap == Gap::BehindValue || gap == Gap::BehindComma) && isOnLine(pGap, p);
+        if (gap == Gap::BehindComma && pNext != pEnd_ && *pNext != '/' && isOnLine(scan.pNext, pNext)) {
+            // Behind the comma and before another value on the same line: it belongs to that one.
+            isBehind = *pNext == ']' || *pNext == '}';
+        }
+        if (isBehind) {
+            appendComment2(values_.top(), scan.text);
+        } else {
+            joinComment(comment_, hasComment_, scan.text);
+            hasComment_ = true;
+        }
+        p = pNext;
+    }
+    return p;
+}
+
+void TextParser::appendComment2(QvJsonValue_t& value, const std::string& text)
+{
+    std::string whole = value.pComment2 != nullptr ? value.pComment2 : "";
+    joinComment(whole, value.pComment2 != nullptr, text);
+    char* pCopy = copyTextOrThrow(whole);
+    std::free(value.pComment2);
+    value.pComment2 = pCopy;
+}
+
+// Comments with no value behind them go to the value before them, if the container has one.
+inline void TextParser::giveRestToLastValue(size_t firstValue)
+{
+    if (hasComment_ && values_.size() > firstValue) [[unlikely]] {
+        appendComment2(values_.top(), comment_);
+        comment_.clear();
+        hasComment_ = false;
+    }
+}
+
+inline const char* TextParser::parseValue(const char* p)
+{
+    return hasComment_ ? parseCommentedValue(p) : parsePlainValue(p);
+}
+
+const char* TextParser::parseCommentedValue(const char* p)
+{
+    const std::string comment = std::exchange(comment_, {});
+    hasComment_ = false;
+    p = parsePlainValue(p);
+    if (p != nullptr) {
+        values_.top().pComment = copyTextOrThrow(comment);
+    }
+    return p;
+}
+
+// A new value on the stack, already marked as what it will be in its container.
+inline QvJsonValue_t& TextParser::addValue(QvJsonValueType_t type)
+{
+    QvJsonValue_t& value = values_.add();
+    value.pComment = nullptr;
+    value.pComment2 = nullptr;
+    value.type = type;
+    value.reserved = kPlaced;
+    return value;
+}
+
+const char* TextParser::parsePlainValue(const char* p)
+{
+    if (p == pEnd_) {
+        return fail(p, "a value");
+    }
+    if (startsNumber(*p)) {
+        return parseNumber(p);
+    }
+    switch (*p) {
+    case '"':
+        return parseString(p + 1);
+    case '[':
+        return parseArray(p + 1);
+    case '{':
+        return parseObject(p + 1);
+    default:
+        return parseWord(p);
+    }
+}
+
+const char* TextParser::parseNumber(const char* p)
+{
+    QvJsonValue_t& value = addValue(QvJsonValueType_Null);
+    const char* pError = nullptr;
+    const char* pNext = pEnd_ - p >= kShortReach ? readShortNumber(p, &value) : nullptr;
+    if (pNext == nullptr) {
+        pNext = readNumber(p, pEnd_, &value, &pError);
+    }
+    return pNext != nullptr ? pNext : fail(pError, "a digit");
+}
+
+// Most of a document is lists of short numbers, a comma and a blank apart: this loop reads them with nothing else in
+// it. It stops in front of whatever is different, or right behind a value.
+inline const char* TextParser::parseShortNumbers(const char* p, bool* pIsBehindValue)
+{
+    QvJsonValue_t* pValue = values_.next();
+    QvJsonValue_t* const pLimit = values_.limit();
+    *pIsBehindValue = false;
+    while (pEnd_ - p >= kShortReach + 3 && pValue != pLimit) {
+        const char* pNext = readShortNumber(p, pValue);
+        if (pNext == nullptr) {
+            break;
+        }
+        pValue->pComment = nullptr;
+        pValue->pComment2 = nullptr;
+        pValue->reserved = kPlaced;
+        ++pValue;
+        if (std::memcmp(pNext, ", ", 2) != 0 || !startsNumber(pNext[2])) {
+            p = pNext;
+            *pIsBehindValue = true;
+            break;
+        }
+        p = pNext + 2;
+    }
+    values_.raise(pValue);
+    return p;
+}
+
+const char* TextParser::parseWord(const char* p)
+{
+    const std::string_view rest(p, static_cast<size_t>(pEnd_ - p));
+    if (rest.starts_with("true") || rest.starts_with("false")) {
+        const bool isTrue = rest.front() == 't';
+        addValue(QvJsonValueType_Boolean).holder._bool = isTrue;
+        return p + (isTrue ? 4 : 5);
+    }
+    if (rest.starts_with("null")) {
+        addValue(QvJsonValueType_Null).holder = {};
+        return p + 4;
+    }
+    return fail(p, "a value");
+}
+
+const char* TextParser::parseString(const char* p)
+{
+    const StringScan scan = scanString(p, pEnd_);
+    if (scan.pQuote == nullptr) {
+        return fail(scan.pError, scan.pExpected);
+    }
+    QvJsonValue_t& value = addValue(QvJsonValueType_Null);
+    value.holder.pChar = makeString(p, scan);
+    value.type = QvJsonValueType_String;
+    return scan.pQuote + 1;
+}
+
+const char* TextParser::parseKey(const char* p)
+{
+    const StringScan scan = scanString(p, pEnd_);
+    if (scan.pQuote == nullptr) {
+        return fail(scan.pError, scan.pExpected);
+    }
+    Key& key = keys_.add();
+    key = {p, static_cast<size_t>(scan.pQuote - p), nullptr};
+    if (scan.hasEscape) {
+        key.pOwned = makeString(p, scan);
+        key.pText = key.pOwned;
+        key.length = std::strlen(key.pOwned);
+    }
+    return scan.pQuote + 1;
+}
+
+const char* TextParser::parseArray(const char* p)
+{
+    if (depth_ == kMaximumDepth) {
+        return fail(p - 1, "at most 512 nested objects and arrays");
+    }
+    ++depth_;
+    const size_t firstValue = values_.size();
+    p = skip(p, Gap::Start);
+    if (p != nullptr && p != pEnd_ && *p == ']') {
+        return closeArray(p, firstValue);
+    }
+    while (p != nullptr) {
+        bool isBehindValue = false;
+        if (!hasComment_) {
+            p = parseShortNumbers(p, &isBehindValue);
+        }
+        if (!isBehindValue) {
+            p = parseValue(p);
+        }
+        p = p != nullptr ? skip(p, Gap::BehindValue) : nullptr;
+        if (p == nullptr) {
+            break;
+        }
+        if (p == pEnd_ || (*p != ',' && *p != ']')) {
+            return fail(p, "',' or ']'");
+        }
+        if (*p == ']') {
+            return closeArray(p, firstValue);
+        }
+        p = skip(p + 1, Gap::BehindComma);
+    }
+    return nullptr;
+}
+
+const char* TextParser::closeArray(const char* p, size_t firstValue)
+{
+    giveRestToLastValue(firstValue);
+    values_.makeRoom();
+    const size_t number = values_.size() - firstValue;
+    ArrayBlock* pBlock = makeArray(number);
+    if (pBlock == nullptr) {
+        throw std::bad_alloc();
+    }
+    pBlock->open.number = number;
+    if (number != 0) {
+        std::memcpy(pBlock->open.pValues, values_.at(firstValue), number * sizeof(QvJsonValue_t));
+    }
+    values_.shrink(firstValue);
+    addValue(QvJsonValueType_Array).holder.pArray = &pBlock->open;
+    giveRestToLastValue(firstValue);
+    --depth_;
+    return p + 1;
+}
+
+const char* TextParser::parseObject(const char* p)
+{
+    if (depth_ == kMaximumDepth) {
+        return fail(p - 1, "at most 512 nested objects and arrays");
+    }
+    ++depth_;
+    const size_t firstValue = values_.size();
+    const size_t firstKey = keys_.size();
+    p = skip(p, Gap::Start);
+    if (p != nullptr && p != pEnd_ && *p == '}') {
+        return closeObject(p, firstValue, firstKey);
+    }
+    while (p != nullptr) {
+        if (p == pEnd_ || *p != '"') {
+            return fail(p, keys_.size() == firstKey ? "a key or '}'" : "a key");
+        }
+        p = parseKey(p + 1);
+        p = p != nullptr ? skip(p, Gap::AroundColon) : nullptr;
+        if (p == nullptr) {
+            break;
+        }
+        if (p == pEnd_ || *p != ':') {
+            return fail(p, "':'");
+        }
+        p = skip(p + 1, Gap::AroundColon);
+        p = p != nullptr ? parseValue(p) : nullptr;
+        if (p != nullptr && (p == pEnd_ || *p != ',')) {
+            p = skip(p, Gap::BehindValue);
+        }
+        if (p == nullptr) {
+            break;
+        }
+        if (p == pEnd_ || (*p != ',' && *p != '}')) {
+            return fail(p, "',' or '}'");
+        }
+        if (*p == '}') {
+            return closeObject(p, firstValue, firstKey);
+        }
+        p = skip(p + 1, Gap::BehindComma);
+    }
+    return nullptr;
+}
+
+const char* TextParser::closeObject(const char* p, size_t firstValue, size_t firstKey)
+{
+    giveRestToLastValue(firstValue);
+    values_.makeRoom();
+    const size_t number = values_.size() - firstValue;
+    const Key* pKeys = keys_.at(firstKey);
+    size_t bytes = number * sizeof(QvJsonValue_t);
+    for (size_t index = 0; index < number; ++index) {
+        bytes += pKeys[index].length + 1;
+    }
+    ObjectBlock* pBlock = makeObject(number, bytes);
+    if (pBlock == nullptr) {
+        throw std::bad_alloc();
+    }
+    pBlock->open.number = number;
+    auto* pValues = reinterpret_cast<QvJsonValue_t*>(pBlock->open.pPairs + number);
+    auto* pText = reinterpret_cast<char*>(pValues + number);
+    uint64_t seen = 0;
+    bool isDoubled = false;
+    for (size_t index = 0; index < number; ++index) {
+        const Key& key = pKeys[index];
+        const uint64_t bit = uint64_t{1} << keyBit(key);
+        isDoubled = isDoubled || ((seen & bit) != 0 && mayStandBefore(pKeys, index));
+        seen |= bit;
+        pBlock->open.pPairs[index] = {pText, &pValues[index]};
+        std::memcpy(pText, key.pText, key.length);
+        pText[key.length] = '\0';
+        pText += key.length + 1;
+        pValues[index] = *values_.at(firstValue + index);
+    }
+    if (isDoubled) {
+        mergeDoubledKeys(*pBlock);
+    }
+    dropKeys(firstKey);
+    values_.shrink(firstValue);
+    addValue(QvJsonValueType_Object).holder.pObject = &pBlock->open;
+    giveRestToLastValue(firstValue);
+    --depth_;
+    return p + 1;
+}
+
+} // namespace qv::json

@@ -1,0 +1,280 @@
+#include "text_writer.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+#include "fixed_decimal.h"
+#include "string_text.h"
+#include "value_tree.h"
+
+namespace qv::json {
+
+namespace {
+
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD"; // U+FFFD
+
+// Whether a byte stands for itself in a text.
+constexpr auto kIsPlain = [] {
+    std::array<bool, 256> isPlain = {};
+    for (size_t byte = ' '; byte < 0x80; ++byte) {
+        isPlain[byte] = byte != '"' && byte != '\\';
+    }
+    return isPlain;
+}();
+
+bool hasComment(const QvJsonValue_t& value)
+{
+    return value.pComment != nullptr || value.pComment2 != nullptr;
+}
+
+} // namespace
+
+TextBuffer::~TextBuffer()
+{
+    std::free(pBegin_);
+}
+
+void TextBuffer::grow(size_t number)
+{
+    const auto used = static_cast<size_t>(pNext_ - pBegin_);
+    const size_t capacity = std::max(used + number, used * 2) + 4096;
+    auto* pBegin = static_cast<char*>(std::realloc(pBegin_, capacity));
+    if (pBegin == nullptr) {
+        throw std::bad_alloc();
+    }
+    pBegin_ = pBegin;
+    pNext_ = pBegin + used;
+    pLimit_ = pBegin + capacity;
+}
+
+char* TextBuffer::release()
+{
+    char* pZero = room(1);
+    *pZero = '\0';
+    char* pText = pBegin_;
+    // What is left over goes back; a text that can't shrink is as good.
+    if (void* pShrunk = std::realloc(pText, static_cast<size_t>(pNext_ - pBegin_) + 1); pShrunk != nullptr) {
+        pText = static_cast<char*>(pShrunk);
+    }
+    pBegin_ = nullptr;
+    pNext_ = nullptr;
+    pLimit_ = nullptr;
+    return pText;
+}
+
+bool TextWriter::write(const QvJsonValue_t& root)
+{
+    writeCommentsAbove(root, 0);
+    if (!writeValue(root, 0)) {
+        return false;
+    }
+    writeCommentBehind(root);
+    buffer_.append("\n");
+    return true;
+}
+
+bool TextWriter::writeValue(const QvJsonValue_t& value, size_t level)
+{
+    switch (value.type) {
+    case QvJsonValueType_Array:
+        return writeArray(*value.holder.pArray, level);
+    case QvJsonValueType_Object:
+        return writeObject(*value.holder.pObject, level);
+    case QvJsonValueType_String:
+        writeString(value.holder.pChar);
+        break;
+    case QvJsonValueType_Boolean:
+        buffer_.append(value.holder._bool ? "true" : "false");
+        break;
+    case QvJsonValueType_Float:
+    case QvJsonValueType_Integer:
+        buffer_.done(writeNumber(buffer_.room(kFixedRoom), value));
+        break;
+    default:
+        buffer_.append("null");
+        break;
+    }
+    return true;
+}
+
+// There is room for kFixedRoom bytes at p.
+inline char* TextWriter::writeNumber(char* p, const QvJsonValue_t& value) const
+{
+    if (value.type == QvJsonValueType_Integer) {
+        return writeInteger(p, value.holder.integer);
+    }
+    if (std::isfinite(value.holder._float)) {
+        return writeFixed(p, value.holder._float, layout_.decimals);
+    }
+    std::memcpy(p, "null", 4);
+    return p + 4;
+}
+
+bool TextWriter::writeArray(const QvJsonValueArray_t& array, size_t level)
+{
+    if (level >= kMaximumDepth) {
+        return false;
+    }
+    if (std::any_of(array.pValues, array.pValues + array.number, hasComment)) {
+        return writeCommentedArray(array, level);
+    }
+    buffer_.append("[");
+    for (size_t index = 0; index < array.number; ++index) {
+        const QvJsonValue_t& value = array.pValues[index];
+        if (index != 0 && layout_.itemsPerLine != 0 && index % layout_.itemsPerLine == 0) {
+            buffer_.append(",");
+            writeLineEnd(level + 1);
+        } else if (index != 0) {
+            char* p = buffer_.room(2 + kFixedRoom);
+            p[0] = ',';
+            p[1] = ' ';
+            buffer_.done(p + 2);
+        }
+        if (value.type == QvJsonValueType_Integer || value.type == QvJsonValueType_Float) {
+            buffer_.done(writeNumber(buffer_.room(kFixedRoom), value));
+        } else if (!writeValue(value, level + 1)) {
+            return false;
+        }
+    }
+    buffer_.append("]");
+    return true;
+}
+
+bool TextWriter::writeCommentedArray(const QvJsonValueArray_t& array, size_t level)
+{
+    buffer_.append("[");
+    for (size_t index = 0; index < array.number; ++index) {
+        const QvJsonValue_t& value = array.pValues[index];
+        writeLineEnd(level + 1);
+        writeCommentsAbove(value, level + 1);
+        if (!writeValue(value, level + 1)) {
+            return false;
+        }
+        buffer_.append(index + 1 < array.number ? "," : "");
+        writeCommentBehind(value);
+    }
+    writeLineEnd(level);
+    buffer_.append("]");
+    return true;
+}
+
+bool TextWriter::writeObject(const QvJsonValueObject_t& object, size_t level)
+{
+    if (level >= kMaximumDepth) {
+        return false;
+    }
+    buffer_.append("{");
+    for (size_t place = 0; place < object.number; ++place) {
+        const QvJsonValue_t& value = *object.pPairs[place].pValue;
+        writeLineEnd(level + 1);
+        writeCommentsAbove(value, level + 1);
+        writeString(object.pPairs[place].pKey);
+        buffer_.append(": ");
+        if (!writeValue(value, level + 1)) {
+            return false;
+        }
+        if (place + 1 < object.number) {
+            buffer_.append(",");
+        }
+        writeCommentBehind(value);
+    }
+    if (object.number != 0) {
+        writeLineEnd(level);
+    }
+    buffer_.append("}");
+    return true;
+}
+
+void TextWriter::writeString(const char* p)
+{
+    const char* pEnd = p + std::strlen(p);
+    buffer_.append("\"");
+    while (p != pEnd) {
+        const char* pPlain = p;
+        while (kIsPlain[static_cast<unsigned char>(*p)]) { // stops at the zero byte
+            ++p;
+        }
+        buffer_.append(std::string_view(pPlain, static_cast<size_t>(p - pPlain)));
+        if (p != pEnd) {
+            writeSpecial(p, pEnd);
+        }
+    }
+    buffer_.append("\"");
+}
+
+// Writes the character at p, which doesn't stand for itself, and moves p behind it.
+void TextWriter::writeSpecial(const char*& p, const char* pEnd)
+{
+    constexpr std::string_view kSpecial = "\"\\\b\f\n\r\t";
+    constexpr std::string_view kLetters = "\"\\bfnrt";
+    constexpr std::string_view kHex = "0123456789abcdef";
+    const auto byte = static_cast<unsigned char>(*p);
+    if (byte >= 0x80) {
+        const size_t length = sequenceLength(p, pEnd);
+        buffer_.append(length != 0 ? std::string_view(p, length) : kReplacement);
+        p += length != 0 ? length : 1;
+        return;
+    }
+    if (const size_t found = kSpecial.find(*p); found != std::string_view::npos) {
+        const std::array<char, 2> text = {'\\', kLetters[found]};
+        buffer_.append(std::string_view(text.data(), text.size()));
+    } else {
+        const std::array<char, 6> text = {'\\', 'u', '0', '0', kHex[byte / 16], kHex[byte % 16]};
+        buffer_.append(std::string_view(text.data(), text.size()));
+    }
+    ++p;
+}
+
+// Each line of the comment gets a line of its own; the indentation of the first one is there already.
+void TextWriter::writeCommentsAbove(const QvJsonValue_t& value, size_t level)
+{
+    if (value.pComment == nullptr) {
+        return;
+    }
+    const char* p = value.pComment;
+    for (bool isLast = false; !isLast;) {
+        const char* pLineEnd = p + std::strcspn(p, "\n");
+        writeComment(std::string_view(p, static_cast<size_t>(pLineEnd - p)));
+        writeLineEnd(level);
+        isLast = *pLineEnd == '\0';
+        p = pLineEnd + 1;
+    }
+}
+
+void TextWriter::writeCommentBehind(const QvJsonValue_t& value)
+{
+    if (value.pComment2 == nullptr) {
+        return;
+    }
+    std::string text = value.pComment2;
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    std::replace(text.begin(), text.end(), '\r', ' ');
+    buffer_.append(" ");
+    writeComment(text);
+}
+
+void TextWriter::writeComment(std::string_view line)
+{
+    buffer_.append(line.empty() ? "//" : "// ");
+    const char* pEnd = line.data() + line.size();
+    for (const char* p = line.data(); p != pEnd;) {
+        const size_t length = sequenceLength(p, pEnd);
+        buffer_.append(length != 0 ? std::string_view(p, length) : kReplacement);
+        p += length != 0 ? length : 1;
+    }
+}
+
+void TextWriter::writeLineEnd(size_t level)
+{
+    const size_t length = 1 + level * layout_.indent.size();
+    while (margin_.size() < length) {
+        margin_ += layout_.indent;
+    }
+    buffer_.append(std::string_view(margin_.data(), length));
+}
+
+} // namespace qv::json

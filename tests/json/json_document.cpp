@@ -1,0 +1,75 @@
+#include "json_document.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <utility>
+#include <vector>
+
+#include "qv_common_c/common_tracer.h"
+
+namespace qv::test {
+
+std::string numbered(const char* pName, int number)
+{
+    std::string text(pName);
+    return text.append(std::to_string(number));
+}
+
+Tree make(QvJsonValueType_t type)
+{
+    QvJsonValue_t* pValue = nullptr;
+    EXPECT_EQ(QvJsonValue_create(type, &pValue), 0);
+    return Tree(pValue);
+}
+
+Tree read(std::string_view text, int expectedStatus)
+{
+    const std::unique_ptr<char[]> exact(new char[text.size() + 1]);
+    char* pText = exact.get() + 1; // the byte before keeps the block apart for the empty text
+    text.copy(pText, text.size());
+    QvJsonReaderHandle_t reader = 0;
+    QvJsonValue_t* pValue = nullptr;
+    EXPECT_EQ(QvJsonReader_open(&reader), 0);
+    EXPECT_EQ(QvJsonReader_parse(reader, pText, pText + text.size(), &pValue), expectedStatus) << text;
+    EXPECT_EQ(pValue != nullptr, expectedStatus == 0) << text;
+    EXPECT_EQ(QvJsonReader_close(&reader), 0);
+    EXPECT_EQ(reader, 0U);
+    return Tree(pValue);
+}
+
+std::string write(QvJsonValue_t* pValue, QvJsonWriterOpenParam_t* pParam)
+{
+    QvJsonWriterHandle_t writer = 0;
+    char* pText = nullptr;
+    EXPECT_EQ(QvJsonWriter_open(pParam, &writer), 0);
+    EXPECT_EQ(QvJsonWriter_stringify(writer, pValue, &pText), 0);
+    EXPECT_EQ(QvJsonWriter_close(&writer), 0);
+    std::string text = pText != nullptr ? pText : "";
+    std::free(pText);
+    return text;
+}
+
+Traces::Traces()
+{
+    QvCommonTracerOpenParam_t param = {};
+    param.level = QvCommonTracerLevel_Debug;
+    param.pUserData = &text_;
+    param.pWrite = [](void* pUserData, QvCommonTracerLevel_t, const char* pText, size_t length) {
+        static_cast<std::string*>(pUserData)->append(pText, length).append("\n");
+        return 0;
+    };
+    EXPECT_EQ(QvCommonTracer_open(&param, &hTracer), 0);
+}
+
+Traces::~Traces()
+{
+    EXPECT_EQ(QvCommonTracer_close(&hTracer), 0);
+}
+
+std::string Traces::take()
+{
+    return std::exchange(text_, {});
+}
+
+} // namespace qv::test
