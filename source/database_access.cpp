@@ -1,0 +1,428 @@
+// All lists are read and written by two walks over nested arrays, one a direction; an accessor adds the kind of
+// element.
+
+#include "database_access.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <initializer_list>
+#include <span>
+
+#include <qv_common_c/common_convert.h>
+
+#include "database_status.h"
+#include "database_trace.h"
+
+namespace qv::database {
+namespace {
+
+using Extents = std::span<const std::size_t>;
+
+/// A boolean as the byte it is: an image may have stored any value in it.
+bool isTrue(const bool* pData)
+{
+    unsigned char byte = 0;
+    std::memcpy(&byte, pData, sizeof byte);
+    return byte != 0;
+}
+
+/// Calls store(list, index in the list, index in the record) for each element that document and record both hold. The
+/// index in the record follows from the extents alone, so a short row leaves the rows behind it in their places.
+template <class Store>
+void readList(QvJsonValue_t* pList, Extents extents, std::size_t base, const Store& store)
+{
+    const std::size_t number = std::min(extents.front(), QvJsonValue_size(pList));
+    for (std::size_t i = 0; i < number; ++i) {
+        if (extents.size() == 1) {
+            store(pList, i, base + i);
+        } else {
+            readList(QvJsonValue_item(pList, i), extents.subspan(1), (base + i) * extents[1], store);
+        }
+    }
+}
+
+template <class Store>
+int readMember(QvJsonValue_t* pValue, const char* pKey, std::initializer_list<std::size_t> extents, const Store& store)
+{
+    QvJsonValue_t* pMember = QvJsonValue_member(pValue, pKey);
+    if (QvJsonValue_isEmpty(pMember)) {
+        return kMemberMissing;
+    }
+    readList(pMember, {extents.begin(), extents.size()}, 0, store);
+    return kSuccess;
+}
+
+/// Calls add(list, index in the record) for each element of the record; lists inside are attached before they are
+/// filled.
+template <class Add>
+int writeList(QvJsonValue_t* pList, Extents extents, std::size_t base, const Place& place, const Add& add)
+{
+    for (std::size_t i = 0; i < extents.front(); ++i) {
+        int status = 0;
+        if (extents.size() == 1) {
+            status = add(pList, base + i);
+            if (status != kSuccess) {
+                return traceFailure(place, status);
+            }
+            continue;
+        }
+        QvJsonValue_t* pRow = nullptr;
+        status = QvJsonValue_create(QvJsonValueType_Array, &pRow);
+        if (status != kSuccess) {
+            return traceFailure(place, status);
+        }
+        status = QvJsonValue_addValueToArray(pList, &pRow);
+        if (status != kSuccess) {
+            QvJsonValue_delete(&pRow);
+            return traceFailure(place, status);
+        }
+        status = writeList(pRow, extents.subspan(1), (base + i) * extents[1], place, add);
+        if (status != kSuccess) {
+            return status;
+        }
+    }
+    return kSuccess;
+}
+
+/// A list of one level stands in the member that the lookup makes: with no elements it stays empty.
+template <class Add>
+int writeFlat(QvJsonValue_t* pValue, const char* pKey, std::size_t length, const Place& place, const Add& add)
+{
+    return writeList(QvJsonValue_member(pValue, pKey), {&length, 1}, 0, place, add);
+}
+
+/// A list of lists is an array of its own, also with no elements.
+template <class Add>
+int writeNested(QvJsonValue_t* pValue, const char* pKey, std::initializer_list<std::size_t> extents, const Place& place,
+                const Add& add)
+{
+    QvJsonValue_t* pOuter = nullptr;
+    int status = QvJsonValue_create(QvJsonValueType_Array, &pOuter);
+    if (status != kSuccess) {
+        return traceFailure(place, status);
+    }
+    status = QvJsonValue_addValueToObject(pValue, pKey, &pOuter);
+    if (status != kSuccess) {
+        QvJsonValue_delete(&pOuter);
+        return traceFailure(place, status);
+    }
+    return writeList(pOuter, {extents.begin(), extents.size()}, 0, place, add);
+}
+
+int traced(const Place& place, int status)
+{
+    return status == kSuccess ? status : traceFailure(place, status);
+}
+
+auto floatStore(float* pData)
+{
+    return [pData](QvJsonValue_t* pList, std::size_t i, std::size_t at) {
+        pData[at] = static_cast<float>(QvJsonValue_itemAsFloat(pList, i));
+    };
+}
+
+auto floatAdd(const float* pData)
+{
+    return [pData](QvJsonValue_t* pList, std::size_t at) {
+        return QvJsonValue_addFloatToArray(pList, static_cast<double>(pData[at]));
+    };
+}
+
+auto integerStore(void* pData, std::size_t stride)
+{
+    return [pData, stride](QvJsonValue_t* pList, std::size_t i, std::size_t at) {
+        QvCommonConvert_integer2Binary(pData, stride, at, QvJsonValue_itemAsInteger(pList, i));
+    };
+}
+
+auto integerAdd(bool isSigned, void* pData, std::size_t stride)
+{
+    return [isSigned, pData, stride](QvJsonValue_t* pList, std::size_t at) {
+        return QvJsonValue_addIntegerToArray(pList, QvCommonConvert_integer2Binary_(isSigned, pData, stride, at));
+    };
+}
+
+} // namespace
+
+int readRows(QvJsonValue_t* pValue, float* pData, std::size_t limit, const char* pKey)
+{
+    QvJsonValue_t* pMember = QvJsonValue_member(pValue, pKey);
+    if (QvJsonValue_isEmpty(pMember)) {
+        return kMemberMissing;
+    }
+    const std::size_t rows = QvJsonValue_size(pMember);
+    for (std::size_t i = 0; i < rows; ++i) {
+        QvJsonValue_t* pRow = QvJsonValue_item(pMember, i);
+        const std::size_t columns = QvJsonValue_size(pRow);
+        for (std::size_t j = 0; j < columns && j + i * columns < limit; ++j) {
+            pData[j + i * columns] = static_cast<float>(QvJsonValue_itemAsFloat(pRow, j));
+        }
+    }
+    return kSuccess;
+}
+
+} // namespace qv::database
+
+using namespace qv::database;
+
+int QvDatabaseAccess_bool(QvJsonValue_t* pValue, bool* pData, const char* pKey)
+{
+    QvJsonValue_t* pMember = QvJsonValue_member(pValue, pKey);
+    if (QvJsonValue_isEmpty(pMember)) {
+        return kMemberMissing;
+    }
+    *pData = QvJsonValue_asBoolean(pMember);
+    return kSuccess;
+}
+
+int QvDatabaseAccess_bools(QvJsonValue_t* pValue, bool* pData, size_t length, const char* pKey)
+{
+    return readMember(pValue, pKey, {length}, [pData](QvJsonValue_t* pList, std::size_t i, std::size_t at) {
+        pData[at] = QvJsonValue_itemAsBoolean(pList, i);
+    });
+}
+
+int QvDatabaseAccess_chars(QvJsonValue_t* pValue, char* pData, size_t length, const char* pKey)
+{
+    QvJsonValue_t* pMember = QvJsonValue_member(pValue, pKey);
+    if (QvJsonValue_isEmpty(pMember)) {
+        return kMemberMissing;
+    }
+    const char* pText = QvJsonValue_asString(pMember);
+    if (pText != nullptr) {
+        std::strncpy(pData, pText, length);
+    }
+    return kSuccess;
+}
+
+int QvDatabaseAccess_chars22(QvJsonValue_t* pValue, char* pData, size_t length, size_t length2, const char* pKey)
+{
+    return readMember(pValue, pKey, {length}, [=](QvJsonValue_t* pList, std::size_t i, std::size_t at) {
+        const char* pText = QvJsonValue_itemAsString(pList, i);
+        if (pText != nullptr) {
+            std::strncpy(pData + at * length2, pText, length2);
+        }
+    });
+}
+
+int QvDatabaseAccess_double(QvJsonValue_t* pValue, double* pData, const char* pKey)
+{
+    QvJsonValue_t* pMember = QvJsonValue_member(pValue, pKey);
+    if (QvJsonValue_isEmpty(pMember)) {
+        return kMemberMissing;
+    }
+    *pData = QvJsonValue_asFloat(pMember);
+    return kSuccess;
+}
+
+int QvDatabaseAccess_doubles(QvJsonValue_t* pValue, double* pData, size_t length, const char* pKey)
+{
+    return readMember(pValue, pKey, {length}, [pData](QvJsonValue_t* pList, std::size_t i, std::size_t at) {
+        pData[at] = QvJsonValue_itemAsFloat(pList, i);
+    });
+}
+
+int QvDatabaseAccess_float(QvJsonValue_t* pValue, float* pData, const char* pKey)
+{
+    QvJsonValue_t* pMember = QvJsonValue_member(pValue, pKey);
+    if (QvJsonValue_isEmpty(pMember)) {
+        return kMemberMissing;
+    }
+    *pData = static_cast<float>(QvJsonValue_asFloat(pMember));
+    return kSuccess;
+}
+
+int QvDatabaseAccess_floats(QvJsonValue_t* pValue, float* pData, size_t length, const char* pKey)
+{
+    return readMember(pValue, pKey, {length}, floatStore(pData));
+}
+
+int QvDatabaseAccess_floats21(QvJsonValue_t* pValue, float* pData, size_t /*length*/, const char* pKey)
+{
+    return readRows(pValue, pData, SIZE_MAX, pKey);
+}
+
+int QvDatabaseAccess_floats22(QvJsonValue_t* pValue, float* pData, size_t length, size_t length2, const char* pKey)
+{
+    return readMember(pValue, pKey, {length, length2}, floatStore(pData));
+}
+
+int QvDatabaseAccess_floats33(QvJsonValue_t* pValue, float* pData, size_t length, size_t length2, size_t length3,
+                              const char* pKey)
+{
+    return readMember(pValue, pKey, {length, length2, length3}, floatStore(pData));
+}
+
+int QvDatabaseAccess_integer(QvJsonValue_t* pValue, void* pData, size_t stride, const char* pKey)
+{
+    QvJsonValue_t* pMember = QvJsonValue_member(pValue, pKey);
+    if (QvJsonValue_isEmpty(pMember)) {
+        return kMemberMissing;
+    }
+    QvCommonConvert_integer2Binary(pData, stride, 0, QvJsonValue_asInteger(pMember));
+    return kSuccess;
+}
+
+int QvDatabaseAccess_integers(QvJsonValue_t* pValue, void* pData, size_t stride, size_t length, const char* pKey)
+{
+    return readMember(pValue, pKey, {length}, integerStore(pData, stride));
+}
+
+int QvDatabaseAccess_intergers22(QvJsonValue_t* pValue, void* pData, size_t stride, size_t length, size_t length2,
+                                 const char* pKey)
+{
+    return readMember(pValue, pKey, {length, length2}, integerStore(pData, stride));
+}
+
+int QvDatabaseAccess_intergers33(QvJsonValue_t* pValue, void* pData, size_t stride, size_t length, size_t length2,
+                                 size_t length3, const char* pKey)
+{
+    return readMember(pValue, pKey, {length, length2, length3}, integerStore(pData, stride));
+}
+
+int QvDatabaseAccess_objects(QvJsonValue_t* pValue, void* pData, size_t stride, size_t length, const char* pKey,
+                             Parse_t* pParse)
+{
+    QvJsonValue_t* pMember = QvJsonValue_member(pValue, pKey);
+    if (QvJsonValue_isEmpty(pMember)) {
+        return kMemberMissing;
+    }
+    const std::size_t number = std::min(length, QvJsonValue_size(pMember));
+    for (std::size_t i = 0; i < number; ++i) {
+        const int status = pParse(QvJsonValue_item(pMember, i), static_cast<char*>(pData) + i * stride);
+        if (status != kSuccess) {
+            return QV_FAIL(status);
+        }
+    }
+    return kSuccess;
+}
+
+int QvDatabaseAccess_calloc(QvJsonValue_t* pValue, QvJsonValue_t** ppValue2, void** ppData, size_t stride,
+                            size_t* pLength, const char* pKey)
+{
+    *ppValue2 = QvJsonValue_member(pValue, pKey);
+    const std::size_t number = QvJsonValue_size(*ppValue2);
+    if (*ppData == nullptr) {
+        *ppData = std::calloc(number, stride);
+    } else {
+        *ppData = std::realloc(*ppData, number * stride);
+        if (*ppData != nullptr && number > *pLength) {
+            // Begins at a count taken as a byte offset, on purpose: see the header.
+            std::memset(static_cast<char*>(*ppData) + *pLength, 0, (number - *pLength) * stride);
+        }
+    }
+    *pLength = number;
+    return kSuccess;
+}
+
+int QvDatabaseAccess_bool_(QvJsonValue_t* pValue, bool* pData, const char* pKey)
+{
+    return traced(QV_HERE, QvJsonValue_addBooleanToObject(pValue, pKey, isTrue(pData)));
+}
+
+int QvDatabaseAccess_bools_(QvJsonValue_t* pValue, bool* pData, size_t length, const char* pKey)
+{
+    return writeFlat(pValue, pKey, length, QV_HERE, [pData](QvJsonValue_t* pList, std::size_t at) {
+        return QvJsonValue_addBooleanToArray(pList, isTrue(pData + at));
+    });
+}
+
+int QvDatabaseAccess_chars_(QvJsonValue_t* pValue, char* pData, const char* pKey)
+{
+    return traced(QV_HERE, QvJsonValue_addStringToObject(pValue, pKey, pData));
+}
+
+int QvDatabaseAccess_chars22_(QvJsonValue_t* pValue, char* pData, size_t length, size_t length2, const char* pKey)
+{
+    return writeNested(pValue, pKey, {length}, QV_HERE, [=](QvJsonValue_t* pList, std::size_t at) {
+        return QvJsonValue_addStringToArray(pList, pData + at * length2);
+    });
+}
+
+int QvDatabaseAccess_double_(QvJsonValue_t* pValue, double* pData, const char* pKey)
+{
+    return traced(QV_HERE, QvJsonValue_addFloatToObject(pValue, pKey, *pData));
+}
+
+int QvDatabaseAccess_doubles_(QvJsonValue_t* pValue, double* pData, size_t length, const char* pKey)
+{
+    return writeFlat(pValue, pKey, length, QV_HERE, [pData](QvJsonValue_t* pList, std::size_t at) {
+        return QvJsonValue_addFloatToArray(pList, pData[at]);
+    });
+}
+
+int QvDatabaseAccess_float_(QvJsonValue_t* pValue, float* pData, const char* pKey)
+{
+    return traced(QV_HERE, QvJsonValue_addFloatToObject(pValue, pKey, QvCommonConvert_float2Double(*pData)));
+}
+
+int QvDatabaseAccess_floats_(QvJsonValue_t* pValue, float* pData, size_t length, const char* pKey)
+{
+    return writeFlat(pValue, pKey, length, QV_HERE, floatAdd(pData));
+}
+
+int QvDatabaseAccess_floats21_(QvJsonValue_t* pValue, float* pData, size_t length, const char* pKey, size_t stride)
+{
+    const std::size_t rows = stride == 0 ? 0 : length / stride;
+    return writeNested(pValue, pKey, {rows, stride}, QV_HERE, floatAdd(pData));
+}
+
+int QvDatabaseAccess_floats22_(QvJsonValue_t* pValue, float* pData, size_t length, size_t length2, const char* pKey)
+{
+    return writeNested(pValue, pKey, {length, length2}, QV_HERE, floatAdd(pData));
+}
+
+int QvDatabaseAccess_floats33_(QvJsonValue_t* pValue, float* pData, size_t length, size_t length2, size_t length3,
+                               const char* pKey)
+{
+    return writeNested(pValue, pKey, {length, length2, length3}, QV_HERE, floatAdd(pData));
+}
+
+int QvDatabaseAccess_integer_(QvJsonValue_t* pValue, bool isSigned, void* pData, size_t stride, const char* pKey)
+{
+    const auto value = QvCommonConvert_integer2Binary_(isSigned, pData, stride, 0);
+    return traced(QV_HERE, QvJsonValue_addIntegerToObject(pValue, pKey, value));
+}
+
+int QvDatabaseAccess_integers_(QvJsonValue_t* pValue, bool isSigned, void* pData, size_t stride, size_t length,
+                               const char* pKey)
+{
+    return writeFlat(pValue, pKey, length, QV_HERE, integerAdd(isSigned, pData, stride));
+}
+
+int QvDatabaseAccess_intergers22_(QvJsonValue_t* pValue, bool isSigned, void* pData, size_t stride, size_t length,
+                                  size_t length2, const char* pKey)
+{
+    return writeNested(pValue, pKey, {length, length2}, QV_HERE, integerAdd(isSigned, pData, stride));
+}
+
+int QvDatabaseAccess_intergers33_(QvJsonValue_t* pValue, bool isSigned, void* pData, size_t stride, size_t length,
+                                  size_t length2, size_t length3, const char* pKey)
+{
+    return writeNested(pValue, pKey, {length, length2, length3}, QV_HERE, integerAdd(isSigned, pData, stride));
+}
+
+int QvDatabaseAccess_objects_(QvJsonValue_t* pValue, void* pData, size_t stride, size_t length, const char* pKey,
+                              Serialize_t* pSerialize)
+{
+    QvJsonValue_t* pList = QvJsonValue_member(pValue, pKey);
+    for (std::size_t i = 0; i < length; ++i) {
+        QvJsonValue_t* pItem = nullptr;
+        int status = QvJsonValue_create(QvJsonValueType_Object, &pItem);
+        if (status != kSuccess) {
+            return QV_FAIL(status);
+        }
+        // A failure leaves the item in hand to the process: callers hold no second pointer to it.
+        status = pSerialize(static_cast<char*>(pData) + i * stride, pItem);
+        if (status != kSuccess) {
+            return QV_FAIL(status);
+        }
+        status = QvJsonValue_addValueToArray(pList, &pItem);
+        if (status != kSuccess) {
+            return QV_FAIL(status);
+        }
+    }
+    return kSuccess;
+}
