@@ -1,0 +1,67 @@
+/*
+ * The gain-scheduled parameters of colour noise reduction: the row type, the record and its functions.
+ */
+#ifndef QV_DATABASE_C_DATABASE_AUTO_COLOR_NOISE_REDUCTION_2_2_H
+#define QV_DATABASE_C_DATABASE_AUTO_COLOR_NOISE_REDUCTION_2_2_H
+
+#include <assert.h>
+#include <stdbool.h>
+#include <stddef.h>
+#include <stdint.h>
+
+#include <qv_json_c/json_value.h>
+
+#include "qv_database_export.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** One schedule of colour noise reduction: 20 gain points and the parameters at each of them, index by index. A
+    document holds the members of a row sorted by name, whatever the case. */
+typedef struct QvDatabaseAutoColorNoiseReduction_2_2_Table {
+    float gains[20];         /**< gain points */
+    uint8_t cnrStrength[20]; /**< denoising strength */
+    uint8_t textureMask[20]; /**< texture mask */
+    float cSigmaLayer0[20];  /**< sigma of the first layer */
+    float cSigmaLayer1[20];  /**< sigma of the second layer */
+    float cSigmaLayer2[20];  /**< sigma of the third layer */
+    bool hdr;                /**< HDR flag of the schedule */
+} QvDatabaseAutoColorNoiseReduction_2_2_Table_t;
+static_assert(sizeof(QvDatabaseAutoColorNoiseReduction_2_2_Table_t) == 364, "the layout is part of the interface");
+
+/** Automatic parameters of colour noise reduction, category `ACNR_2_2`, the counterpart of `CNR_2_2`: up to 20
+    schedules over the gain. The tuning document and the simulator document (class "ACnrv2") carry it; which row is
+    used and what holds between two gain points is up to the layers above. */
+typedef struct QvDatabaseAutoColorNoiseReduction_2_2 {
+    /** Switches the automatic mode of the block on. */
+    bool enable;
+    /** The schedules, array "tables" in documents, one object for each row in use; a written row holds all 20 gain
+        points, a row that is read may hold fewer. */
+    QvDatabaseAutoColorNoiseReduction_2_2_Table_t tables[20];
+    /** Rows in use, at most 20. No member of its own: reading sets it to the length of "tables", 0 where there is
+        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents. */
+    size_t tableNumber;
+    /** Row in use, for the layers above; no text form carries it, reset makes it 0. */
+    size_t tableIdx;
+    /** Class name in the simulator document; not terminated when it is full. */
+    char class_[20];
+} QvDatabaseAutoColorNoiseReduction_2_2_t;
+static_assert(sizeof(QvDatabaseAutoColorNoiseReduction_2_2_t) == 7328, "the layout is part of the interface");
+
+/** Reads the record from its object in a tuning document by the conventions in qv_database.h: 13 for null, else 0. A
+    missing member, in a row or beside them, is traced at Debug and its field keeps its value. */
+QV_DATABASE_API int QvDatabaseAutoColorNoiseReduction_2_2_parse(QvJsonValue_t* pValue,
+                                                                QvDatabaseAutoColorNoiseReduction_2_2_t* pConfig);
+/** Adds the members and the `tableNumber` rows in use to the object of a tuning document: 13 for null, else 0, or
+    the status of a list or row that could not be created or attached (traced at Error; what was added stays). */
+QV_DATABASE_API int QvDatabaseAutoColorNoiseReduction_2_2_serialize(QvDatabaseAutoColorNoiseReduction_2_2_t* pConfig,
+                                                                    QvJsonValue_t* pValue);
+/** Puts the defaults into the record: all zero, no row in use, no class name. 13 for null, else 0. */
+QV_DATABASE_API int QvDatabaseAutoColorNoiseReduction_2_2_reset(QvDatabaseAutoColorNoiseReduction_2_2_t* pConfig);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,64 @@
+/*
+ * The gain-scheduled parameters of colour processing: the row type, the record and its functions.
+ */
+#ifndef QV_DATABASE_C_DATABASE_AUTO_COLOR_PROCESS_1_2_H
+#define QV_DATABASE_C_DATABASE_AUTO_COLOR_PROCESS_1_2_H
+
+#include <assert.h>
+#include <stdbool.h>
+#include <stddef.h>
+
+#include <qv_json_c/json_value.h>
+
+#include "qv_database_export.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** One schedule of colour processing: 20 gain points and the parameters at each of them, index by index. */
+typedef struct QvDatabaseAutoColorProcess_1_2_Table {
+    float gains[20];      /**< gain points */
+    float contrast[20];   /**< contrast */
+    float bright[20];     /**< brightness */
+    float saturation[20]; /**< saturation */
+    float hue[20];        /**< hue */
+    bool hdr;             /**< HDR flag of the schedule */
+} QvDatabaseAutoColorProcess_1_2_Table_t;
+static_assert(sizeof(QvDatabaseAutoColorProcess_1_2_Table_t) == 404, "the layout is part of the interface");
+
+/** Automatic parameters of colour processing, category `ACP_1_2`, the counterpart of `CP_1_2`: up to 20 schedules
+    over the gain. The tuning document and the simulator document (class "ACproc") carry it; which row is used and
+    what holds between two gain points is up to the layers above. */
+typedef struct QvDatabaseAutoColorProcess_1_2 {
+    /** Switches the automatic mode of the block on. */
+    bool enable;
+    /** The schedules, array "tables" in documents, one object for each row in use; a written row holds all 20 gain
+        points, a row that is read may hold fewer. */
+    QvDatabaseAutoColorProcess_1_2_Table_t tables[20];
+    /** Rows in use, at most 20. No member of its own: reading sets it to the length of "tables", 0 where there is
+        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents. */
+    size_t tableNumber;
+    /** Row in use, for the layers above; no text form carries it, reset makes it 0. */
+    size_t tableIdx;
+    /** Class name in the simulator document; not terminated when it is full. */
+    char class_[20];
+} QvDatabaseAutoColorProcess_1_2_t;
+static_assert(sizeof(QvDatabaseAutoColorProcess_1_2_t) == 8128, "the layout is part of the interface");
+
+/** Reads the record from its object in a tuning document by the conventions in qv_database.h: 13 for null, else 0. A
+    missing member, in a row or beside them, is traced at Debug and its field keeps its value. */
+QV_DATABASE_API int QvDatabaseAutoColorProcess_1_2_parse(QvJsonValue_t* pValue,
+                                                         QvDatabaseAutoColorProcess_1_2_t* pConfig);
+/** Adds the members and the `tableNumber` rows in use to the object of a tuning document: 13 for null, else 0, or
+    the status of a list or row that could not be created or attached (traced at Error; what was added stays). */
+QV_DATABASE_API int QvDatabaseAutoColorProcess_1_2_serialize(QvDatabaseAutoColorProcess_1_2_t* pConfig,
+                                                             QvJsonValue_t* pValue);
+/** Puts the defaults into the record: all zero, no row in use, no class name. 13 for null, else 0. */
+QV_DATABASE_API int QvDatabaseAutoColorProcess_1_2_reset(QvDatabaseAutoColorProcess_1_2_t* pConfig);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,63 @@
+/*
+ * The gain-scheduled gamma curves: the row type, the record and its functions.
+ */
+#ifndef QV_DATABASE_C_DATABASE_AUTO_GAMMA_CORRECTION_2_H
+#define QV_DATABASE_C_DATABASE_AUTO_GAMMA_CORRECTION_2_H
+
+#include <assert.h>
+#include <stdbool.h>
+#include <stddef.h>
+#include <stdint.h>
+
+#include <qv_json_c/json_value.h>
+
+#include "qv_database_export.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** One schedule of gamma correction: 20 gain points and the parameters at each of them, index by index. A document
+    holds the curve before the gain points. */
+typedef struct QvDatabaseAutoGammaCorrection_2_Table {
+    float gain[20];         /**< gain points; key "gains" in the simulator document */
+    uint16_t curve[20][64]; /**< 64 points of the gamma curve for each gain point */
+    bool hdr;               /**< HDR flag of the schedule */
+} QvDatabaseAutoGammaCorrection_2_Table_t;
+static_assert(sizeof(QvDatabaseAutoGammaCorrection_2_Table_t) == 2644, "the layout is part of the interface");
+
+/** Automatic parameters of gamma correction, category `AGC_2`, the counterpart of `GC_2`: up to 20 schedules over
+    the gain. The tuning document and the simulator document (class "AGamma64") carry it; which row is used and what
+    holds between two gain points is up to the layers above. */
+typedef struct QvDatabaseAutoGammaCorrection_2 {
+    /** Switches the automatic mode of the block on. */
+    bool enable;
+    /** The schedules, array "tables" in documents, one object for each row in use; a written row holds all 20 gain
+        points, a row that is read may hold fewer. */
+    QvDatabaseAutoGammaCorrection_2_Table_t tables[20];
+    /** Rows in use, at most 20. No member of its own: reading sets it to the length of "tables", 0 where there is
+        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents. */
+    size_t tableNumber;
+    /** Row in use, for the layers above; no text form carries it, reset makes it 0. */
+    size_t tableIdx;
+    /** Class name in the simulator document; not terminated when it is full. */
+    char class_[20];
+} QvDatabaseAutoGammaCorrection_2_t;
+static_assert(sizeof(QvDatabaseAutoGammaCorrection_2_t) == 52928, "the layout is part of the interface");
+
+/** Reads the record from its object in a tuning document by the conventions in qv_database.h: 13 for null, else 0. A
+    missing member, in a row or beside them, is traced at Debug and its field keeps its value. */
+QV_DATABASE_API int QvDatabaseAutoGammaCorrection_2_parse(QvJsonValue_t* pValue,
+                                                          QvDatabaseAutoGammaCorrection_2_t* pConfig);
+/** Adds the members and the `tableNumber` rows in use to the object of a tuning document: 13 for null, else 0, or
+    the status of a list or row that could not be created or attached (traced at Error; what was added stays). */
+QV_DATABASE_API int QvDatabaseAutoGammaCorrection_2_serialize(QvDatabaseAutoGammaCorrection_2_t* pConfig,
+                                                              QvJsonValue_t* pValue);
+/** Puts the defaults into the record: all zero, no row in use, no class name. 13 for null, else 0. */
+QV_DATABASE_API int QvDatabaseAutoGammaCorrection_2_reset(QvDatabaseAutoGammaCorrection_2_t* pConfig);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

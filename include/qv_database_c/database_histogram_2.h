@@ -1,0 +1,45 @@
+/* The record of the histogram block with 256 bins. The library stores it for the layers that drive the camera,
+   which read it in place. Its functions follow the conventions in qv_database.h. */
+#ifndef QV_DATABASE_C_DATABASE_HISTOGRAM_2_H
+#define QV_DATABASE_C_DATABASE_HISTOGRAM_2_H
+
+#include <assert.h>
+#include <stdbool.h>
+#include <stdint.h>
+
+#include <qv_json_c/json_value.h>
+
+#include "qv_database_export.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** Histogram: the settings, and the results of 256 bins beside them (category `HTG_2`, class "Hist256" in the
+    simulator document). The documents carry the settings alone. QvDatabase_reset leaves this record as it is. */
+typedef struct QvDatabaseHistogram_2 {
+    bool enable;        /**< switches the block on */
+    uint16_t mode;      /**< mode of the histogram */
+    uint16_t window[4]; /**< measuring window, four numbers */
+    uint32_t bin[256];  /**< results; only _statistics brings them into a document */
+    char class_[20];    /**< class name; no text form carries it */
+} QvDatabaseHistogram_2_t;
+static_assert(sizeof(QvDatabaseHistogram_2_t) == 1056, "the layout is part of the interface");
+
+/** Fills the record from its object in a tuning document; a field whose member is missing (traced at Debug) keeps
+    its value. 0, or 13 for null. */
+QV_DATABASE_API int QvDatabaseHistogram_2_parse(QvJsonValue_t* pValue, QvDatabaseHistogram_2_t* pConfig);
+/** Adds the members of the record to its object in a tuning document. 0, or 13 for null. */
+QV_DATABASE_API int QvDatabaseHistogram_2_serialize(QvDatabaseHistogram_2_t* pConfig, QvJsonValue_t* pValue);
+/** Puts the defaults, all zero, into the record. 0, or 13 for null. */
+QV_DATABASE_API int QvDatabaseHistogram_2_reset(QvDatabaseHistogram_2_t* pConfig);
+/** Adds the results to the object pValue, which stays the caller's: a list of 256 numbers under "bin". For users of
+    the library, which has no caller of its own. 0, or 13 for null; where the list can't be written that is traced at
+    Debug and the answer is 0 all the same. */
+QV_DATABASE_API int QvDatabaseHistogram_2_statistics(QvDatabaseHistogram_2_t* pConfig, QvJsonValue_t* pValue);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

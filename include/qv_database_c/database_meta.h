@@ -1,0 +1,136 @@
+/*
+ * Metadata of a frame: exposure, gains with their ranges, white balance, colour correction and mean luma (category
+ * `MT`).
+ *
+ * The category is in no tuning document, initialization file or binary image. QvDatabase_metaLoad and
+ * QvDatabase_metaSave keep it in a JSON file of its own, in one of two forms: the full form, which the codecs of this
+ * header carry, or the simulator form, which has frameCount as "frame_index", integrationTime as "image_int_time" and
+ * sensorDigitalGain as "image_gain". The library gives no unit to the values and computes nothing from them.
+ */
+#ifndef QV_DATABASE_C_DATABASE_META_H
+#define QV_DATABASE_C_DATABASE_META_H
+
+#include <assert.h>
+#include <stdbool.h>
+#include <stddef.h>
+#include <stdint.h>
+
+#include <qv_common_c/common_buffer.h>
+#include <qv_json_c/json_value.h>
+#include <qv_json_c/json_writer.h>
+
+#include "database_base.h"
+#include "qv_database_export.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** Limits and step of an integer setting. */
+typedef struct QvDatabaseIntegerRange {
+    uint32_t max;  /**< largest value */
+    uint32_t min;  /**< smallest value */
+    uint32_t step; /**< distance of two values */
+} QvDatabaseIntegerRange_t;
+static_assert(sizeof(QvDatabaseIntegerRange_t) == 12, "the layout is part of the interface");
+
+/** Limits and step of a float setting. */
+typedef struct QvDatabaseFloatRange {
+    float max;  /**< largest value */
+    float min;  /**< smallest value */
+    float step; /**< distance of two values */
+} QvDatabaseFloatRange_t;
+static_assert(sizeof(QvDatabaseFloatRange_t) == 12, "the layout is part of the interface");
+
+/** One value for each of the four raw channels. */
+typedef struct QvDatabaseRawChannelFloat {
+    float redChannel;  /**< red pixels */
+    float grChannel;   /**< green pixels in the red rows */
+    float gbChannel;   /**< green pixels in the blue rows */
+    float blueChannel; /**< blue pixels */
+} QvDatabaseRawChannelFloat_t;
+static_assert(sizeof(QvDatabaseRawChannelFloat_t) == 16, "the layout is part of the interface");
+
+/** State of the colour correction. */
+typedef struct QvDatabaseMetaCcmStatus {
+    bool enable;        /**< colour correction is on */
+    float ccmMatrix[9]; /**< 3 x 3 matrix, a flat list in documents */
+    float ccmOffset[3]; /**< offsets of the three colours */
+} QvDatabaseMetaCcmStatus_t;
+static_assert(sizeof(QvDatabaseMetaCcmStatus_t) == 52, "the layout is part of the interface");
+
+/** Mean values of up to 25 windows of the image. */
+typedef struct QvDatabaseMetaMeanLuma {
+    uint8_t meanWinNum;                   /**< number of windows */
+    QvDatabaseRectangle_t meanRoiWin[25]; /**< regions of the windows, pixels */
+    uint32_t redChannelMean[25];          /**< mean of the red pixels of each window */
+    uint32_t grChannelMean[25];           /**< mean of the green pixels in the red rows of each window */
+    uint32_t gbChannelMean[25];           /**< mean of the green pixels in the blue rows of each window */
+    uint32_t blueChannelMean[25];         /**< mean of the blue pixels of each window */
+    uint32_t totalMean[25];               /**< mean of all pixels of each window */
+} QvDatabaseMetaMeanLuma_t;
+static_assert(sizeof(QvDatabaseMetaMeanLuma_t) == 704, "the layout is part of the interface");
+
+/** Metadata of one frame (category `MT`). QvDatabase_reset leaves it alone. */
+typedef struct QvDatabaseMeta {
+    int32_t bufChainId;                               /**< id of the buffer chain; written unsigned, -1 as 4294967295 */
+    uint8_t modeAwb;                                  /**< white balance mode; in no document */
+    uint8_t modeAe;                                   /**< exposure mode; in no document */
+    float maxExposureTime;                            /**< longest exposure time; in no document */
+    uint32_t chipId;                                  /**< chip id of the sensor */
+    uint64_t frameCount;                              /**< number of the frame */
+    uint32_t apertureSize;                            /**< size of the aperture */
+    uint32_t isoStrength;                             /**< ISO strength */
+    float junctionTemperature;                        /**< junction temperature */
+    uint32_t blackLevelPedestal;                      /**< black level pedestal */
+    uint8_t exposureNum;                              /**< number of exposures */
+    uint32_t integrationTime[6];                      /**< integration times */
+    QvDatabaseIntegerRange_t integrationTimeRange[6]; /**< limits of the integration times */
+    float sensorAnalogGain[6];                        /**< analog gains of the sensor */
+    QvDatabaseFloatRange_t sensorAnalogGainRange[6];  /**< limits of the analog gains */
+    float sensorDigitalGain[6];                       /**< digital gains of the sensor */
+    QvDatabaseFloatRange_t sensorDigitalGainRange[6]; /**< limits of the digital gains */
+    QvDatabaseRawChannelFloat_t wbGain[6];            /**< white balance gains of the raw channels */
+    float dualConvGain[6];                            /**< dual conversion gains */
+    QvDatabaseRawChannelFloat_t ispDgain;             /**< digital gain of the ISP */
+    QvDatabaseRawChannelFloat_t ispWbGain;            /**< white balance gain of the ISP */
+    float luxIndex;                                   /**< lux index */
+    float totalGain;                                  /**< total gain */
+    float edrValue;                                   /**< EDR value */
+    QvDatabaseMetaCcmStatus_t ccmConfig;              /**< state of the colour correction */
+    QvDatabaseMetaMeanLuma_t meanLuma[6];             /**< mean values of the windows */
+    uint8_t bitWidth;                                 /**< bits of a pixel; written and never read */
+    uint32_t width;                                   /**< columns of the frame, pixels; written and never read */
+    uint32_t height;                                  /**< rows of the frame, pixels; written and never read */
+    uint8_t bayerPattern;                             /**< Bayer pattern; written and never read */
+    uint8_t sensorMode;                               /**< sensor mode; written and never read */
+    size_t tableIndex;                                /**< index of a table; in no document */
+    size_t tableNumber;                               /**< number of tables, default 1; in no document */
+} QvDatabaseMeta_t;
+static_assert(sizeof(QvDatabaseMeta_t) == 4808, "the layout is part of the interface");
+
+/** Fills the record from a meta document in the full form. 0; 13 where an argument is null; the status of a nested
+    record that fails, with the fields before it already changed. A missing member is traced at Debug and its field
+    keeps its value; lists of objects are asked for at full length, whatever the document holds. */
+QV_DATABASE_API int QvDatabaseMeta_parse(QvJsonValue_t* pValue, QvDatabaseMeta_t* pConfig);
+
+/** Adds the members of the full form to an object. 0; 13 where an argument is null; the status of a nested record that
+    fails. */
+QV_DATABASE_API int QvDatabaseMeta_serialize(QvDatabaseMeta_t* pConfig, QvJsonValue_t* pValue);
+
+/** Puts the defaults into the record: all zero but tableNumber. 0, or 13 for null. */
+QV_DATABASE_API int QvDatabaseMeta_reset(QvDatabaseMeta_t* pConfig);
+
+/** Gives the full form as text in a buffer and tags it with the frame. The buffer's earlier content is dropped; then
+    pBegin is a heap text that belongs to the buffer, size the length without the terminator, isAllocated true, and
+    pUserData holds the value of frameCount, an integer in a pointer's place. 0; 13 where an argument is null or the
+    writer is 0; what the writer of the text returns, the buffer being empty then; else the status of the JSON step that
+    failed, the buffer being unchanged. */
+QV_DATABASE_API int QvDatabaseMeta_serialize2(QvDatabaseMeta_t* pConfig, QvJsonWriterHandle_t hJsonWriter,
+                                              QvCommonBuffer_t* pBuffer);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,52 @@
+#include <qv_database_c/database_auto_lens_shading_correction_4.h>
+
+#include "database_forms.h"
+#include "database_walk.h"
+
+namespace qv::database::tuning {
+namespace {
+
+namespace schedule {
+using Record = QvDatabaseAutoLensShadingCorrection_4_Table_t;
+
+constexpr Field kRows[] = {
+    QV_FIELD(gains),
+    QV_FIELD(strength),
+    QV_FIELD(hdr),
+};
+
+constexpr TableOf<Record> kTable{"QvDatabaseAutoLensShadingCorrection_4", __FILE__, kRows};
+} // namespace schedule
+
+using Record = QvDatabaseAutoLensShadingCorrection_4_t;
+
+constexpr Field kRows[] = {
+    QV_FIELD(enable),
+    QV_FIELD(damping),
+    QV_FIELD(interMode),
+    QV_OBJECT(tables, schedule::kTable).scheduledBy(QV_COUNTER(tableNumber)),
+};
+
+} // namespace
+
+constinit const TableOf<Record> kAutoLensShadingCorrection_4{"QvDatabaseAutoLensShadingCorrection_4", __FILE__, kRows};
+
+} // namespace qv::database::tuning
+
+using namespace qv::database;
+
+int QvDatabaseAutoLensShadingCorrection_4_parse(QvJsonValue_t* pValue, QvDatabaseAutoLensShadingCorrection_4_t* pConfig)
+{
+    return readRecord(tuning::kAutoLensShadingCorrection_4, pValue, pConfig);
+}
+
+int QvDatabaseAutoLensShadingCorrection_4_serialize(QvDatabaseAutoLensShadingCorrection_4_t* pConfig,
+                                                    QvJsonValue_t* pValue)
+{
+    return writeRecord(tuning::kAutoLensShadingCorrection_4, pConfig, pValue);
+}
+
+int QvDatabaseAutoLensShadingCorrection_4_reset(QvDatabaseAutoLensShadingCorrection_4_t* pConfig)
+{
+    return clearRecord(pConfig);
+}
