@@ -1,0 +1,44 @@
+#include <qv_database_c/database_2d_noise_reduction_5_2.h>
+#include <qv_database_c/protocol_simulator.h>
+
+#include "database_forms.h"
+#include "database_walk.h"
+
+namespace qv::database::simulator {
+namespace {
+
+using Record = QvDatabase2DNoiseReduction_5_2_t;
+
+constexpr Field kRows[] = {
+    QV_FIELD_KEY(class_, "class"),
+    QV_FIELD(enable).asInteger(),
+    QV_FIELD_KEY(lumaCtrolEnable, "luma_ctrl_en").asInteger(),
+    QV_FIELD_KEY(lumaCurveX, "luma_curve_x"),
+    QV_FIELD_KEY(lumaCurveY, "luma_curve_y"),
+    QV_FIELD_KEY(preGammaStrength, "pregamma_strength"),
+    QV_FIELD(sigma),
+    QV_FIELD_KEY(sigmaRange, "sigma_range"),
+    QV_FIELD_KEY(sigmaOffset, "sigma_offset"),
+    QV_FIELD(strength),
+};
+
+} // namespace
+
+constinit const TableOf<Record> k2DNoiseReduction_5_2{"QvDatabaseProtocolSimulator_2DNoiseReduction_5_2", __FILE__,
+                                                      kRows};
+
+} // namespace qv::database::simulator
+
+using namespace qv::database;
+
+int QvDatabaseProtocolSimulator_2DNoiseReduction_5_2_parse(QvJsonValue_t* pValue,
+                                                           QvDatabase2DNoiseReduction_5_2_t* pConfig)
+{
+    return readRecord(simulator::k2DNoiseReduction_5_2, pValue, pConfig);
+}
+
+int QvDatabaseProtocolSimulator_2DNoiseReduction_5_2_serialize(QvDatabase2DNoiseReduction_5_2_t* pConfig,
+                                                               QvJsonValue_t* pValue)
+{
+    return writeRecord(simulator::k2DNoiseReduction_5_2, pConfig, pValue);
+}

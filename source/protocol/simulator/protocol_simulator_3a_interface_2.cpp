@@ -1,0 +1,53 @@
+#include <qv_database_c/database_3a_interface_2.h>
+#include <qv_database_c/protocol_simulator.h>
+
+#include "database_forms.h"
+#include "database_walk.h"
+
+namespace qv::database::simulator {
+namespace {
+
+using Record = QvDatabase3AInterface_2_t;
+
+constexpr Field kRows[] = {
+    QV_FIELD_KEY(autoTable, "auto_table"),
+    QV_FIELD_KEY(awbEnable, "awb_enable"),
+    QV_FIELD_KEY(cacEnable, "cac_enable"),
+    QV_FIELD_KEY(ccEnable, "cc_enable"),
+    QV_FIELD_KEY(class_, "class"),
+    QV_FIELD(enable),
+    QV_FIELD_KEY(integrationTime, "integration_time"),
+    QV_FIELD_KEY(lscEnable, "lsc_enable"),
+    QV_FIELD_KEY(lscVersion, "lsc_version"),
+    QV_FIELD_KEY(sensorGain, "sensor_gain"),
+    QV_FIELD(xml),
+    QV_FIELD_KEY(metadataEnable, "metadata_enable"),
+    QV_FIELD_KEY(metadataExposureGain, "metadata_exposure_gain_array"),
+    QV_FIELD_KEY(metadataExposureTime, "metadata_exposure_time_array"),
+    QV_FIELD_KEY(metadataCCT, "metadata_CCT_array"),
+    QV_FIELD_KEY(metadataAwbGains, "metadata_awb_gains_array"),
+    QV_FIELD_KEY(maxExposureTime, "max_exposure_time"),
+};
+
+} // namespace
+
+constinit const TableOf<Record> k3AInterface_2{"QvDatabaseProtocolSimulator_3AInterface_2", __FILE__, kRows};
+
+} // namespace qv::database::simulator
+
+using namespace qv::database;
+
+int QvDatabaseProtocolSimulator_3AInterface_2_parse(QvJsonValue_t* pValue, QvDatabase3AInterface_2_t* pConfig)
+{
+    return readRecord(simulator::k3AInterface_2, pValue, pConfig);
+}
+
+int QvDatabaseProtocolSimulator_3AInterface_2_serialize(QvDatabase3AInterface_2_t* pConfig, QvJsonValue_t* pValue)
+{
+    return writeRecord(simulator::k3AInterface_2, pConfig, pValue);
+}
+
+int QvDatabase3AInterface_2_reset(QvDatabase3AInterface_2_t* pConfig)
+{
+    return clearRecord(pConfig);
+}

@@ -1,0 +1,37 @@
+#include <qv_database_c/database_auto_defect_pixel_cluster_correction.h>
+#include <qv_database_c/protocol_simulator.h>
+
+#include "database_forms.h"
+#include "database_walk.h"
+
+namespace qv::database::simulator {
+namespace {
+
+using Record = QvDatabaseAutoDefectPixelClusterCorrection_t;
+
+constexpr Field kRows[] = {
+    QV_FIELD_KEY(class_, "classname"),
+    QV_FIELD(enable),
+    QV_FIELD_KEY(autoModeSelect, "auto_mode_select"),
+};
+
+} // namespace
+
+constinit const TableOf<Record> kAutoDefectPixelClusterCorrection{
+    "QvDatabaseProtocolSimulator_autoDefectPixelClusterCorrection", __FILE__, kRows};
+
+} // namespace qv::database::simulator
+
+using namespace qv::database;
+
+int QvDatabaseProtocolSimulator_autoDefectPixelClusterCorrection_parse(
+    QvJsonValue_t* pValue, QvDatabaseAutoDefectPixelClusterCorrection_t* pConfig)
+{
+    return readRecord(simulator::kAutoDefectPixelClusterCorrection, pValue, pConfig);
+}
+
+int QvDatabaseProtocolSimulator_autoDefectPixelClusterCorrection_serialize(
+    QvDatabaseAutoDefectPixelClusterCorrection_t* pConfig, QvJsonValue_t* pValue)
+{
+    return writeRecord(simulator::kAutoDefectPixelClusterCorrection, pConfig, pValue);
+}

@@ -1,0 +1,50 @@
+#include <qv_database_c/database_auto_focus_3.h>
+#include <qv_database_c/protocol_simulator.h>
+
+#include "database_forms.h"
+#include "database_walk.h"
+
+namespace qv::database::simulator {
+namespace {
+
+using Record = QvDatabaseAutoFocus_3_t;
+
+constexpr Field kRows[] = {
+    QV_FIELD_KEY(class_, "classname"),
+    QV_FIELD_KEY(cMotionThr, "cMotionThreshold"),
+    QV_FIELD(cMseTolerance),
+    QV_FIELD_KEY(cPdConfThr, "cPdConfThreshold"),
+    QV_FIELD(cPointsOfCurve),
+    QV_FIELD(cStableTolerance),
+    QV_FIELD(enable),
+    QV_FIELD(focalFilter),
+    QV_FIELD_KEY(focalStableThr, "focalStableThreshold"),
+    QV_FIELD_KEY(focalMax, "maxFocal"),
+    QV_FIELD_KEY(focalMin, "minFocal"),
+    QV_FIELD(mode),
+    QV_FIELD_KEY(pdDistance, "PdDistance"),
+    QV_FIELD_KEY(pdFocal, "PdFocal"),
+    QV_FIELD(pdRoiIdx),
+    QV_FIELD_KEY(pdShiftThr, "PdShiftThreshold"),
+    QV_FIELD_KEY(pdStableCountMax, "PdStablecountMax"),
+    QV_FIELD(shapFilter),
+    QV_FIELD(weightWindow),
+};
+
+} // namespace
+
+constinit const TableOf<Record> kAutoFocus_3{"QvDatabaseProtocolSimulator_autoFocus_3", __FILE__, kRows};
+
+} // namespace qv::database::simulator
+
+using namespace qv::database;
+
+int QvDatabaseProtocolSimulator_autoFocus_3_parse(QvJsonValue_t* pValue, QvDatabaseAutoFocus_3_t* pConfig)
+{
+    return readRecord(simulator::kAutoFocus_3, pValue, pConfig);
+}
+
+int QvDatabaseProtocolSimulator_autoFocus_3_serialize(QvDatabaseAutoFocus_3_t* pConfig, QvJsonValue_t* pValue)
+{
+    return writeRecord(simulator::kAutoFocus_3, pConfig, pValue);
+}

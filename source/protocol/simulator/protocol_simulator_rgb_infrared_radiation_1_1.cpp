@@ -1,0 +1,43 @@
+#include <qv_database_c/database_rgb_infrared_radiation_1_1.h>
+#include <qv_database_c/protocol_simulator.h>
+
+#include "database_forms.h"
+#include "database_walk.h"
+
+namespace qv::database::simulator {
+namespace {
+
+using Record = QvDatabaseRgbInfraredRadiation_1_1_t;
+
+constexpr Field kRows[] = {
+    QV_FIELD_KEY(ccMatrix, "ccmatrix"),
+    QV_FIELD_KEY(class_, "class"),
+    QV_FIELD_KEY(dpccMidTh, "dpcc_mid_th"),
+    QV_FIELD_KEY(dpccTh, "dpcc_th"),
+    QV_FIELD(enable).asInteger(),
+    QV_FIELD_KEY(irBayerPattern, "irbayer_pattern"),
+    QV_FIELD_KEY(irThr, "ir_threshold"),
+    QV_FIELD_KEY(lThr, "l_threshold"),
+    QV_FIELD_KEY(outRgbPattern, "out_rgb_pattern"),
+};
+
+} // namespace
+
+constinit const TableOf<Record> kRgbInfraredRadiation_1_1{"QvDatabaseProtocolSimulator_rgbInfraredRadiation_1_1",
+                                                          __FILE__, kRows};
+
+} // namespace qv::database::simulator
+
+using namespace qv::database;
+
+int QvDatabaseProtocolSimulator_rgbInfraredRadiation_1_1_parse(QvJsonValue_t* pValue,
+                                                               QvDatabaseRgbInfraredRadiation_1_1_t* pConfig)
+{
+    return readRecord(simulator::kRgbInfraredRadiation_1_1, pValue, pConfig);
+}
+
+int QvDatabaseProtocolSimulator_rgbInfraredRadiation_1_1_serialize(QvDatabaseRgbInfraredRadiation_1_1_t* pConfig,
+                                                                   QvJsonValue_t* pValue)
+{
+    return writeRecord(simulator::kRgbInfraredRadiation_1_1, pConfig, pValue);
+}
