@@ -1,0 +1,64 @@
+/*
+ * The sections of the initialization document. Each category has a pair of codecs that move values between a section's
+ * members and a record. All keys are flat: dots and indices are part of the key.
+ *
+ * The pairs share one contract. No argument may be null; section and record stay the caller's. Parsing takes each
+ * member whose key it knows and whose value is not null: integers in base 10, where a text that is no number counts as
+ * 0 and a number too large for the field is cut to its width without a word; booleans are true for the text "true"
+ * alone; texts run on into the fields behind theirs when they are too long, yet never past the record. Members come out
+ * in their first order. Serializing adds one member for each key. The result is 0, the status of a queue operation that
+ * fails, or 5 when memory runs out.
+ */
+#ifndef QV_DATABASE_C_PROTOCOL_INITIALIZATION_H
+#define QV_DATABASE_C_PROTOCOL_INITIALIZATION_H
+
+#include <qv_initialization/initialization_section.h>
+
+#include "database_c_model.h"
+#include "database_device.h"
+#include "database_input.h"
+#include "database_output.h"
+#include "database_sensor.h"
+#include "database_transmit.h"
+#include "qv_database_export.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** Section "C_MODEL", 30 keys: bit width and switch of each unit. */
+QV_DATABASE_API int QvDatabaseProtocolInitialization_cModel_parse(QvInitializationSection_t* pSection,
+                                                                  QvDatabaseCModel_t* pConfig);
+QV_DATABASE_API int QvDatabaseProtocolInitialization_cModel_serialize(QvDatabaseCModel_t* pConfig,
+                                                                      QvInitializationSection_t* pSection);
+/** Section "DVC", 3 keys. */
+QV_DATABASE_API int QvDatabaseProtocolInitialization_device_parse(QvInitializationSection_t* pSection,
+                                                                  QvDatabaseDevice_t* pConfig);
+QV_DATABASE_API int QvDatabaseProtocolInitialization_device_serialize(QvDatabaseDevice_t* pConfig,
+                                                                      QvInitializationSection_t* pSection);
+/** Section "IPT", 29 keys. The frame rate is read with its fraction and written without. */
+QV_DATABASE_API int QvDatabaseProtocolInitialization_input_parse(QvInitializationSection_t* pSection,
+                                                                 QvDatabaseInput_t* pConfig);
+QV_DATABASE_API int QvDatabaseProtocolInitialization_input_serialize(QvDatabaseInput_t* pConfig,
+                                                                     QvInitializationSection_t* pSection);
+/** Section "OPT", 78 keys: 13 for each of the six paths. */
+QV_DATABASE_API int QvDatabaseProtocolInitialization_output_parse(QvInitializationSection_t* pSection,
+                                                                  QvDatabaseOutput_t* pConfig);
+QV_DATABASE_API int QvDatabaseProtocolInitialization_output_serialize(QvDatabaseOutput_t* pConfig,
+                                                                      QvInitializationSection_t* pSection);
+/** Section "SS", 4 keys: the driver, its mode and the test pattern. */
+QV_DATABASE_API int QvDatabaseProtocolInitialization_sensor_parse(QvInitializationSection_t* pSection,
+                                                                  QvDatabaseSensor_t* pConfig);
+QV_DATABASE_API int QvDatabaseProtocolInitialization_sensor_serialize(QvDatabaseSensor_t* pConfig,
+                                                                      QvInitializationSection_t* pSection);
+/** Section "TM", 23 keys. */
+QV_DATABASE_API int QvDatabaseProtocolInitialization_transmit_parse(QvInitializationSection_t* pSection,
+                                                                    QvDatabaseTransmit_t* pConfig);
+QV_DATABASE_API int QvDatabaseProtocolInitialization_transmit_serialize(QvDatabaseTransmit_t* pConfig,
+                                                                        QvInitializationSection_t* pSection);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,17 @@
+#pragma once
+
+// The one member loop and the one member block behind all sections of the initialization document.
+
+#include <qv_initialization/initialization_section.h>
+
+#include "database_field.h"
+
+namespace qv::database {
+
+/// Takes the members that the table knows from a section into the record. 0 or the status of a queue operation.
+int readSection(const Table& table, QvInitializationSection_t* pSection, void* pRecord);
+
+/// Adds one member for each row to a section. 0, the status of a queue operation, or 5 when memory runs out.
+int writeSection(const Table& table, const void* pRecord, QvInitializationSection_t* pSection);
+
+} // namespace qv::database

@@ -1,0 +1,168 @@
+#include "protocol_initialization.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <string_view>
+
+#include <qv_common_c/common_argument.h>
+#include <qv_common_c/common_convert.h>
+#include <qv_common_c/common_stdlib.h>
+#include <qv_common_c/common_string.h>
+#include <qv_initialization/initialization_member.h>
+
+#include "database_status.h"
+#include "database_trace.h"
+
+namespace qv::database {
+namespace {
+
+void readValue(const Field& field, const char* pText, char* pData, std::size_t room)
+{
+    switch (field.element) {
+    case Element::Bool:
+        *reinterpret_cast<bool*>(pData) = QvCommonString_equal(pText, "true", true);
+        break;
+    case Element::Float: {
+        const float value = QvCommonStdlib_strtof(pText, nullptr);
+        std::memcpy(pData, &value, sizeof value);
+        break;
+    }
+    case Element::Text:
+        // A text is not bound to its field: with its terminator it runs on into the fields behind, up to the record's
+        // end.
+        std::memcpy(pData, pText, std::min(std::strlen(pText) + 1, room));
+        break;
+    default:
+        QvCommonConvert_integer2Binary(pData, field.width, 0, QvCommonStdlib_strtol(pText, nullptr, 10));
+        break;
+    }
+}
+
+/// Toward zero, and to the nearest end of the range where the float has no integer.
+std::int64_t truncated(float value)
+{
+    constexpr float kLimit = 9223372036854775808.0F;
+    if (std::isnan(value)) {
+        return 0;
+    }
+    if (value >= kLimit) {
+        return std::numeric_limits<std::int64_t>::max();
+    }
+    return value < -kLimit ? std::numeric_limits<std::int64_t>::min() : static_cast<std::int64_t>(value);
+}
+
+/// The text of a field, in the record itself or in `digits`.
+std::string_view writtenValue(const Field& field, const char* pData, std::size_t room, std::span<char> digits)
+{
+    std::int64_t number = 0;
+    switch (field.element) {
+    case Element::Bool:
+        return QvCommonConvert_integer2Binary_(false, const_cast<char*>(pData), 1, 0) != 0 ? "true" : "false";
+    case Element::Text: {
+        const void* pEnd = std::memchr(pData, 0, room);
+        return {pData, pEnd == nullptr ? room : static_cast<std::size_t>(static_cast<const char*>(pEnd) - pData)};
+    }
+    case Element::Float: {
+        // The fraction is cut off, on purpose: the section holds whole numbers only.
+        float value = 0;
+        std::memcpy(&value, pData, sizeof value);
+        number = truncated(value);
+        break;
+    }
+    default:
+        number = QvCommonConvert_integer2Binary_(field.isSigned, const_cast<char*>(pData), field.width, 0);
+        break;
+    }
+    const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), number);
+    return {digits.data(), static_cast<std::size_t>(result.ptr - digits.data())};
+}
+
+/// A copy on the heap, as members own their texts; null when memory runs out.
+char* duplicate(std::string_view text)
+{
+    auto* pCopy = static_cast<char*>(std::calloc(1, text.size() + 1));
+    if (pCopy != nullptr) {
+        std::memcpy(pCopy, text.data(), text.size());
+    }
+    return pCopy;
+}
+
+/// The source and codec of a table's rows, for traces.
+Place placeOf(const Table& table, const Field& field)
+{
+    return {table.file, field.line, table.name};
+}
+
+int writeMember(const Table& table, const Field& field, std::string_view value, QvInitializationSection_t* pSection)
+{
+    const Place place = placeOf(table, field);
+    QvInitializationMember_t* pMember = nullptr;
+    int status = QvInitializationMember_create(&pMember);
+    if (status != kSuccess) {
+        return traceFailure(place, status);
+    }
+    // Without memory for a text the member in hand is not released.
+    pMember->pKey = duplicate(field.key);
+    if (pMember->pKey == nullptr) {
+        return traceFailure(place, kNoMemory);
+    }
+    pMember->pValue = duplicate(value);
+    if (pMember->pValue == nullptr) {
+        return traceFailure(place, kNoMemory);
+    }
+    void* pElement = pMember;
+    status = QvCommonDQueue_pushBack(pSection->hMember, &pElement);
+    if (status != kSuccess) {
+        QvInitializationMember_delete(&pMember);
+        return traceFailure(place, status);
+    }
+    return kSuccess;
+}
+
+} // namespace
+
+int readSection(const Table& table, QvInitializationSection_t* pSection, void* pRecord)
+{
+    char* pBegin = static_cast<char*>(pRecord);
+    const std::size_t number = QvCommonDQueue_length(pSection->hMember);
+    for (std::size_t i = 0; i < number; ++i) {
+        void* pElement = nullptr;
+        int status = QvCommonDQueue_popFront(pSection->hMember, &pElement);
+        if (status != kSuccess) {
+            return traceFailure(placeOf(table, table.rows.front()), status);
+        }
+        auto* pMember = static_cast<QvInitializationMember_t*>(pElement);
+        for (const Field& field : table.rows) {
+            if (QvCommonArgument_match(pMember->pKey, field.key) && pMember->pValue != nullptr) {
+                readValue(field, pMember->pValue, pBegin + field.offset, table.size - field.offset);
+            }
+        }
+        status = QvCommonDQueue_pushBack(pSection->hMember, &pElement);
+        if (status != kSuccess) {
+            QvInitializationMember_delete(&pMember);
+            return traceFailure(placeOf(table, table.rows.front()), status);
+        }
+    }
+    return kSuccess;
+}
+
+int writeSection(const Table& table, const void* pRecord, QvInitializationSection_t* pSection)
+{
+    const char* pBegin = static_cast<const char*>(pRecord);
+    for (const Field& field : table.rows) {
+        char digits[24];
+        const std::string_view value = writtenValue(field, pBegin + field.offset, table.size - field.offset, digits);
+        const int status = writeMember(table, field, value, pSection);
+        if (status != kSuccess) {
+            return status;
+        }
+    }
+    return kSuccess;
+}
+
+} // namespace qv::database
