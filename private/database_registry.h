@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+
+#include <qv_database_c/qv_database.h>
+
+#include "database_base_private.h"
+
+namespace qv::database {
+
+/// One registration: a key and what it takes to make its record.
+struct Category {
+    const char* key;
+    const char* record;          ///< name of the C type
+    std::size_t size;            ///< bytes of the record, here and in a binary image
+    int (*reset)(void* pRecord); ///< puts the defaults in; 13 for null
+};
+
+/// All registrations in their order. Two keys stand twice.
+std::span<const Category> categories();
+
+/// The first registration under a key; null if there is none.
+const Category* findCategory(const char* pKey);
+
+/// Makes a record for each category, puts its defaults in and adds it to the map. What was added stays on a failure.
+int registerCategories(const Context_t* pContext);
+
+/// The map's handler: releases one record. 13 when there is none.
+int freeObject(void** ppConfig);
+
+/// The record under a key straight from the map, for who must not go through a query. 0 or the map's status.
+int findRecord(const Context_t* pContext, const char* pKey, void** ppRecord);
+
+/// Queries a record and types it.
+template <class R>
+int queryRecord(QvDatabaseHandle_t handle, const char* pKey, R** ppRecord)
+{
+    void* pData = nullptr;
+    const int status = QvDatabase_query(handle, pKey, &pData);
+    *ppRecord = static_cast<R*>(pData);
+    return status;
+}
+
+} // namespace qv::database
