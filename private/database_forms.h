@@ -3,6 +3,7 @@
 // Every table there is, by the document it belongs to. A table is defined in the source of its record or codec; whoever
 // wants to walk the forms as data (to list, check or compare them) begins at forms().
 
+#include <cstdint>
 #include <span>
 
 #include <qv_database_c/database_2d_noise_reduction_5_2.h>
@@ -134,6 +135,15 @@ extern const TableOf<QvDatabaseAutoExposureStatistics_2_t> kAutoExposureStatisti
 } // namespace tuning
 
 namespace simulator {
+
+/// A rectangle as the list of four numbers that stands in the document: x, y, width, height. Its elements have 16 bits
+/// when read and 32 when written; the values are the same.
+struct Windows {
+    std::uint16_t read[4];
+    std::uint32_t written[4];
+};
+
+extern const TableOf<Windows> kWindows;
 extern const TableOf<QvDatabaseAuto2DNoiseReduction_5_2_t> kAuto2DNoiseReduction_5_2;
 extern const TableOf<QvDatabaseAuto3DNoiseReduction_2_1_t> kAuto3DNoiseReduction_2_1;
 extern const TableOf<QvDatabaseAutoExposure_3_t> kAutoExposure_3;

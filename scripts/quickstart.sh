@@ -5,6 +5,7 @@ cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
 install_packages "${build_packages[@]}"
+echo "building into build/release (a minute or two)"
 cmake --preset release -DQV_TESTS=OFF >/dev/null
 cmake --build --preset release | { grep -v '^\[' || true; }
 

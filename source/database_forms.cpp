@@ -106,6 +106,7 @@ constexpr Form kForms[] = {
     {"simulator", "RGBIR_1_1", &simulator::kRgbInfraredRadiation_1_1},
     {"simulator", "WB_1_1", &simulator::kWhiteBalance_1_1},
     {"simulator", "WDR_5_2_1", &simulator::kWideDynamicRange_5_2_1},
+    {"simulator", "AES_2", &simulator::kWindows},
     {"simulator", "MISC", &simulator::kMisc},
     {"simulator", "MD", &simulator::kMetaDriver},
     {"simulator", "MT", &simulator::kMeta},

@@ -1,5 +1,3 @@
-#include <cstdint>
-
 #include <qv_database_c/database_auto_exposure_statistics_2.h>
 #include <qv_database_c/protocol_simulator.h>
 
@@ -17,13 +15,6 @@ constexpr Field kRows[] = {
     QV_FIELD(inputSelect),
 };
 
-// The rectangle travels as a list of four numbers: x, y, width, height. Its elements have 16 bits when read and 32 when
-// written; the values are the same.
-struct Windows {
-    std::uint16_t read[4];
-    std::uint32_t written[4];
-};
-
 namespace windows {
 using Record = Windows;
 
@@ -32,13 +23,15 @@ constexpr Field kRows[] = {
     QV_FIELD_KEY(written, "windows").writeOnly(),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseProtocolSimulator_autoExposureStatistics_2", __FILE__, kRows};
 } // namespace windows
 
 } // namespace
 
 constinit const TableOf<Record> kAutoExposureStatistics_2{"QvDatabaseProtocolSimulator_autoExposureStatistics_2",
                                                           __FILE__, kRows};
+
+constinit const TableOf<Windows> kWindows{"QvDatabaseProtocolSimulator_autoExposureStatistics_2", __FILE__,
+                                          windows::kRows};
 
 } // namespace qv::database::simulator
 
@@ -54,7 +47,7 @@ int QvDatabaseProtocolSimulator_autoExposureStatistics_2_parse(QvJsonValue_t* pV
     // Unlike every other field, the rectangle doesn't keep its value when the document lacks it: what is missing is
     // zero.
     simulator::Windows windows{};
-    readTable(simulator::windows::kTable, pValue, &windows);
+    readTable(simulator::kWindows, pValue, &windows);
     pConfig->rectangle.offset.x = windows.read[0];
     pConfig->rectangle.offset.y = windows.read[1];
     pConfig->rectangle.width = windows.read[2];
@@ -71,5 +64,5 @@ int QvDatabaseProtocolSimulator_autoExposureStatistics_2_serialize(QvDatabaseAut
     }
     const QvDatabaseRectangle_t& rectangle = pConfig->rectangle;
     const simulator::Windows windows{{}, {rectangle.offset.x, rectangle.offset.y, rectangle.width, rectangle.height}};
-    return writeTable(simulator::windows::kTable, &windows, pValue);
+    return writeTable(simulator::kWindows, &windows, pValue);
 }

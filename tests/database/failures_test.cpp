@@ -1,0 +1,79 @@
+#include <qv_database_c/database_calibration.h>
+#include <qv_database_c/database_green_equilibration.h>
+#include <qv_database_c/database_meta.h>
+
+#include "test_support.h"
+
+using namespace qv::test;
+
+namespace {
+
+TEST(Failures, aCalibrationListOverCapacityKeepsWhatWasReadBeforeIt)
+{
+    const Database database;
+    auto& calibration = database.record<QvDatabaseCalibration_t>("CLB");
+    auto& green = database.record<QvDatabaseGreenEquilibration_t>("GE");
+    const Traces traces;
+    // The header is whole but for its last list, and what comes after that is not reached.
+    EXPECT_EQ(database.loadText(R"({"header": {"creator": "me", "resolution": [{"width": 640, "framerate": [{"fps": 1},
+        {"fps": 2}, {"fps": 3}, {"fps": 4}, {"fps": 5}, {"fps": 6}]}]}, "system": {"AFPS": {"aFpsDefault": "30"}},
+        "root": [{"driver": [{"class": "CGreenEqu", "threshold": 8.5}]}], "tuning": {"GE": {"threshold": 2.5}}})"),
+              6);
+    EXPECT_STREQ(calibration.header.creator, "me");
+    EXPECT_EQ(calibration.header.resolutions[0].width, 640);
+    EXPECT_EQ(calibration.header.resolutions[0].framerateNumber, 6);
+    EXPECT_EQ(calibration.header.resolutions[0].framerate[0].fps, 0.0F);
+    EXPECT_STREQ(calibration.system.afpsDefault, "");
+    EXPECT_FALSE(calibration.isLoaded);
+    EXPECT_EQ(green.threshold, 8.5F);
+    EXPECT_EQ(traces.count(QvCommonTracerLevel_Error, "calibration_textParse: too short or over capacity(6)"), 1U);
+    EXPECT_EQ(traces.count(QvCommonTracerLevel_Error, "QvDatabase_load: too short or over capacity(6)"), 1U);
+}
+
+TEST(Failures, aCountLeftTooLargeIsFollowedInsideTheRecordOnly)
+{
+    const Database database;
+    auto& calibration = database.record<QvDatabaseCalibration_t>("CLB");
+    std::string sections = "{}";
+    for (int i = 1; i < 255; ++i) {
+        sections += ",{}";
+    }
+    const Traces traces(QvCommonTracerLevel_Error);
+    EXPECT_EQ(database.loadText(R"({"header": {"creator": "me"}, "sensor": {"LSC": [)" + sections + "]}}"), 6);
+    EXPECT_EQ(calibration.sensor.lscNumber, 255);
+    const JsonValue document = parseJson(database.savedText()); // would read some 2 MB past the record
+    QvJsonValue_t* pSections = QvJsonValue_member(QvJsonValue_member(document.get(), "sensor"), "LSC");
+    EXPECT_EQ(QvJsonValue_size(pSections), 8U);
+    EXPECT_EQ(QvDatabase_info(database.handle()), 0);
+}
+
+TEST(Failures, aTextThatBeginsLikeATagIsACalibrationThatFails)
+{
+    const Database database;
+    auto& calibration = database.record<QvDatabaseCalibration_t>("CLB");
+    const Traces traces;
+    EXPECT_EQ(database.loadText(R"({"header": {"creator": "me"}})"), 0);
+    EXPECT_EQ(database.loadText("<header/>"), 7);
+    EXPECT_FALSE(calibration.isLoaded);
+    EXPECT_STREQ(calibration.header.creator, "");
+    EXPECT_EQ(traces.count(QvCommonTracerLevel_Error, "calibration_textParse: syntax error(7)"), 1U);
+}
+
+TEST(Failures, metadataThatCannotBeReadTouchesNothing)
+{
+    const Database database;
+    const TemporaryFolder folder;
+    auto& meta = database.record<QvDatabaseMeta_t>("MT");
+    const Traces traces;
+    writeFile(folder / "broken", R"({"chipId": 5)");
+    writeFile(folder / "odd", R"({"chipId": 6, "root": 5})"); // no metadata under root: the plain form
+    EXPECT_EQ(QvDatabase_metaLoad(database.handle(), (folder / "none").c_str()), 3);
+    EXPECT_EQ(QvDatabase_metaLoad(database.handle(), (folder / "broken").c_str()), 7);
+    EXPECT_EQ(meta.chipId, 0U);
+    EXPECT_EQ(QvDatabase_metaLoad(database.handle(), (folder / "odd").c_str()), 0);
+    EXPECT_EQ(meta.chipId, 6U);
+    EXPECT_EQ(traces.count(QvCommonTracerLevel_Error, "QvDatabase_metaLoad: file not found(3)"), 1U);
+    EXPECT_EQ(traces.count(QvCommonTracerLevel_Error, "QvDatabase_metaLoad: syntax error(7)"), 1U);
+}
+
+} // namespace

@@ -1,0 +1,117 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <qv_common_c/common_tracer.h>
+#include <qv_database_c/qv_database.h>
+#include <qv_json_c/qv_json.h>
+
+namespace qv::test
+{
+
+/// A line that the library traced: level and text with prefix, without the line end.
+struct TraceLine {
+    QvCommonTracerLevel_t level;
+    std::string text;
+};
+
+/// Catches all traces from its making to its end.
+class Traces
+{
+public:
+    explicit Traces(QvCommonTracerLevel_t level = QvCommonTracerLevel_Debug);
+    ~Traces();
+    Traces(const Traces&) = delete;
+    Traces& operator=(const Traces&) = delete;
+
+    const std::vector<TraceLine>& lines() const { return lines_; }
+    /// How many lines of a level hold a text.
+    std::size_t count(QvCommonTracerLevel_t level, const std::string& text = "") const;
+    void clear() { lines_.clear(); }
+
+private:
+    std::vector<TraceLine> lines_;
+};
+
+/// An open database that closes itself.
+class Database
+{
+public:
+    Database();
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    QvDatabaseHandle_t handle() const { return handle_; }
+
+    template <class Record>
+    Record& record(const char* pKey) const
+    {
+        void* pData = nullptr;
+        EXPECT_EQ(QvDatabase_query(handle_, pKey, &pData), 0) << pKey;
+        return *static_cast<Record*>(pData);
+    }
+
+    int load(const std::filesystem::path& file) const { return QvDatabase_load(handle_, file.c_str()); }
+    int save(const std::filesystem::path& file) const { return QvDatabase_save(handle_, file.c_str()); }
+    /// Loads a text as the content of a file with this name.
+    int loadText(const std::string& text, const std::string& name = "text.json") const;
+    /// What a save under this name writes.
+    std::string savedText(const std::string& name = "text.json") const;
+
+private:
+    QvDatabaseHandle_t handle_ = 0;
+};
+
+/// A folder of its own for each test, removed at the end.
+class TemporaryFolder
+{
+public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
+
+private:
+    std::filesystem::path path_;
+};
+
+struct DeleteValue {
+    void operator()(QvJsonValue_t* pValue) const { QvJsonValue_delete(&pValue); }
+};
+using JsonValue = std::unique_ptr<QvJsonValue_t, DeleteValue>;
+
+/// The tree of a text; a test that hands in broken text fails.
+JsonValue parseJson(const std::string& text);
+/// A tree as text, with the decimals and the indent that the database writes.
+std::string jsonText(QvJsonValue_t* pValue);
+
+/// What a serializer writes into an empty object.
+template <class Record>
+std::string serialized(int (*pSerialize)(Record*, QvJsonValue_t*), Record& record)
+{
+    JsonValue value = parseJson("{}");
+    EXPECT_EQ(pSerialize(&record, value.get()), 0);
+    return jsonText(value.get());
+}
+
+/// Reads a text with a parser; gives its status.
+template <class Record>
+int parsed(int (*pParse)(QvJsonValue_t*, Record*), const std::string& text, Record& record)
+{
+    return pParse(parseJson(text).get(), &record);
+}
+
+std::string readFile(const std::filesystem::path& file);
+void writeFile(const std::filesystem::path& file, const std::string& content);
+
+/// The sample document and its companions in the tree.
+std::filesystem::path sample(const std::string& name);
+
+} // namespace qv::test
