@@ -1,6 +1,8 @@
 #include <qv_database_c/database_calibration.h>
 #include <qv_database_c/database_green_equilibration.h>
+#include <qv_database_c/database_lens_shading_correction_4.h>
 #include <qv_database_c/database_meta.h>
+#include <qv_database_c/database_ram.h>
 
 #include "test_support.h"
 
@@ -57,6 +59,45 @@ TEST(Failures, aTextThatBeginsLikeATagIsACalibrationThatFails)
     EXPECT_FALSE(calibration.isLoaded);
     EXPECT_STREQ(calibration.header.creator, "");
     EXPECT_EQ(traces.count(QvCommonTracerLevel_Error, "calibration_textParse: syntax error(7)"), 1U);
+}
+
+TEST(Failures, anImageOfAnythingSavesAsADocumentOfBoundedSize)
+{
+    const Database database;
+    const Traces traces(QvCommonTracerLevel_Error);
+    // Counters of 255 inside lists of 255, and not one text that ends.
+    EXPECT_EQ(database.loadText(std::string(564730, '\xFF'), "image.bin"), 0);
+    EXPECT_LT(database.savedText().size(), 50'000'000U);
+}
+
+TEST(Failures, aShadingTableThatIsMissingKeepsThoseBeforeIt)
+{
+    QvDatabaseLensShadingCorrection_4_t record{};
+    std::string text = "LSC_SECT_SIZE_X [1] LSC_SECT_SIZE_Y [2] LSC_SAMPLES_red [3] LSC_SAMPLES_greenAtRedLine [4] "
+                       "LSC_SAMPLES_greenAtBlueLine [5] LSC_SAMPLES_blue 6]";
+    QvCommonBuffer_t buffer{};
+    buffer.pBegin = text.data();
+    buffer.size = text.size();
+    const Traces traces;
+    EXPECT_EQ(QvDatabaseLensShadingCorrection_4_parse2(&buffer, &record), 15);
+    EXPECT_EQ(record.xSize[0] * 10000 + record.ySize[0] * 1000 + record.matrix[0][0] * 100 + record.matrix[1][0] * 10 +
+                  record.matrix[2][0],
+              12345);
+    EXPECT_EQ(record.matrix[3][0], 0);
+    EXPECT_EQ(traces.count(QvCommonTracerLevel_Error, "key or bracket not found(15)"), 2U);
+}
+
+TEST(Failures, aQueueThatTheApplicationClosedDoesNotKeepTheDatabaseOpen)
+{
+    QvDatabaseOpenParam_t param{};
+    QvDatabaseHandle_t handle = 0;
+    const Traces traces;
+    ASSERT_EQ(QvDatabase_open(&param, &handle), 0);
+    void* pRam = nullptr;
+    ASSERT_EQ(QvDatabase_query(handle, "RAM", &pRam), 0);
+    EXPECT_EQ(QvDatabaseRam_reset(static_cast<QvDatabaseRam_t*>(pRam)), 0);
+    EXPECT_EQ(QvDatabase_close(&handle), 0);
+    EXPECT_EQ(handle, 0U);
 }
 
 TEST(Failures, metadataThatCannotBeReadTouchesNothing)

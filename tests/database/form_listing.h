@@ -2,8 +2,7 @@
 
 #include <string>
 
-namespace qv::test
-{
+namespace qv::test {
 
 /// Every row of every table in one text: document, category, codec, then a line a row with key, element, extents,
 /// offset, bytes and what is out of the ordinary.

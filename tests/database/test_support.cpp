@@ -123,7 +123,7 @@ std::string jsonText(QvJsonValue_t* pValue)
     EXPECT_EQ(QvJsonWriter_open(&param, &hWriter), 0);
     EXPECT_EQ(QvJsonWriter_stringify(hWriter, pValue, &pText), 0);
     EXPECT_EQ(QvJsonWriter_close(&hWriter), 0);
-    const std::string text = pText == nullptr ? "" : pText;
+    std::string text = pText == nullptr ? "" : pText;
     std::free(pText);
     return text;
 }

@@ -10,8 +10,7 @@
 #include <qv_database_c/qv_database.h>
 #include <qv_json_c/qv_json.h>
 
-namespace qv::test
-{
+namespace qv::test {
 
 /// A line that the library traced: level and text with prefix, without the line end.
 struct TraceLine {
@@ -20,8 +19,7 @@ struct TraceLine {
 };
 
 /// Catches all traces from its making to its end.
-class Traces
-{
+class Traces {
 public:
     explicit Traces(QvCommonTracerLevel_t level = QvCommonTracerLevel_Debug);
     ~Traces();
@@ -38,8 +36,7 @@ private:
 };
 
 /// An open database that closes itself.
-class Database
-{
+class Database {
 public:
     Database();
     ~Database();
@@ -68,8 +65,7 @@ private:
 };
 
 /// A folder of its own for each test, removed at the end.
-class TemporaryFolder
-{
+class TemporaryFolder {
 public:
     TemporaryFolder();
     ~TemporaryFolder();
