@@ -52,7 +52,8 @@ function(qv_library target)
         target_link_options(${target} PRIVATE -Wl,--no-undefined)
     endif()
     set_target_properties(${target} PROPERTIES
-        OUTPUT_NAME ${arg_OUTPUT} VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} LINKER_LANGUAGE CXX)
+        OUTPUT_NAME ${arg_OUTPUT} VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} LINKER_LANGUAGE CXX
+        INSTALL_RPATH "$ORIGIN")
     install(TARGETS ${target} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
     install(DIRECTORY ${arg_HEADERS}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 endfunction()
