@@ -153,13 +153,14 @@ struct Table {
     const char* file; ///< source of the rows, relative to the project
     std::span<const Field> rows;
     std::size_t size; ///< bytes of the record
+    const char* verb; ///< of the codec, where it is neither parse nor serialize; else null
 };
 
 /// A table that knows its record, so that rows and records that don't fit don't compile.
 template <class R>
 struct TableOf : Table {
-    constexpr TableOf(const char* pName, const char* pFile, std::span<const Field> fields)
-        : Table{pName, pFile, fields, sizeof(R)}
+    constexpr TableOf(const char* pName, const char* pFile, std::span<const Field> fields, const char* pVerb = nullptr)
+        : Table{pName, pFile, fields, sizeof(R), pVerb}
     {
     }
 };

@@ -26,7 +26,7 @@ constexpr Field kStatisticsRows[] = {
 constinit const TableOf<Record> kAutoExposureStatistics_2{"QvDatabaseAutoExposureStatistics_2", __FILE__, kRows};
 
 constinit const TableOf<Record> kAutoExposureStatistics_2Results{"QvDatabaseAutoExposureStatistics_2", __FILE__,
-                                                                 kStatisticsRows};
+                                                                 kStatisticsRows, "statistics"};
 
 } // namespace qv::database::tuning
 

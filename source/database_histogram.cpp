@@ -21,7 +21,7 @@ constexpr Field kResultRows[] = {
 } // namespace
 
 constinit const TableOf<Record> kHistogram{"QvDatabaseHistogram", __FILE__, kRows};
-constinit const TableOf<Record> kHistogramResults{"QvDatabaseHistogram", __FILE__, kResultRows};
+constinit const TableOf<Record> kHistogramResults{"QvDatabaseHistogram", __FILE__, kResultRows, "statistics"};
 
 } // namespace qv::database::tuning
 

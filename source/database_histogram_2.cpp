@@ -22,7 +22,7 @@ constexpr Field kResultRows[] = {
 } // namespace
 
 constinit const TableOf<Record> kHistogram_2{"QvDatabaseHistogram_2", __FILE__, kRows};
-constinit const TableOf<Record> kHistogram_2Results{"QvDatabaseHistogram_2", __FILE__, kResultRows};
+constinit const TableOf<Record> kHistogram_2Results{"QvDatabaseHistogram_2", __FILE__, kResultRows, "statistics"};
 
 } // namespace qv::database::tuning
 

@@ -49,7 +49,7 @@ Block heapBlock(const Block& block, const Field& field, std::size_t number)
 void traceRow(const Table& table, const Field& field, const char* pVerb, int status)
 {
     char function[160];
-    std::snprintf(function, sizeof function, "%s_%s", table.name, pVerb);
+    std::snprintf(function, sizeof function, "%s_%s", table.name, table.verb != nullptr ? table.verb : pVerb);
     const Place place{table.file, field.line, function};
     if (field.element == Element::Record) {
         traceFailure(place, status);

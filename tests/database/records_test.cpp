@@ -218,6 +218,12 @@ TEST(Records, statisticsLeaveThroughWritersOfTheirOwn)
               R"({"data":)" + list(4096, "0", begin) + R"(,"type":65535})");
     EXPECT_EQ(keys(written(QvDatabaseHistogram_serialize, histogram)),
               "enable mode channel window rCoeff gCoeff bCoeff ");
+    // A number takes no member: the trace names the function that was called.
+    const Traces traces;
+    EXPECT_EQ(QvDatabaseAutoExposureStatistics_2_statistics(&exposure, parseJson("5").get()), 0);
+    EXPECT_EQ(traces.count(QvCommonTracerLevel_Debug,
+                           "QvDatabaseAutoExposureStatistics_2_statistics: (type) bad arguments(13)"),
+              1U);
 }
 
 TEST(Records, sensorListsEndAtTheirCapacitiesAndTheirCountsStandAlone)
