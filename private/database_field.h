@@ -18,7 +18,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <span>
 #include <type_traits>
 
