@@ -1,31 +1,48 @@
 #pragma once
 
-// Records of any type behind one signature, for the lists of the containers.
+// Codecs of any record behind one signature each, for the registry.
 
+#include <qv_initialization/initialization_section.h>
 #include <qv_json_c/json_value.h>
 
 namespace qv::database {
 
-/// Reads and writes one category in one kind of document.
+/// Reads and writes the record of a category in one kind of JSON document; null where the category isn't in it.
 struct Codec {
-    const char* key; ///< the category
-    int (*parse)(QvJsonValue_t* pValue, void* pRecord);
-    int (*serialize)(void* pRecord, QvJsonValue_t* pValue);
+    int (*parse)(QvJsonValue_t* pValue, void* pRecord) = nullptr;
+    int (*serialize)(void* pRecord, QvJsonValue_t* pValue) = nullptr;
 };
 
-template <class R>
-R recordOf(int (*)(QvJsonValue_t*, R*));
+/// The same for a section of the initialization document.
+struct SectionCodec {
+    int (*parse)(QvInitializationSection_t* pSection, void* pRecord) = nullptr;
+    int (*serialize)(void* pRecord, QvInitializationSection_t* pSection) = nullptr;
+};
 
-/// The row of a pair of codecs; both must be for the same record.
+template <class From, class R>
+R codecRecord(int (*)(From*, R*));
+
+/// A pair of codecs; both must be for the same record.
 template <auto kParse, auto kSerialize>
-constexpr Codec codec(const char* pKey)
+constexpr Codec makeCodec()
 {
-    using R = decltype(recordOf(kParse));
-    return {pKey, [](QvJsonValue_t* pValue, void* pRecord) { return kParse(pValue, static_cast<R*>(pRecord)); },
+    using R = decltype(codecRecord(kParse));
+    return {[](QvJsonValue_t* pValue, void* pRecord) { return kParse(pValue, static_cast<R*>(pRecord)); },
             [](void* pRecord, QvJsonValue_t* pValue) { return kSerialize(static_cast<R*>(pRecord), pValue); }};
+}
+
+template <auto kParse, auto kSerialize>
+constexpr SectionCodec makeSectionCodec()
+{
+    using R = decltype(codecRecord(kParse));
+    return {
+        [](QvInitializationSection_t* pSection, void* pRecord) { return kParse(pSection, static_cast<R*>(pRecord)); },
+        [](void* pRecord, QvInitializationSection_t* pSection) {
+            return kSerialize(static_cast<R*>(pRecord), pSection);
+        }};
 }
 
 } // namespace qv::database
 
-/// The row of the category `key` with the codecs `stem`_parse and `stem`_serialize.
-#define QV_CODEC(key, stem) ::qv::database::codec<&stem##_parse, &stem##_serialize>(key)
+/// The codecs `stem`_parse and `stem`_serialize.
+#define QV_CODEC(stem) (::qv::database::makeCodec<&stem##_parse, &stem##_serialize>())

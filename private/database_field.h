@@ -11,10 +11,10 @@
 //         QV_OBJECT(rectangle, kRectangle),
 //         QV_OBJECT(tables, kSchedule).scheduledBy(QV_COUNTER(tableNumber)),
 //     };
-//     constinit const TableOf<Record> kMisc{"QvDatabaseMisc", __FILE__, kRows};
+//     extern constinit const TableOf<Record> kMisc = QV_TABLE("QvDatabaseMisc", kRows);
 //
-// `Record` names the C record in the scope where the rows stand. Tables are data: whoever wants to list, check or
-// compare fields walks the same rows that the codecs walk.
+// QV_RECORD(type) stands before the rows and names their C record. Tables are data: whoever wants to list, check or
+// compare fields walks the same rows that the codecs walk. One row stands on a line, since a trace names its row by it.
 
 #include <cstddef>
 #include <cstdint>
@@ -36,6 +36,7 @@ enum class Element : std::uint8_t {
 /// How many elements of an array of records a document holds.
 enum class Count : std::uint8_t {
     One,      ///< a single object, no array
+    Members,  ///< a single object whose numbers the document holds as a list; those that it lacks become 0
     Fixed,    ///< every element of the array in both directions, whatever the document's length
     Whole,    ///< read as far as document and array go, written whole
     Counted,  ///< read as far as document and array go, written as far as a counter says that is a row of its own
@@ -60,7 +61,8 @@ struct Counter {
     std::uint8_t width = 0; ///< bytes; 0: there is none
 };
 
-/// One row of a table: a field of a record and the member that carries it.
+/// One row of a table: a field of a record and the member that carries it. `element` and `isSigned` are the C member's
+/// own; `written` and `isWrittenSigned` tell how the document holds it, and differ where the row says so.
 struct Field {
     const char* key = nullptr;
     const Table* table = nullptr;         ///< rows of the nested record; null for any other element
@@ -71,19 +73,21 @@ struct Field {
     std::uint16_t columns = 0;            ///< row form: a flat array that a document holds in rows of this length
     std::uint8_t rank = 0;                ///< dimensions in use
     Element element = Element::Bool;
+    Element written = Element::Bool;
     Count count = Count::One;
     Direction direction = Direction::Both;
-    bool isSigned = false; ///< an integer is written with its sign
-    bool isTwin = false;   ///< read only where the row before it is absent from the document
-    Counter counter = {};  ///< where a list's length stands
-    Counter bound = {};    ///< a reader's loop ends here instead of at the counter
+    bool isSigned = false;
+    bool isWrittenSigned = false;
+    bool isTwin = false;  ///< read only where the row before it is absent from the document
+    Counter counter = {}; ///< where a list's length stands
+    Counter bound = {};   ///< a reader's loop ends here instead of at the counter
 
     /// The member is a number in the document, taken byte by byte, whatever the field's type is.
     constexpr Field asInteger() const
     {
         Field field = *this;
-        field.element = Element::Integer;
-        field.isSigned = false;
+        field.written = Element::Integer;
+        field.isWrittenSigned = false;
         return field;
     }
     constexpr Field writtenSigned() const { return withSign(true); }
@@ -108,6 +112,13 @@ struct Field {
     }
     /// A single record that the document holds as the first item of a list.
     constexpr Field inList() const { return withCount(Count::Fixed, {}); }
+    /// A single record whose numbers stand in the document as a list, in the order of the nested table's rows.
+    constexpr Field asMembers() const
+    {
+        Field field = withCount(Count::Members, {});
+        field.written = Element::Integer;
+        return field;
+    }
     constexpr Field whole() const { return withCount(Count::Whole, {}); }
     constexpr Field countedBy(Counter by) const { return withCount(Count::Counted, by); }
     constexpr Field measuredInto(Counter into) const { return withCount(Count::Measured, into); }
@@ -128,7 +139,7 @@ private:
     constexpr Field withSign(bool value) const
     {
         Field field = *this;
-        field.isSigned = value;
+        field.isWrittenSigned = value;
         return field;
     }
     constexpr Field withDirection(Direction value) const
@@ -148,8 +159,9 @@ private:
 
 /// The form of a record: its rows in document order.
 struct Table {
-    const char* name; ///< the codec's name without its verb, for traces
-    const char* file; ///< source of the rows, relative to the project
+    const char* record; ///< name of the C type that the rows describe
+    const char* name;   ///< the codec's name without its verb, for traces
+    const char* file;   ///< source of the rows, relative to the project
     std::span<const Field> rows;
     std::size_t size; ///< bytes of the record
     const char* verb; ///< of the codec, where it is neither parse nor serialize; else null
@@ -158,11 +170,15 @@ struct Table {
 /// A table that knows its record, so that rows and records that don't fit don't compile.
 template <class R>
 struct TableOf : Table {
-    constexpr TableOf(const char* pName, const char* pFile, std::span<const Field> fields, const char* pVerb = nullptr)
-        : Table{pName, pFile, fields, sizeof(R), pVerb}
-    {
-    }
+    using Record = R;
 };
+
+template <class R>
+constexpr TableOf<R> makeTable(const char* pRecord, const char* pName, const char* pFile, std::span<const Field> rows,
+                               const char* pVerb = nullptr)
+{
+    return {{pRecord, pName, pFile, rows, sizeof(R), pVerb}};
+}
 
 template <class T>
 constexpr Element elementOf()
@@ -201,7 +217,9 @@ constexpr Field makeField(const char* pKey, std::size_t offset, int line)
     field.line = sourceLine(line);
     field.rank = static_cast<std::uint8_t>(kRank);
     field.element = elementOf<E>();
+    field.written = field.element;
     field.isSigned = std::is_signed_v<E> && std::is_integral_v<E> && !kIsText;
+    field.isWrittenSigned = field.isSigned;
     if constexpr (kIsText) {
         static_assert(std::rank_v<T> > 0, "a text needs room");
         field.width = static_cast<std::uint32_t>(std::extent_v<T, kRank>);
@@ -233,6 +251,7 @@ constexpr Field makeRecord(const char* pKey, std::size_t offset, int line,
     field.line = sourceLine(line);
     field.width = static_cast<std::uint32_t>(sizeof(std::remove_all_extents_t<T>));
     field.element = Element::Record;
+    field.written = Element::Record;
     if constexpr (std::rank_v<T> == 1) {
         field.rank = 1;
         field.extents[0] = static_cast<std::uint16_t>(std::extent_v<T, 0>);
@@ -261,6 +280,13 @@ constexpr Field makeGroup(const char* pKey, int line, const TableOf<R>& table)
 
 } // namespace qv::database
 
+/// Names the record that the rows and the table behind it describe.
+#define QV_RECORD(type)                                                                                                \
+    using Record = type;                                                                                               \
+    constexpr const char* kRecord = #type
+/// The table over rows of the record in scope; `name` is the codec's name without its verb, and a codec that is neither
+/// parse nor serialize gives its verb behind the rows.
+#define QV_TABLE(name, ...) ::qv::database::makeTable<Record>(kRecord, name, __FILE__, __VA_ARGS__)
 #define QV_FIELD_KEY(member, key)                                                                                      \
     ::qv::database::makeField<decltype(Record::member)>(key, offsetof(Record, member), __LINE__)
 #define QV_FIELD(member) QV_FIELD_KEY(member, #member)

@@ -1,28 +1,27 @@
 #pragma once
 
-#include <span>
-
 #include <qv_common_c/common_dqueue.h>
 #include <qv_initialization/initialization_section.h>
 
-#include "database_trace.h"
-
 namespace qv::database {
 
-/// Reads and writes one section of the initialization document; the section's name is the category's key.
-struct SectionCodec {
-    const char* key;
-    int (*parse)(QvInitializationSection_t* pSection, void* pRecord);
-    int (*serialize)(void* pRecord, QvInitializationSection_t* pSection);
-};
+/// The categories of the initialization document in the order of writing; a section's name is the category's key.
+inline constexpr const char* kSectionKeys[] = {"C_MODEL", "DVC", "IPT", "OPT", "SS", "TM"};
 
-/// The sections in the order of writing.
-std::span<const SectionCodec> sections();
+inline int deleteSection(void** ppElement)
+{
+    auto* pSection = static_cast<QvInitializationSection_t*>(*ppElement);
+    const int status = QvInitializationSection_delete(&pSection);
+    *ppElement = pSection;
+    return status;
+}
 
 /// A queue that owns the sections pushed to it.
-int openSections(QvCommonDQueueHandle_t* pHandle);
-
-/// A section that fails costs a line at Warning, and the walk goes on.
-void warnSection(const Place& place, int status);
+inline int openSections(QvCommonDQueueHandle_t* pHandle)
+{
+    QvCommonDQueueOpenParam_t param{};
+    param.pDeleteDataHandler = &deleteSection;
+    return QvCommonDQueue_open(&param, pHandle);
+}
 
 } // namespace qv::database

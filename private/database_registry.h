@@ -6,15 +6,32 @@
 #include <qv_database_c/qv_database.h>
 
 #include "database_base_private.h"
+#include "database_codec.h"
 
 namespace qv::database {
 
-/// One registration: a key and what it takes to make its record.
+/// One category: its key, what it takes to make its record, and the codecs of the documents that carry it.
 struct Category {
     const char* key;
     const char* record;          ///< name of the C type
     std::size_t size;            ///< bytes of the record, here and in a binary image
     int (*reset)(void* pRecord); ///< puts the defaults in; 13 for null
+    Codec tuning = {};
+    Codec simulator = {};
+    SectionCodec initialization = {};
+
+    constexpr Category simulated(Codec codec) const
+    {
+        Category category = *this;
+        category.simulator = codec;
+        return category;
+    }
+    constexpr Category sectioned(SectionCodec codec) const
+    {
+        Category category = *this;
+        category.initialization = codec;
+        return category;
+    }
 };
 
 /// All registrations in their order. Two keys stand twice.
@@ -31,6 +48,9 @@ int freeObject(void** ppConfig);
 
 /// The record under a key straight from the map, for who must not go through a query. 0 or the map's status.
 int findRecord(const Context_t* pContext, const char* pKey, void** ppRecord);
+
+/// The category under a key and its record, by a query. 0 or the query's status.
+int queryCategory(QvDatabaseHandle_t handle, const char* pKey, const Category** ppCategory, void** ppRecord);
 
 /// Queries a record and types it.
 template <class R>

@@ -12,6 +12,10 @@
 
 namespace qv::database {
 
+/// The C record of a table, as in RecordOf<decltype(kMisc)>.
+template <class T>
+using RecordOf = typename std::remove_cvref_t<T>::Record;
+
 /// Reads the members that the table names from an object into the record at pRecord. A member that is missing costs a
 /// member trace and leaves its field as it was. The result is 0, or the status of a list that is too long for its
 /// array. Nothing is stored outside the record, whatever the document holds.
@@ -59,3 +63,33 @@ int clearRecord(R* pConfig)
 }
 
 } // namespace qv::database
+
+// Functions of a record that its table says all of, a line each. Their prototypes stand in the public header, and one
+// that disagrees with the table's record is a conflicting declaration.
+
+/// `stem`_parse and `stem`_serialize: 13 for a null argument, then the table.
+#define QV_CODECS(stem, table) QV_CODECS_BY(readRecord, writeRecord, stem, table)
+/// The same for codecs whose callers answer for the arguments.
+#define QV_UNTESTED_CODECS(stem, table) QV_CODECS_BY(readTable, writeTable, stem, table)
+#define QV_CODECS_BY(read, write, stem, table)                                                                         \
+    int stem##_parse(QvJsonValue_t* pValue, ::qv::database::RecordOf<decltype(table)>* pConfig)                        \
+    {                                                                                                                  \
+        return ::qv::database::read(table, pValue, pConfig);                                                           \
+    }                                                                                                                  \
+    int stem##_serialize(::qv::database::RecordOf<decltype(table)>* pConfig, QvJsonValue_t* pValue)                    \
+    {                                                                                                                  \
+        return ::qv::database::write(table, pConfig, pValue);                                                          \
+    }
+
+/// `stem`_reset of a record whose defaults are all zero: 13 for null.
+#define QV_CLEARED_RESET(stem)                                                                                         \
+    int stem##_reset(stem##_t* pConfig)                                                                                \
+    {                                                                                                                  \
+        return ::qv::database::clearRecord(pConfig);                                                                   \
+    }
+/// `stem`_reset to defaults given as a value of the record: 13 for null.
+#define QV_DEFAULT_RESET(stem, defaults)                                                                               \
+    int stem##_reset(stem##_t* pConfig)                                                                                \
+    {                                                                                                                  \
+        return ::qv::database::resetRecord(pConfig, defaults);                                                         \
+    }

@@ -4,7 +4,7 @@
 
 #include <qv_initialization/initialization_section.h>
 
-#include "database_field.h"
+#include "database_walk.h"
 
 namespace qv::database {
 
@@ -15,3 +15,14 @@ int readSection(const Table& table, QvInitializationSection_t* pSection, void* p
 int writeSection(const Table& table, const void* pRecord, QvInitializationSection_t* pSection);
 
 } // namespace qv::database
+
+/// `stem`_parse and `stem`_serialize of a section that its table says all of. Callers answer for the arguments.
+#define QV_SECTION_CODECS(stem, table)                                                                                 \
+    int stem##_parse(QvInitializationSection_t* pSection, ::qv::database::RecordOf<decltype(table)>* pConfig)          \
+    {                                                                                                                  \
+        return ::qv::database::readSection(table, pSection, pConfig);                                                  \
+    }                                                                                                                  \
+    int stem##_serialize(::qv::database::RecordOf<decltype(table)>* pConfig, QvInitializationSection_t* pSection)      \
+    {                                                                                                                  \
+        return ::qv::database::writeSection(table, pConfig, pSection);                                                 \
+    }

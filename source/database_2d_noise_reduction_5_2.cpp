@@ -2,36 +2,36 @@
 
 #include <cstring>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabase2DNoiseReduction_5_2_t;
+QV_RECORD(QvDatabase2DNoiseReduction_5_2_t);
 
+// clang-format off
 constexpr Field kRows[] = {
-    QV_FIELD(enable),     QV_FIELD(lumaCtrolEnable), QV_FIELD(preGammaStrength), QV_FIELD(strength),   QV_FIELD(sigma),
-    QV_FIELD(sigmaRange), QV_FIELD(sigmaOffset),     QV_FIELD(lumaCurveX),       QV_FIELD(lumaCurveY),
+    QV_FIELD(enable),
+    QV_FIELD(lumaCtrolEnable),
+    QV_FIELD(preGammaStrength),
+    QV_FIELD(strength),
+    QV_FIELD(sigma),
+    QV_FIELD(sigmaRange),
+    QV_FIELD(sigmaOffset),
+    QV_FIELD(lumaCurveX),
+    QV_FIELD(lumaCurveY),
 };
+// clang-format on
 
 } // namespace
 
-constinit const TableOf<Record> k2DNoiseReduction_5_2{"QvDatabase2DNoiseReduction_5_2", __FILE__, kRows};
+extern constinit const TableOf<Record> k2DNoiseReduction_5_2 = QV_TABLE("QvDatabase2DNoiseReduction_5_2", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabase2DNoiseReduction_5_2_parse(QvJsonValue_t* pValue, QvDatabase2DNoiseReduction_5_2_t* pConfig)
-{
-    return readRecord(tuning::k2DNoiseReduction_5_2, pValue, pConfig);
-}
-
-int QvDatabase2DNoiseReduction_5_2_serialize(QvDatabase2DNoiseReduction_5_2_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::k2DNoiseReduction_5_2, pConfig, pValue);
-}
+QV_CODECS(QvDatabase2DNoiseReduction_5_2, tuning::k2DNoiseReduction_5_2)
 
 int QvDatabase2DNoiseReduction_5_2_reset(QvDatabase2DNoiseReduction_5_2_t* pConfig)
 {

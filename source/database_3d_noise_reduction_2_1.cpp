@@ -1,12 +1,11 @@
 #include <qv_database_c/database_3d_noise_reduction_2_1.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabase3DNoiseReduction_2_1_t;
+QV_RECORD(QvDatabase3DNoiseReduction_2_1_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -22,23 +21,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> k3DNoiseReduction_2_1{"QvDatabase3DNoiseReduction_2_1", __FILE__, kRows};
+extern constinit const TableOf<Record> k3DNoiseReduction_2_1 = QV_TABLE("QvDatabase3DNoiseReduction_2_1", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabase3DNoiseReduction_2_1_parse(QvJsonValue_t* pValue, QvDatabase3DNoiseReduction_2_1_t* pConfig)
-{
-    return readRecord(tuning::k3DNoiseReduction_2_1, pValue, pConfig);
-}
-
-int QvDatabase3DNoiseReduction_2_1_serialize(QvDatabase3DNoiseReduction_2_1_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::k3DNoiseReduction_2_1, pConfig, pValue);
-}
-
-int QvDatabase3DNoiseReduction_2_1_reset(QvDatabase3DNoiseReduction_2_1_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabase3DNoiseReduction_2_1, tuning::k3DNoiseReduction_2_1)
+QV_CLEARED_RESET(QvDatabase3DNoiseReduction_2_1)

@@ -291,10 +291,7 @@ int QvDatabaseAccess_objects(QvJsonValue_t* pValue, void* pData, size_t stride, 
     }
     const std::size_t number = std::min(length, QvJsonValue_size(pMember));
     for (std::size_t i = 0; i < number; ++i) {
-        const int status = pParse(QvJsonValue_item(pMember, i), static_cast<char*>(pData) + i * stride);
-        if (status != kSuccess) {
-            return QV_FAIL(status);
-        }
+        QV_TRY(pParse(QvJsonValue_item(pMember, i), static_cast<char*>(pData) + i * stride));
     }
     return kSuccess;
 }
@@ -410,19 +407,10 @@ int QvDatabaseAccess_objects_(QvJsonValue_t* pValue, void* pData, size_t stride,
     QvJsonValue_t* pList = QvJsonValue_member(pValue, pKey);
     for (std::size_t i = 0; i < length; ++i) {
         QvJsonValue_t* pItem = nullptr;
-        int status = QvJsonValue_create(QvJsonValueType_Object, &pItem);
-        if (status != kSuccess) {
-            return QV_FAIL(status);
-        }
+        QV_TRY(QvJsonValue_create(QvJsonValueType_Object, &pItem));
         // A failure leaves the item in hand to the process: callers hold no second pointer to it.
-        status = pSerialize(static_cast<char*>(pData) + i * stride, pItem);
-        if (status != kSuccess) {
-            return QV_FAIL(status);
-        }
-        status = QvJsonValue_addValueToArray(pList, &pItem);
-        if (status != kSuccess) {
-            return QV_FAIL(status);
-        }
+        QV_TRY(pSerialize(static_cast<char*>(pData) + i * stride, pItem));
+        QV_TRY(QvJsonValue_addValueToArray(pList, &pItem));
     }
     return kSuccess;
 }

@@ -1,13 +1,12 @@
 #include <qv_database_c/database_auto_3d_noise_reduction_2_1.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAuto3DNoiseReduction_2_1_Table_t;
+QV_RECORD(QvDatabaseAuto3DNoiseReduction_2_1_Table_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(gains),
@@ -21,10 +20,10 @@ constexpr Field kRows[] = {
     QV_FIELD(rangeT),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseAuto3DNoiseReduction_2_1", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseAuto3DNoiseReduction_2_1", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAuto3DNoiseReduction_2_1_t;
+QV_RECORD(QvDatabaseAuto3DNoiseReduction_2_1_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -33,23 +32,12 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAuto3DNoiseReduction_2_1{"QvDatabaseAuto3DNoiseReduction_2_1", __FILE__, kRows};
+extern constinit const TableOf<Record> kAuto3DNoiseReduction_2_1 =
+    QV_TABLE("QvDatabaseAuto3DNoiseReduction_2_1", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseAuto3DNoiseReduction_2_1_parse(QvJsonValue_t* pValue, QvDatabaseAuto3DNoiseReduction_2_1_t* pConfig)
-{
-    return readRecord(tuning::kAuto3DNoiseReduction_2_1, pValue, pConfig);
-}
-
-int QvDatabaseAuto3DNoiseReduction_2_1_serialize(QvDatabaseAuto3DNoiseReduction_2_1_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kAuto3DNoiseReduction_2_1, pConfig, pValue);
-}
-
-int QvDatabaseAuto3DNoiseReduction_2_1_reset(QvDatabaseAuto3DNoiseReduction_2_1_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseAuto3DNoiseReduction_2_1, tuning::kAuto3DNoiseReduction_2_1)
+QV_CLEARED_RESET(QvDatabaseAuto3DNoiseReduction_2_1)

@@ -1,13 +1,12 @@
 #include <qv_database_c/database_auto_black_level_subtraction.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoBlackLevelSubtractionTable_t;
+QV_RECORD(QvDatabaseAutoBlackLevelSubtractionTable_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(bls),
@@ -15,10 +14,10 @@ constexpr Field kRows[] = {
     QV_FIELD(hdr),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseAutoBlackLevelSubtraction", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseAutoBlackLevelSubtraction", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoBlackLevelSubtraction_t;
+QV_RECORD(QvDatabaseAutoBlackLevelSubtraction_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -27,23 +26,12 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoBlackLevelSubtraction{"QvDatabaseAutoBlackLevelSubtraction", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoBlackLevelSubtraction =
+    QV_TABLE("QvDatabaseAutoBlackLevelSubtraction", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseAutoBlackLevelSubtraction_parse(QvJsonValue_t* pValue, QvDatabaseAutoBlackLevelSubtraction_t* pConfig)
-{
-    return readRecord(tuning::kAutoBlackLevelSubtraction, pValue, pConfig);
-}
-
-int QvDatabaseAutoBlackLevelSubtraction_serialize(QvDatabaseAutoBlackLevelSubtraction_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kAutoBlackLevelSubtraction, pConfig, pValue);
-}
-
-int QvDatabaseAutoBlackLevelSubtraction_reset(QvDatabaseAutoBlackLevelSubtraction_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseAutoBlackLevelSubtraction, tuning::kAutoBlackLevelSubtraction)
+QV_CLEARED_RESET(QvDatabaseAutoBlackLevelSubtraction)

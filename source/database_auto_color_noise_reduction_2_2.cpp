@@ -1,23 +1,29 @@
 #include <qv_database_c/database_auto_color_noise_reduction_2_2.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoColorNoiseReduction_2_2_Table_t;
+QV_RECORD(QvDatabaseAutoColorNoiseReduction_2_2_Table_t);
 
+// clang-format off
 constexpr Field kRows[] = {
-    QV_FIELD(cnrStrength), QV_FIELD(cSigmaLayer0), QV_FIELD(cSigmaLayer1), QV_FIELD(cSigmaLayer2),
-    QV_FIELD(gains),       QV_FIELD(hdr),          QV_FIELD(textureMask),
+    QV_FIELD(cnrStrength),
+    QV_FIELD(cSigmaLayer0),
+    QV_FIELD(cSigmaLayer1),
+    QV_FIELD(cSigmaLayer2),
+    QV_FIELD(gains),
+    QV_FIELD(hdr),
+    QV_FIELD(textureMask),
 };
+// clang-format on
 
-constexpr TableOf<Record> kTable{"QvDatabaseAutoColorNoiseReduction_2_2", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseAutoColorNoiseReduction_2_2", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoColorNoiseReduction_2_2_t;
+QV_RECORD(QvDatabaseAutoColorNoiseReduction_2_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -26,24 +32,12 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoColorNoiseReduction_2_2{"QvDatabaseAutoColorNoiseReduction_2_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoColorNoiseReduction_2_2 =
+    QV_TABLE("QvDatabaseAutoColorNoiseReduction_2_2", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseAutoColorNoiseReduction_2_2_parse(QvJsonValue_t* pValue, QvDatabaseAutoColorNoiseReduction_2_2_t* pConfig)
-{
-    return readRecord(tuning::kAutoColorNoiseReduction_2_2, pValue, pConfig);
-}
-
-int QvDatabaseAutoColorNoiseReduction_2_2_serialize(QvDatabaseAutoColorNoiseReduction_2_2_t* pConfig,
-                                                    QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kAutoColorNoiseReduction_2_2, pConfig, pValue);
-}
-
-int QvDatabaseAutoColorNoiseReduction_2_2_reset(QvDatabaseAutoColorNoiseReduction_2_2_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseAutoColorNoiseReduction_2_2, tuning::kAutoColorNoiseReduction_2_2)
+QV_CLEARED_RESET(QvDatabaseAutoColorNoiseReduction_2_2)

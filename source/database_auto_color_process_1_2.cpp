@@ -1,22 +1,28 @@
 #include <qv_database_c/database_auto_color_process_1_2.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoColorProcess_1_2_Table_t;
+QV_RECORD(QvDatabaseAutoColorProcess_1_2_Table_t);
 
+// clang-format off
 constexpr Field kRows[] = {
-    QV_FIELD(gains), QV_FIELD(contrast), QV_FIELD(bright), QV_FIELD(saturation), QV_FIELD(hue), QV_FIELD(hdr),
+    QV_FIELD(gains),
+    QV_FIELD(contrast),
+    QV_FIELD(bright),
+    QV_FIELD(saturation),
+    QV_FIELD(hue),
+    QV_FIELD(hdr),
 };
+// clang-format on
 
-constexpr TableOf<Record> kTable{"QvDatabaseAutoColorProcess_1_2", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseAutoColorProcess_1_2", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoColorProcess_1_2_t;
+QV_RECORD(QvDatabaseAutoColorProcess_1_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -25,23 +31,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoColorProcess_1_2{"QvDatabaseAutoColorProcess_1_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoColorProcess_1_2 = QV_TABLE("QvDatabaseAutoColorProcess_1_2", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseAutoColorProcess_1_2_parse(QvJsonValue_t* pValue, QvDatabaseAutoColorProcess_1_2_t* pConfig)
-{
-    return readRecord(tuning::kAutoColorProcess_1_2, pValue, pConfig);
-}
-
-int QvDatabaseAutoColorProcess_1_2_serialize(QvDatabaseAutoColorProcess_1_2_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kAutoColorProcess_1_2, pConfig, pValue);
-}
-
-int QvDatabaseAutoColorProcess_1_2_reset(QvDatabaseAutoColorProcess_1_2_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseAutoColorProcess_1_2, tuning::kAutoColorProcess_1_2)
+QV_CLEARED_RESET(QvDatabaseAutoColorProcess_1_2)

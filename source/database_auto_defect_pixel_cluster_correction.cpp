@@ -1,12 +1,11 @@
 #include <qv_database_c/database_auto_defect_pixel_cluster_correction.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseAutoDefectPixelClusterCorrection_t;
+QV_RECORD(QvDatabaseAutoDefectPixelClusterCorrection_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -15,26 +14,12 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoDefectPixelClusterCorrection{"QvDatabaseAutoDefectPixelClusterCorrection",
-                                                                  __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoDefectPixelClusterCorrection =
+    QV_TABLE("QvDatabaseAutoDefectPixelClusterCorrection", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseAutoDefectPixelClusterCorrection_parse(QvJsonValue_t* pValue,
-                                                     QvDatabaseAutoDefectPixelClusterCorrection_t* pConfig)
-{
-    return readRecord(tuning::kAutoDefectPixelClusterCorrection, pValue, pConfig);
-}
-
-int QvDatabaseAutoDefectPixelClusterCorrection_serialize(QvDatabaseAutoDefectPixelClusterCorrection_t* pConfig,
-                                                         QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kAutoDefectPixelClusterCorrection, pConfig, pValue);
-}
-
-int QvDatabaseAutoDefectPixelClusterCorrection_reset(QvDatabaseAutoDefectPixelClusterCorrection_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseAutoDefectPixelClusterCorrection, tuning::kAutoDefectPixelClusterCorrection)
+QV_CLEARED_RESET(QvDatabaseAutoDefectPixelClusterCorrection)

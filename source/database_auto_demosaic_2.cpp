@@ -1,13 +1,12 @@
 #include <qv_database_c/database_auto_demosaic_2.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoDeMosaic_2_Table_t;
+QV_RECORD(QvDatabaseAutoDeMosaic_2_Table_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(gains),
@@ -31,10 +30,10 @@ constexpr Field kRows[] = {
     QV_FIELD(dmscDepurpleThr),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseAutoDeMosaic_2", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseAutoDeMosaic_2", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoDeMosaic_2_t;
+QV_RECORD(QvDatabaseAutoDeMosaic_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -43,23 +42,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoDeMosaic_2{"QvDatabaseAutoDeMosaic_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoDeMosaic_2 = QV_TABLE("QvDatabaseAutoDeMosaic_2", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseAutoDeMosaic_2_parse(QvJsonValue_t* pValue, QvDatabaseAutoDeMosaic_2_t* pConfig)
-{
-    return readRecord(tuning::kAutoDeMosaic_2, pValue, pConfig);
-}
-
-int QvDatabaseAutoDeMosaic_2_serialize(QvDatabaseAutoDeMosaic_2_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kAutoDeMosaic_2, pConfig, pValue);
-}
-
-int QvDatabaseAutoDeMosaic_2_reset(QvDatabaseAutoDeMosaic_2_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseAutoDeMosaic_2, tuning::kAutoDeMosaic_2)
+QV_CLEARED_RESET(QvDatabaseAutoDeMosaic_2)

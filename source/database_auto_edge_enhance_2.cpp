@@ -1,13 +1,12 @@
 #include <qv_database_c/database_auto_edge_enhance_2.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoEdgeEnhance_2_Table_t;
+QV_RECORD(QvDatabaseAutoEdgeEnhance_2_Table_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(gains),
@@ -24,10 +23,10 @@ constexpr Field kRows[] = {
     QV_FIELD(hdr).readWhileWriting(), // a saved row holds it empty, so that a load keeps the flag
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseAutoEdgeEnhance_2", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseAutoEdgeEnhance_2", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoEdgeEnhance_2_t;
+QV_RECORD(QvDatabaseAutoEdgeEnhance_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -36,26 +35,14 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoEdgeEnhance_2{"QvDatabaseAutoEdgeEnhance_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoEdgeEnhance_2 = QV_TABLE("QvDatabaseAutoEdgeEnhance_2", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseAutoEdgeEnhance_2_parse(QvJsonValue_t* pValue, QvDatabaseAutoEdgeEnhance_2_t* pConfig)
-{
-    return readRecord(tuning::kAutoEdgeEnhance_2, pValue, pConfig);
-}
-
-int QvDatabaseAutoEdgeEnhance_2_serialize(QvDatabaseAutoEdgeEnhance_2_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kAutoEdgeEnhance_2, pConfig, pValue);
-}
-
-int QvDatabaseAutoEdgeEnhance_2_reset(QvDatabaseAutoEdgeEnhance_2_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseAutoEdgeEnhance_2, tuning::kAutoEdgeEnhance_2)
+QV_CLEARED_RESET(QvDatabaseAutoEdgeEnhance_2)
 
 int QvDatabaseAutoEdgeEnhance_2_dataChanged(QvDatabaseAutoEdgeEnhance_2_t* pConfig)
 {

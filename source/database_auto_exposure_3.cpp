@@ -1,12 +1,11 @@
 #include <qv_database_c/database_auto_exposure_3.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseAutoExposure_3_t;
+QV_RECORD(QvDatabaseAutoExposure_3_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -42,23 +41,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoExposure_3{"QvDatabaseAutoExposure_3", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoExposure_3 = QV_TABLE("QvDatabaseAutoExposure_3", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseAutoExposure_3_parse(QvJsonValue_t* pValue, QvDatabaseAutoExposure_3_t* pConfig)
-{
-    return readRecord(tuning::kAutoExposure_3, pValue, pConfig);
-}
-
-int QvDatabaseAutoExposure_3_serialize(QvDatabaseAutoExposure_3_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kAutoExposure_3, pConfig, pValue);
-}
-
-int QvDatabaseAutoExposure_3_reset(QvDatabaseAutoExposure_3_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseAutoExposure_3, tuning::kAutoExposure_3)
+QV_CLEARED_RESET(QvDatabaseAutoExposure_3)

@@ -1,12 +1,12 @@
 #include <qv_database_c/database_auto_exposure_statistics_2.h>
 
-#include "database_forms.h"
+#include "database_values.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseAutoExposureStatistics_2_t;
+QV_RECORD(QvDatabaseAutoExposureStatistics_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -23,29 +23,18 @@ constexpr Field kStatisticsRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoExposureStatistics_2{"QvDatabaseAutoExposureStatistics_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoExposureStatistics_2 =
+    QV_TABLE("QvDatabaseAutoExposureStatistics_2", kRows);
 
-constinit const TableOf<Record> kAutoExposureStatistics_2Results{"QvDatabaseAutoExposureStatistics_2", __FILE__,
-                                                                 kStatisticsRows, "statistics"};
+extern constinit const TableOf<Record> kAutoExposureStatistics_2Results =
+    QV_TABLE("QvDatabaseAutoExposureStatistics_2", kStatisticsRows, "statistics");
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseAutoExposureStatistics_2_parse(QvJsonValue_t* pValue, QvDatabaseAutoExposureStatistics_2_t* pConfig)
-{
-    return readRecord(tuning::kAutoExposureStatistics_2, pValue, pConfig);
-}
-
-int QvDatabaseAutoExposureStatistics_2_serialize(QvDatabaseAutoExposureStatistics_2_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kAutoExposureStatistics_2, pConfig, pValue);
-}
-
-int QvDatabaseAutoExposureStatistics_2_reset(QvDatabaseAutoExposureStatistics_2_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseAutoExposureStatistics_2, tuning::kAutoExposureStatistics_2)
+QV_CLEARED_RESET(QvDatabaseAutoExposureStatistics_2)
 
 int QvDatabaseAutoExposureStatistics_2_statistics(QvDatabaseAutoExposureStatistics_2_t* pConfig, QvJsonValue_t* pValue)
 {

@@ -1,12 +1,11 @@
 #include <qv_database_c/database_auto_focus_measurement.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseAutoFocusMeasurement_t;
+QV_RECORD(QvDatabaseAutoFocusMeasurement_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -17,23 +16,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoFocusMeasurement{"QvDatabaseAutoFocusMeasurement", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoFocusMeasurement = QV_TABLE("QvDatabaseAutoFocusMeasurement", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseAutoFocusMeasurement_parse(QvJsonValue_t* pValue, QvDatabaseAutoFocusMeasurement_t* pConfig)
-{
-    return readRecord(tuning::kAutoFocusMeasurement, pValue, pConfig);
-}
-
-int QvDatabaseAutoFocusMeasurement_serialize(QvDatabaseAutoFocusMeasurement_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kAutoFocusMeasurement, pConfig, pValue);
-}
-
-int QvDatabaseAutoFocusMeasurement_reset(QvDatabaseAutoFocusMeasurement_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseAutoFocusMeasurement, tuning::kAutoFocusMeasurement)
+QV_CLEARED_RESET(QvDatabaseAutoFocusMeasurement)

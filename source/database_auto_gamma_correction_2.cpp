@@ -1,13 +1,12 @@
 #include <qv_database_c/database_auto_gamma_correction_2.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoGammaCorrection_2_Table_t;
+QV_RECORD(QvDatabaseAutoGammaCorrection_2_Table_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(curve),
@@ -15,10 +14,10 @@ constexpr Field kRows[] = {
     QV_FIELD(hdr),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseAutoGammaCorrection_2", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseAutoGammaCorrection_2", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoGammaCorrection_2_t;
+QV_RECORD(QvDatabaseAutoGammaCorrection_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -27,23 +26,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoGammaCorrection_2{"QvDatabaseAutoGammaCorrection_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoGammaCorrection_2 = QV_TABLE("QvDatabaseAutoGammaCorrection_2", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseAutoGammaCorrection_2_parse(QvJsonValue_t* pValue, QvDatabaseAutoGammaCorrection_2_t* pConfig)
-{
-    return readRecord(tuning::kAutoGammaCorrection_2, pValue, pConfig);
-}
-
-int QvDatabaseAutoGammaCorrection_2_serialize(QvDatabaseAutoGammaCorrection_2_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kAutoGammaCorrection_2, pConfig, pValue);
-}
-
-int QvDatabaseAutoGammaCorrection_2_reset(QvDatabaseAutoGammaCorrection_2_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseAutoGammaCorrection_2, tuning::kAutoGammaCorrection_2)
+QV_CLEARED_RESET(QvDatabaseAutoGammaCorrection_2)

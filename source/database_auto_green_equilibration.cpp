@@ -1,13 +1,12 @@
 #include <qv_database_c/database_auto_green_equilibration.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoGreenEquilibration_Table_t;
+QV_RECORD(QvDatabaseAutoGreenEquilibration_Table_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(hdr),
@@ -15,10 +14,10 @@ constexpr Field kRows[] = {
     QV_FIELD(threshold),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseAutoGreenEquilibration", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseAutoGreenEquilibration", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoGreenEquilibration_t;
+QV_RECORD(QvDatabaseAutoGreenEquilibration_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -27,23 +26,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoGreenEquilibration{"QvDatabaseAutoGreenEquilibration", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoGreenEquilibration = QV_TABLE("QvDatabaseAutoGreenEquilibration", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseAutoGreenEquilibration_parse(QvJsonValue_t* pValue, QvDatabaseAutoGreenEquilibration_t* pConfig)
-{
-    return readRecord(tuning::kAutoGreenEquilibration, pValue, pConfig);
-}
-
-int QvDatabaseAutoGreenEquilibration_serialize(QvDatabaseAutoGreenEquilibration_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kAutoGreenEquilibration, pConfig, pValue);
-}
-
-int QvDatabaseAutoGreenEquilibration_reset(QvDatabaseAutoGreenEquilibration_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseAutoGreenEquilibration, tuning::kAutoGreenEquilibration)
+QV_CLEARED_RESET(QvDatabaseAutoGreenEquilibration)

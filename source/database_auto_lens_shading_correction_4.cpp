@@ -1,13 +1,12 @@
 #include <qv_database_c/database_auto_lens_shading_correction_4.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoLensShadingCorrection_4_Table_t;
+QV_RECORD(QvDatabaseAutoLensShadingCorrection_4_Table_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(gains),
@@ -15,10 +14,10 @@ constexpr Field kRows[] = {
     QV_FIELD(hdr),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseAutoLensShadingCorrection_4", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseAutoLensShadingCorrection_4", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoLensShadingCorrection_4_t;
+QV_RECORD(QvDatabaseAutoLensShadingCorrection_4_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -29,24 +28,12 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoLensShadingCorrection_4{"QvDatabaseAutoLensShadingCorrection_4", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoLensShadingCorrection_4 =
+    QV_TABLE("QvDatabaseAutoLensShadingCorrection_4", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseAutoLensShadingCorrection_4_parse(QvJsonValue_t* pValue, QvDatabaseAutoLensShadingCorrection_4_t* pConfig)
-{
-    return readRecord(tuning::kAutoLensShadingCorrection_4, pValue, pConfig);
-}
-
-int QvDatabaseAutoLensShadingCorrection_4_serialize(QvDatabaseAutoLensShadingCorrection_4_t* pConfig,
-                                                    QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kAutoLensShadingCorrection_4, pConfig, pValue);
-}
-
-int QvDatabaseAutoLensShadingCorrection_4_reset(QvDatabaseAutoLensShadingCorrection_4_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseAutoLensShadingCorrection_4, tuning::kAutoLensShadingCorrection_4)
+QV_CLEARED_RESET(QvDatabaseAutoLensShadingCorrection_4)

@@ -1,13 +1,12 @@
 #include <qv_database_c/database_auto_wide_dynamic_range_5_2_1.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoWideDynamicRange_5_2_1_Table_t;
+QV_RECORD(QvDatabaseAutoWideDynamicRange_5_2_1_Table_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(gain),
@@ -43,10 +42,10 @@ constexpr Field kRows[] = {
     QV_FIELD(hdr),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseAutoWideDynamicRange_5_2_1", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseAutoWideDynamicRange_5_2_1", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoWideDynamicRange_5_2_1_t;
+QV_RECORD(QvDatabaseAutoWideDynamicRange_5_2_1_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -55,24 +54,12 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoWideDynamicRange_5_2_1{"QvDatabaseAutoWideDynamicRange_5_2_1", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoWideDynamicRange_5_2_1 =
+    QV_TABLE("QvDatabaseAutoWideDynamicRange_5_2_1", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseAutoWideDynamicRange_5_2_1_parse(QvJsonValue_t* pValue, QvDatabaseAutoWideDynamicRange_5_2_1_t* pConfig)
-{
-    return readRecord(tuning::kAutoWideDynamicRange_5_2_1, pValue, pConfig);
-}
-
-int QvDatabaseAutoWideDynamicRange_5_2_1_serialize(QvDatabaseAutoWideDynamicRange_5_2_1_t* pConfig,
-                                                   QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kAutoWideDynamicRange_5_2_1, pConfig, pValue);
-}
-
-int QvDatabaseAutoWideDynamicRange_5_2_1_reset(QvDatabaseAutoWideDynamicRange_5_2_1_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseAutoWideDynamicRange_5_2_1, tuning::kAutoWideDynamicRange_5_2_1)
+QV_CLEARED_RESET(QvDatabaseAutoWideDynamicRange_5_2_1)

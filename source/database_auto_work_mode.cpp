@@ -1,12 +1,11 @@
 #include <qv_database_c/database_auto_work_mode.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseAutoWorkMode_t;
+QV_RECORD(QvDatabaseAutoWorkMode_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(autoWorkMode),
@@ -14,23 +13,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoWorkMode{"QvDatabaseAutoWorkMode", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoWorkMode = QV_TABLE("QvDatabaseAutoWorkMode", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseAutoWorkMode_parse(QvJsonValue_t* pValue, QvDatabaseAutoWorkMode_t* pConfig)
-{
-    return readRecord(tuning::kAutoWorkMode, pValue, pConfig);
-}
-
-int QvDatabaseAutoWorkMode_serialize(QvDatabaseAutoWorkMode_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kAutoWorkMode, pConfig, pValue);
-}
-
-int QvDatabaseAutoWorkMode_reset(QvDatabaseAutoWorkMode_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseAutoWorkMode, tuning::kAutoWorkMode)
+QV_CLEARED_RESET(QvDatabaseAutoWorkMode)

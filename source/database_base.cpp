@@ -1,13 +1,13 @@
 #include <qv_database_c/database_base.h>
 
-#include "database_forms.h"
+#include "database_values.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace gain {
-using Record = QvDatabaseGain_t;
+QV_RECORD(QvDatabaseGain_t);
 
 // The documents hold the bit patterns of these floats as integers.
 constexpr Field kRows[] = {
@@ -16,44 +16,52 @@ constexpr Field kRows[] = {
     QV_FIELD(greenRed).asInteger(),
     QV_FIELD(red).asInteger(),
 };
+
+constexpr auto kTable = QV_TABLE("QvDatabaseGain", kRows);
 } // namespace gain
 
 namespace point {
-using Record = QvDatabasePoint_t;
+QV_RECORD(QvDatabasePoint_t);
 
 // Unsigned in the record, yet 32768 and above go out as negative numbers.
 constexpr Field kRows[] = {
     QV_FIELD(x).writtenSigned(),
     QV_FIELD(y).writtenSigned(),
 };
+
+constexpr auto kTable = QV_TABLE("QvDatabasePoint", kRows);
 } // namespace point
 
 namespace range {
-using Record = QvDatabaseRange_t;
+QV_RECORD(QvDatabaseRange_t);
 
 // One key for both fields, and bit patterns as above; the key "min" is not in use.
 constexpr Field kRows[] = {
     QV_FIELD(max).asInteger(),
     QV_FIELD_KEY(min, "max").asInteger(),
 };
+
+constexpr auto kTable = QV_TABLE("QvDatabaseRange", kRows);
 } // namespace range
 
 namespace rectangle {
-using Record = QvDatabaseRectangle_t;
+QV_RECORD(QvDatabaseRectangle_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(height),
     QV_OBJECT(offset, kPoint),
     QV_FIELD(width),
 };
+
+constexpr auto kTable = QV_TABLE("QvDatabaseRectangle", kRows);
 } // namespace rectangle
 
 } // namespace
 
-constinit const TableOf<QvDatabaseGain_t> kGain{"QvDatabaseGain", __FILE__, gain::kRows};
-constinit const TableOf<QvDatabasePoint_t> kPoint{"QvDatabasePoint", __FILE__, point::kRows};
-constinit const TableOf<QvDatabaseRange_t> kRange{"QvDatabaseRange", __FILE__, range::kRows};
-constinit const TableOf<QvDatabaseRectangle_t> kRectangle{"QvDatabaseRectangle", __FILE__, rectangle::kRows};
+extern constinit const TableOf<QvDatabaseGain_t> kGain = gain::kTable;
+extern constinit const TableOf<QvDatabasePoint_t> kPoint = point::kTable;
+extern constinit const TableOf<QvDatabaseRange_t> kRange = range::kTable;
+extern constinit const TableOf<QvDatabaseRectangle_t> kRectangle = rectangle::kTable;
 
 } // namespace qv::database::tuning
 
@@ -61,42 +69,7 @@ using namespace qv::database;
 
 // None of the eight tests its arguments.
 
-int QvDatabaseGain_parse(QvJsonValue_t* pValue, QvDatabaseGain_t* pConfig)
-{
-    return readTable(tuning::kGain, pValue, pConfig);
-}
-
-int QvDatabaseGain_serialize(QvDatabaseGain_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeTable(tuning::kGain, pConfig, pValue);
-}
-
-int QvDatabasePoint_parse(QvJsonValue_t* pValue, QvDatabasePoint_t* pConfig)
-{
-    return readTable(tuning::kPoint, pValue, pConfig);
-}
-
-int QvDatabasePoint_serialize(QvDatabasePoint_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeTable(tuning::kPoint, pConfig, pValue);
-}
-
-int QvDatabaseRange_parse(QvJsonValue_t* pValue, QvDatabaseRange_t* pConfig)
-{
-    return readTable(tuning::kRange, pValue, pConfig);
-}
-
-int QvDatabaseRange_serialize(QvDatabaseRange_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeTable(tuning::kRange, pConfig, pValue);
-}
-
-int QvDatabaseRectangle_parse(QvJsonValue_t* pValue, QvDatabaseRectangle_t* pConfig)
-{
-    return readTable(tuning::kRectangle, pValue, pConfig);
-}
-
-int QvDatabaseRectangle_serialize(QvDatabaseRectangle_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeTable(tuning::kRectangle, pConfig, pValue);
-}
+QV_UNTESTED_CODECS(QvDatabaseGain, tuning::kGain)
+QV_UNTESTED_CODECS(QvDatabasePoint, tuning::kPoint)
+QV_UNTESTED_CODECS(QvDatabaseRange, tuning::kRange)
+QV_UNTESTED_CODECS(QvDatabaseRectangle, tuning::kRectangle)

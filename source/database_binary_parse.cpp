@@ -3,7 +3,6 @@
 #include <qv_database_c/database_binary.h>
 
 #include "database_binary.h"
-#include "database_status.h"
 #include "database_trace.h"
 
 using namespace qv::database;
@@ -13,19 +12,16 @@ int QvDatabaseBinary_parse(QvDatabaseHandle_t handle, QvCommonBuffer_t* pBuffer)
     if (handle == 0) {
         return kBadArgument;
     }
-    for (const char* pKey : imageKeys()) {
-        const Category& row = *findCategory(pKey);
+    for (const char* pKey : kImageKeys) {
+        const Category* pRow = nullptr;
         void* pRecord = nullptr;
-        int status = QvDatabase_query(handle, pKey, &pRecord);
-        if (status != kSuccess) {
-            return QV_FAIL(status);
-        }
-        status = enterRecord(pBuffer, row, "<<<");
+        QV_TRY(queryCategory(handle, pKey, &pRow, &pRecord));
+        const int status = enterRecord(pBuffer, *pRow, "<<<");
         if (status != kSuccess) {
             return status;
         }
-        std::memcpy(pRecord, pBuffer->pBegin + pBuffer->offset, row.size);
-        pBuffer->offset += row.size;
+        std::memcpy(pRecord, pBuffer->pBegin + pBuffer->offset, pRow->size);
+        pBuffer->offset += pRow->size;
     }
     return kSuccess;
 }

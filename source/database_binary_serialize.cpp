@@ -3,7 +3,6 @@
 #include <qv_database_c/database_binary.h>
 
 #include "database_binary.h"
-#include "database_status.h"
 #include "database_trace.h"
 
 using namespace qv::database;
@@ -13,23 +12,21 @@ int QvDatabaseBinary_serialize(QvDatabaseHandle_t handle, QvCommonBuffer_t* pBuf
     if (handle == 0) {
         return kBadArgument;
     }
-    for (const char* pKey : imageKeys()) {
-        const Category& row = *findCategory(pKey);
+    for (const char* pKey : kImageKeys) {
+        const Category* pRow = findCategory(pKey);
+        QV_TRY(pRow == nullptr ? kBadArgument : kSuccess);
         if (pTotalSize != nullptr) {
-            *pTotalSize += row.size;
+            *pTotalSize += pRow->size;
             continue;
         }
         void* pRecord = nullptr;
-        int status = QvDatabase_query(handle, pKey, &pRecord);
-        if (status != kSuccess) {
-            return QV_FAIL(status);
-        }
-        status = enterRecord(pBuffer, row, ">>>");
+        QV_TRY(QvDatabase_query(handle, pKey, &pRecord));
+        const int status = enterRecord(pBuffer, *pRow, ">>>");
         if (status != kSuccess) {
             return status;
         }
-        std::memcpy(pBuffer->pBegin + pBuffer->offset, pRecord, row.size);
-        pBuffer->offset += row.size;
+        std::memcpy(pBuffer->pBegin + pBuffer->offset, pRecord, pRow->size);
+        pBuffer->offset += pRow->size;
     }
     return kSuccess;
 }

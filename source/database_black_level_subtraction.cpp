@@ -1,12 +1,11 @@
 #include <qv_database_c/database_black_level_subtraction.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseBlackLevelSubtraction_t;
+QV_RECORD(QvDatabaseBlackLevelSubtraction_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(overrideCaliEn),
@@ -24,23 +23,11 @@ Record default_()
 
 } // namespace
 
-constinit const TableOf<Record> kBlackLevelSubtraction{"QvDatabaseBlackLevelSubtraction", __FILE__, kRows};
+extern constinit const TableOf<Record> kBlackLevelSubtraction = QV_TABLE("QvDatabaseBlackLevelSubtraction", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseBlackLevelSubtraction_parse(QvJsonValue_t* pValue, QvDatabaseBlackLevelSubtraction_t* pConfig)
-{
-    return readRecord(tuning::kBlackLevelSubtraction, pValue, pConfig);
-}
-
-int QvDatabaseBlackLevelSubtraction_serialize(QvDatabaseBlackLevelSubtraction_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kBlackLevelSubtraction, pConfig, pValue);
-}
-
-int QvDatabaseBlackLevelSubtraction_reset(QvDatabaseBlackLevelSubtraction_t* pConfig)
-{
-    return resetRecord(pConfig, tuning::default_());
-}
+QV_CODECS(QvDatabaseBlackLevelSubtraction, tuning::kBlackLevelSubtraction)
+QV_DEFAULT_RESET(QvDatabaseBlackLevelSubtraction, tuning::default_())

@@ -2,32 +2,43 @@
 
 #include <cstring>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace unit {
-using Record = QvDatabaseCModel_Unit_t;
+QV_RECORD(QvDatabaseCModel_Unit_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(bit),
     QV_FIELD(enable),
 };
 
-constexpr TableOf<Record> kTable{"unit", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("unit", kRows);
 } // namespace unit
 
-using Record = QvDatabaseCModel_t;
+QV_RECORD(QvDatabaseCModel_t);
 
+// clang-format off
 constexpr Field kRows[] = {
-    QV_OBJECT(_2dnr, unit::kTable),    QV_OBJECT(_3dnr, unit::kTable),   QV_OBJECT(awb, unit::kTable),
-    QV_OBJECT(ccm, unit::kTable),      QV_OBJECT(compand, unit::kTable), QV_OBJECT(cProc, unit::kTable),
-    QV_OBJECT(deMosaic, unit::kTable), QV_OBJECT(dpcc, unit::kTable),    QV_OBJECT(dpf, unit::kTable),
-    QV_OBJECT(drc, unit::kTable),      QV_OBJECT(ee, unit::kTable),      QV_OBJECT(gtm, unit::kTable),
-    QV_OBJECT(hdr, unit::kTable),      QV_OBJECT(lsc, unit::kTable),     QV_OBJECT(scale, unit::kTable),
+    QV_OBJECT(_2dnr, unit::kTable),
+    QV_OBJECT(_3dnr, unit::kTable),
+    QV_OBJECT(awb, unit::kTable),
+    QV_OBJECT(ccm, unit::kTable),
+    QV_OBJECT(compand, unit::kTable),
+    QV_OBJECT(cProc, unit::kTable),
+    QV_OBJECT(deMosaic, unit::kTable),
+    QV_OBJECT(dpcc, unit::kTable),
+    QV_OBJECT(dpf, unit::kTable),
+    QV_OBJECT(drc, unit::kTable),
+    QV_OBJECT(ee, unit::kTable),
+    QV_OBJECT(gtm, unit::kTable),
+    QV_OBJECT(hdr, unit::kTable),
+    QV_OBJECT(lsc, unit::kTable),
+    QV_OBJECT(scale, unit::kTable),
 };
+// clang-format on
 
 Record default_()
 {
@@ -52,7 +63,7 @@ Record default_()
 
 } // namespace
 
-constinit const TableOf<Record> kCModel{"QvDatabaseCModel", __FILE__, kRows};
+extern constinit const TableOf<Record> kCModel = QV_TABLE("QvDatabaseCModel", kRows);
 
 } // namespace qv::database::tuning
 
@@ -60,15 +71,7 @@ using namespace qv::database;
 
 // None of the three tests its arguments.
 
-int QvDatabaseCModel_parse(QvJsonValue_t* pValue, QvDatabaseCModel_t* pConfig)
-{
-    return readTable(tuning::kCModel, pValue, pConfig);
-}
-
-int QvDatabaseCModel_serialize(QvDatabaseCModel_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeTable(tuning::kCModel, pConfig, pValue);
-}
+QV_UNTESTED_CODECS(QvDatabaseCModel, tuning::kCModel)
 
 int QvDatabaseCModel_reset(QvDatabaseCModel_t* pConfig)
 {

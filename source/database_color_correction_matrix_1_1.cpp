@@ -3,14 +3,13 @@
 #include <qv_common_c/common_stdlib.h>
 #include <qv_database_c/database_color_correction_matrix_1_1.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 #include "protocol_calibration_array.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseColorCorrectionMatrix_1_1_t;
+QV_RECORD(QvDatabaseColorCorrectionMatrix_1_1_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -28,26 +27,15 @@ Record default_()
 
 } // namespace
 
-constinit const TableOf<Record> kColorCorrectionMatrix_1_1{"QvDatabaseColorCorrectionMatrix_1_1", __FILE__, kRows};
+extern constinit const TableOf<Record> kColorCorrectionMatrix_1_1 =
+    QV_TABLE("QvDatabaseColorCorrectionMatrix_1_1", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseColorCorrectionMatrix_1_1_parse(QvJsonValue_t* pValue, QvDatabaseColorCorrectionMatrix_1_1_t* pConfig)
-{
-    return readRecord(tuning::kColorCorrectionMatrix_1_1, pValue, pConfig);
-}
-
-int QvDatabaseColorCorrectionMatrix_1_1_serialize(QvDatabaseColorCorrectionMatrix_1_1_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kColorCorrectionMatrix_1_1, pConfig, pValue);
-}
-
-int QvDatabaseColorCorrectionMatrix_1_1_reset(QvDatabaseColorCorrectionMatrix_1_1_t* pConfig)
-{
-    return resetRecord(pConfig, tuning::default_());
-}
+QV_CODECS(QvDatabaseColorCorrectionMatrix_1_1, tuning::kColorCorrectionMatrix_1_1)
+QV_DEFAULT_RESET(QvDatabaseColorCorrectionMatrix_1_1, tuning::default_())
 
 int QvDatabaseColorCorrectionMatrix_1_1_parse2(QvCommonBuffer_t* pBuffer,
                                                QvDatabaseColorCorrectionMatrix_1_1_t* pConfig)

@@ -1,12 +1,11 @@
 #include <qv_database_c/database_color_noise_reduction_2_2.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseColorNoiseReduction_2_2_t;
+QV_RECORD(QvDatabaseColorNoiseReduction_2_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -17,23 +16,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kColorNoiseReduction_2_2{"QvDatabaseColorNoiseReduction_2_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kColorNoiseReduction_2_2 = QV_TABLE("QvDatabaseColorNoiseReduction_2_2", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseColorNoiseReduction_2_2_parse(QvJsonValue_t* pValue, QvDatabaseColorNoiseReduction_2_2_t* pConfig)
-{
-    return readRecord(tuning::kColorNoiseReduction_2_2, pValue, pConfig);
-}
-
-int QvDatabaseColorNoiseReduction_2_2_serialize(QvDatabaseColorNoiseReduction_2_2_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kColorNoiseReduction_2_2, pConfig, pValue);
-}
-
-int QvDatabaseColorNoiseReduction_2_2_reset(QvDatabaseColorNoiseReduction_2_2_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseColorNoiseReduction_2_2, tuning::kColorNoiseReduction_2_2)
+QV_CLEARED_RESET(QvDatabaseColorNoiseReduction_2_2)

@@ -1,12 +1,11 @@
 #include <qv_database_c/database_compand_1_1.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseCompand_1_1_t;
+QV_RECORD(QvDatabaseCompand_1_1_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -16,23 +15,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kCompand_1_1{"QvDatabaseCompand_1_1", __FILE__, kRows};
+extern constinit const TableOf<Record> kCompand_1_1 = QV_TABLE("QvDatabaseCompand_1_1", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseCompand_1_1_parse(QvJsonValue_t* pValue, QvDatabaseCompand_1_1_t* pConfig)
-{
-    return readRecord(tuning::kCompand_1_1, pValue, pConfig);
-}
-
-int QvDatabaseCompand_1_1_serialize(QvDatabaseCompand_1_1_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kCompand_1_1, pConfig, pValue);
-}
-
-int QvDatabaseCompand_1_1_reset(QvDatabaseCompand_1_1_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseCompand_1_1, tuning::kCompand_1_1)
+QV_CLEARED_RESET(QvDatabaseCompand_1_1)

@@ -1,12 +1,11 @@
 #include <qv_database_c/database_demosaic_2.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseDeMosaic_2_t;
+QV_RECORD(QvDatabaseDeMosaic_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -76,23 +75,11 @@ Record default_()
 
 } // namespace
 
-constinit const TableOf<Record> kDeMosaic_2{"QvDatabaseDeMosaic_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kDeMosaic_2 = QV_TABLE("QvDatabaseDeMosaic_2", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseDeMosaic_2_parse(QvJsonValue_t* pValue, QvDatabaseDeMosaic_2_t* pConfig)
-{
-    return readRecord(tuning::kDeMosaic_2, pValue, pConfig);
-}
-
-int QvDatabaseDeMosaic_2_serialize(QvDatabaseDeMosaic_2_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kDeMosaic_2, pConfig, pValue);
-}
-
-int QvDatabaseDeMosaic_2_reset(QvDatabaseDeMosaic_2_t* pConfig)
-{
-    return resetRecord(pConfig, tuning::default_());
-}
+QV_CODECS(QvDatabaseDeMosaic_2, tuning::kDeMosaic_2)
+QV_DEFAULT_RESET(QvDatabaseDeMosaic_2, tuning::default_())

@@ -1,12 +1,11 @@
 #include <qv_database_c/database_device.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseDevice_t;
+QV_RECORD(QvDatabaseDevice_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(operation),
@@ -25,23 +24,11 @@ Record default_()
 
 } // namespace
 
-constinit const TableOf<Record> kDevice{"QvDatabaseDevice", __FILE__, kRows};
+extern constinit const TableOf<Record> kDevice = QV_TABLE("QvDatabaseDevice", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseDevice_parse(QvJsonValue_t* pValue, QvDatabaseDevice_t* pConfig)
-{
-    return readRecord(tuning::kDevice, pValue, pConfig);
-}
-
-int QvDatabaseDevice_serialize(QvDatabaseDevice_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kDevice, pConfig, pValue);
-}
-
-int QvDatabaseDevice_reset(QvDatabaseDevice_t* pConfig)
-{
-    return resetRecord(pConfig, tuning::default_());
-}
+QV_CODECS(QvDatabaseDevice, tuning::kDevice)
+QV_DEFAULT_RESET(QvDatabaseDevice, tuning::default_())

@@ -1,12 +1,14 @@
 #include <qv_database_c/database_dump.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
+
+extern const TableOf<QvDatabaseRegister_t> kRegister;
+
 namespace {
 
-using Record = QvDatabaseDump_t;
+QV_RECORD(QvDatabaseDump_t);
 
 constexpr Field kRows[] = {
     QV_HEAP_KEY(pRegisters, "registers", kRegister, QV_COUNTER(registerNumber)),
@@ -14,21 +16,13 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kDump{"QvDatabaseDump", __FILE__, kRows};
+extern constinit const TableOf<Record> kDump = QV_TABLE("QvDatabaseDump", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseDump_parse(QvJsonValue_t* pValue, QvDatabaseDump_t* pConfig)
-{
-    return readRecord(tuning::kDump, pValue, pConfig);
-}
-
-int QvDatabaseDump_serialize(QvDatabaseDump_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kDump, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseDump, tuning::kDump)
 
 int QvDatabaseDump_reset(QvDatabaseDump_t* pConfig)
 {

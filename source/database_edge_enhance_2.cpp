@@ -1,12 +1,11 @@
 #include <qv_database_c/database_edge_enhance_2.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseEdgeEnhance_2_t;
+QV_RECORD(QvDatabaseEdgeEnhance_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -37,23 +36,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kEdgeEnhance_2{"QvDatabaseEdgeEnhance_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kEdgeEnhance_2 = QV_TABLE("QvDatabaseEdgeEnhance_2", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseEdgeEnhance_2_parse(QvJsonValue_t* pValue, QvDatabaseEdgeEnhance_2_t* pConfig)
-{
-    return readRecord(tuning::kEdgeEnhance_2, pValue, pConfig);
-}
-
-int QvDatabaseEdgeEnhance_2_serialize(QvDatabaseEdgeEnhance_2_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kEdgeEnhance_2, pConfig, pValue);
-}
-
-int QvDatabaseEdgeEnhance_2_reset(QvDatabaseEdgeEnhance_2_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseEdgeEnhance_2, tuning::kEdgeEnhance_2)
+QV_CLEARED_RESET(QvDatabaseEdgeEnhance_2)

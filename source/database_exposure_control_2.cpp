@@ -3,24 +3,23 @@
 #include <algorithm>
 #include <iterator>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace gain {
-using Record = QvDatabaseExposureControl_2_Gain_t;
+QV_RECORD(QvDatabaseExposureControl_2_Gain_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(analog),
     QV_FIELD(digital),
 };
 
-constexpr TableOf<Record> kTable{"gain", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("gain", kRows);
 } // namespace gain
 
-using Record = QvDatabaseExposureControl_2_t;
+QV_RECORD(QvDatabaseExposureControl_2_t);
 
 constexpr Field kRows[] = {
     QV_OBJECT(gain, gain::kTable),
@@ -38,7 +37,7 @@ Record default_()
 
 } // namespace
 
-constinit const TableOf<Record> kExposureControl_2{"QvDatabaseExposureControl_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kExposureControl_2 = QV_TABLE("QvDatabaseExposureControl_2", kRows);
 
 } // namespace qv::database::tuning
 
@@ -58,7 +57,4 @@ int QvDatabaseExposureControl_2_serialize(QvDatabaseExposureControl_2_t* pConfig
     return writeRecord(tuning::kExposureControl_2, pConfig, pValue);
 }
 
-int QvDatabaseExposureControl_2_reset(QvDatabaseExposureControl_2_t* pConfig)
-{
-    return resetRecord(pConfig, tuning::default_());
-}
+QV_DEFAULT_RESET(QvDatabaseExposureControl_2, tuning::default_())

@@ -1,12 +1,11 @@
 #include <qv_database_c/database_focus_control.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseFocusControl_t;
+QV_RECORD(QvDatabaseFocusControl_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -16,23 +15,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kFocusControl{"QvDatabaseFocusControl", __FILE__, kRows};
+extern constinit const TableOf<Record> kFocusControl = QV_TABLE("QvDatabaseFocusControl", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseFocusControl_parse(QvJsonValue_t* pValue, QvDatabaseFocusControl_t* pConfig)
-{
-    return readRecord(tuning::kFocusControl, pValue, pConfig);
-}
-
-int QvDatabaseFocusControl_serialize(QvDatabaseFocusControl_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kFocusControl, pConfig, pValue);
-}
-
-int QvDatabaseFocusControl_reset(QvDatabaseFocusControl_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseFocusControl, tuning::kFocusControl)
+QV_CLEARED_RESET(QvDatabaseFocusControl)

@@ -1,12 +1,11 @@
 #include <qv_database_c/database_histogram_2.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseHistogram_2_t;
+QV_RECORD(QvDatabaseHistogram_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -21,27 +20,16 @@ constexpr Field kResultRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kHistogram_2{"QvDatabaseHistogram_2", __FILE__, kRows};
-constinit const TableOf<Record> kHistogram_2Results{"QvDatabaseHistogram_2", __FILE__, kResultRows, "statistics"};
+extern constinit const TableOf<Record> kHistogram_2 = QV_TABLE("QvDatabaseHistogram_2", kRows);
+extern constinit const TableOf<Record> kHistogram_2Results =
+    QV_TABLE("QvDatabaseHistogram_2", kResultRows, "statistics");
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseHistogram_2_parse(QvJsonValue_t* pValue, QvDatabaseHistogram_2_t* pConfig)
-{
-    return readRecord(tuning::kHistogram_2, pValue, pConfig);
-}
-
-int QvDatabaseHistogram_2_serialize(QvDatabaseHistogram_2_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kHistogram_2, pConfig, pValue);
-}
-
-int QvDatabaseHistogram_2_reset(QvDatabaseHistogram_2_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseHistogram_2, tuning::kHistogram_2)
+QV_CLEARED_RESET(QvDatabaseHistogram_2)
 
 int QvDatabaseHistogram_2_statistics(QvDatabaseHistogram_2_t* pConfig, QvJsonValue_t* pValue)
 {

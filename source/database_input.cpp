@@ -1,13 +1,13 @@
 #include <qv_database_c/database_input.h>
 
-#include "database_forms.h"
+#include "database_values.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace path {
-using Record = QvDatabaseInputPath_t;
+QV_RECORD(QvDatabaseInputPath_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(bayerPattern),
@@ -18,10 +18,10 @@ constexpr Field kRows[] = {
     QV_FIELD(stitchingMode),
 };
 
-constexpr TableOf<Record> kTable{"path", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("path", kRows);
 } // namespace path
 
-using Record = QvDatabaseInput_t;
+QV_RECORD(QvDatabaseInput_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(framerate),
@@ -48,21 +48,13 @@ Record default_()
 
 } // namespace
 
-constinit const TableOf<Record> kInput{"QvDatabaseInput", __FILE__, kRows};
+extern constinit const TableOf<Record> kInput = QV_TABLE("QvDatabaseInput", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseInput_parse(QvJsonValue_t* pValue, QvDatabaseInput_t* pConfig)
-{
-    return readRecord(tuning::kInput, pValue, pConfig);
-}
-
-int QvDatabaseInput_serialize(QvDatabaseInput_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kInput, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseInput, tuning::kInput)
 
 int QvDatabaseInput_reset(QvDatabaseInput_t* pConfig)
 {

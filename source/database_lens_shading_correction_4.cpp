@@ -4,18 +4,23 @@
 #include <qv_common_c/common_stdlib.h>
 #include <qv_database_c/database_lens_shading_correction_4.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 #include "protocol_calibration_array.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseLensShadingCorrection_4_t;
+QV_RECORD(QvDatabaseLensShadingCorrection_4_t);
 
+// clang-format off
 constexpr Field kRows[] = {
-    QV_FIELD(enable), QV_FIELD(matrix), QV_FIELD(xSize), QV_FIELD(ySize), QV_FIELD(overrideCaliEn),
+    QV_FIELD(enable),
+    QV_FIELD(matrix),
+    QV_FIELD(xSize),
+    QV_FIELD(ySize),
+    QV_FIELD(overrideCaliEn),
 };
+// clang-format on
 
 Record default_()
 {
@@ -26,26 +31,14 @@ Record default_()
 
 } // namespace
 
-constinit const TableOf<Record> kLensShadingCorrection_4{"QvDatabaseLensShadingCorrection_4", __FILE__, kRows};
+extern constinit const TableOf<Record> kLensShadingCorrection_4 = QV_TABLE("QvDatabaseLensShadingCorrection_4", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseLensShadingCorrection_4_parse(QvJsonValue_t* pValue, QvDatabaseLensShadingCorrection_4_t* pConfig)
-{
-    return readRecord(tuning::kLensShadingCorrection_4, pValue, pConfig);
-}
-
-int QvDatabaseLensShadingCorrection_4_serialize(QvDatabaseLensShadingCorrection_4_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kLensShadingCorrection_4, pConfig, pValue);
-}
-
-int QvDatabaseLensShadingCorrection_4_reset(QvDatabaseLensShadingCorrection_4_t* pConfig)
-{
-    return resetRecord(pConfig, tuning::default_());
-}
+QV_CODECS(QvDatabaseLensShadingCorrection_4, tuning::kLensShadingCorrection_4)
+QV_DEFAULT_RESET(QvDatabaseLensShadingCorrection_4, tuning::default_())
 
 int QvDatabaseLensShadingCorrection_4_parse2(QvCommonBuffer_t* pBuffer, QvDatabaseLensShadingCorrection_4_t* pConfig)
 {

@@ -3,15 +3,15 @@
 #include <cstdint>
 #include <cstring>
 
-#include "database_forms.h"
 #include "database_trace.h"
+#include "database_values.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace integerRange {
-using Record = QvDatabaseIntegerRange_t;
+QV_RECORD(QvDatabaseIntegerRange_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(max),
@@ -19,11 +19,11 @@ constexpr Field kRows[] = {
     QV_FIELD(step),
 };
 
-constexpr TableOf<Record> kTable{"integerRange", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("integerRange", kRows);
 } // namespace integerRange
 
 namespace floatRange {
-using Record = QvDatabaseFloatRange_t;
+QV_RECORD(QvDatabaseFloatRange_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(max),
@@ -31,11 +31,11 @@ constexpr Field kRows[] = {
     QV_FIELD(step),
 };
 
-constexpr TableOf<Record> kTable{"floatRange", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("floatRange", kRows);
 } // namespace floatRange
 
 namespace ispChannel {
-using Record = QvDatabaseRawChannelFloat_t;
+QV_RECORD(QvDatabaseRawChannelFloat_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(redChannel),
@@ -44,11 +44,11 @@ constexpr Field kRows[] = {
     QV_FIELD(blueChannel),
 };
 
-constexpr TableOf<Record> kTable{"ispChannel", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("ispChannel", kRows);
 } // namespace ispChannel
 
 namespace ccmConfig {
-using Record = QvDatabaseMetaCcmStatus_t;
+QV_RECORD(QvDatabaseMetaCcmStatus_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -56,21 +56,28 @@ constexpr Field kRows[] = {
     QV_FIELD(ccmOffset),
 };
 
-constexpr TableOf<Record> kTable{"ccmConfig", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("ccmConfig", kRows);
 } // namespace ccmConfig
 
 namespace meanLuma {
-using Record = QvDatabaseMetaMeanLuma_t;
+QV_RECORD(QvDatabaseMetaMeanLuma_t);
 
+// clang-format off
 constexpr Field kRows[] = {
-    QV_FIELD(meanWinNum),    QV_OBJECT(meanRoiWin, kRectangle), QV_FIELD(redChannelMean), QV_FIELD(grChannelMean),
-    QV_FIELD(gbChannelMean), QV_FIELD(blueChannelMean),         QV_FIELD(totalMean),
+    QV_FIELD(meanWinNum),
+    QV_OBJECT(meanRoiWin, kRectangle),
+    QV_FIELD(redChannelMean),
+    QV_FIELD(grChannelMean),
+    QV_FIELD(gbChannelMean),
+    QV_FIELD(blueChannelMean),
+    QV_FIELD(totalMean),
 };
+// clang-format on
 
-constexpr TableOf<Record> kTable{"meanLuma", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("meanLuma", kRows);
 } // namespace meanLuma
 
-using Record = QvDatabaseMeta_t;
+QV_RECORD(QvDatabaseMeta_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(bufChainId).writtenUnsigned(),
@@ -113,26 +120,14 @@ Record default_()
 
 } // namespace
 
-constinit const TableOf<Record> kMeta{"QvDatabaseMeta", __FILE__, kRows};
+extern constinit const TableOf<Record> kMeta = QV_TABLE("QvDatabaseMeta", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseMeta_parse(QvJsonValue_t* pValue, QvDatabaseMeta_t* pConfig)
-{
-    return readRecord(tuning::kMeta, pValue, pConfig);
-}
-
-int QvDatabaseMeta_serialize(QvDatabaseMeta_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kMeta, pConfig, pValue);
-}
-
-int QvDatabaseMeta_reset(QvDatabaseMeta_t* pConfig)
-{
-    return resetRecord(pConfig, tuning::default_());
-}
+QV_CODECS(QvDatabaseMeta, tuning::kMeta)
+QV_DEFAULT_RESET(QvDatabaseMeta, tuning::default_())
 
 int QvDatabaseMeta_serialize2(QvDatabaseMeta_t* pConfig, QvJsonWriterHandle_t hJsonWriter, QvCommonBuffer_t* pBuffer)
 {
@@ -140,19 +135,14 @@ int QvDatabaseMeta_serialize2(QvDatabaseMeta_t* pConfig, QvJsonWriterHandle_t hJ
         return kBadArgument;
     }
     QvJsonValue_t* pValue = nullptr;
-    int status = QvJsonValue_create(QvJsonValueType_Null, &pValue);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = QvDatabaseMeta_serialize(pConfig, pValue);
+    QV_TRY(QvJsonValue_create(QvJsonValueType_Null, &pValue));
+    int status = QvDatabaseMeta_serialize(pConfig, pValue);
     if (status == kSuccess) {
         QvCommonBuffer_clear(pBuffer);
         status = QvJsonWriter_stringify(hJsonWriter, pValue, &pBuffer->pBegin);
     }
     QvJsonValue_delete(&pValue);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
+    QV_TRY(status);
     pBuffer->size = std::strlen(pBuffer->pBegin);
     pBuffer->isAllocated = true;
     // The frame's number travels in the pointer itself.

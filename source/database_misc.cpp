@@ -2,13 +2,12 @@
 
 #include <cstring>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseMisc_t;
+QV_RECORD(QvDatabaseMisc_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(ispVersion),
@@ -26,23 +25,11 @@ Record default_()
 
 } // namespace
 
-constinit const TableOf<Record> kMisc{"QvDatabaseMisc", __FILE__, kRows};
+extern constinit const TableOf<Record> kMisc = QV_TABLE("QvDatabaseMisc", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseMisc_parse(QvJsonValue_t* pValue, QvDatabaseMisc_t* pConfig)
-{
-    return readRecord(tuning::kMisc, pValue, pConfig);
-}
-
-int QvDatabaseMisc_serialize(QvDatabaseMisc_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kMisc, pConfig, pValue);
-}
-
-int QvDatabaseMisc_reset(QvDatabaseMisc_t* pConfig)
-{
-    return resetRecord(pConfig, tuning::default_());
-}
+QV_CODECS(QvDatabaseMisc, tuning::kMisc)
+QV_DEFAULT_RESET(QvDatabaseMisc, tuning::default_())

@@ -3,14 +3,14 @@
 #include <cstdint>
 #include <iterator>
 
-#include "database_forms.h"
+#include "database_values.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace path {
-using Record = QvDatabaseOutputPath_t;
+QV_RECORD(QvDatabaseOutputPath_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(bayerPattern),
@@ -22,10 +22,10 @@ constexpr Field kRows[] = {
     QV_OBJECT(rectangle, kRectangle),
 };
 
-constexpr TableOf<Record> kTable{"path", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("path", kRows);
 } // namespace path
 
-using Record = QvDatabaseOutput_t;
+QV_RECORD(QvDatabaseOutput_t);
 
 constexpr Field kRows[] = {
     QV_OBJECT(paths, path::kTable),
@@ -60,23 +60,11 @@ Record default_()
 
 } // namespace
 
-constinit const TableOf<Record> kOutput{"QvDatabaseOutput", __FILE__, kRows};
+extern constinit const TableOf<Record> kOutput = QV_TABLE("QvDatabaseOutput", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseOutput_parse(QvJsonValue_t* pValue, QvDatabaseOutput_t* pConfig)
-{
-    return readRecord(tuning::kOutput, pValue, pConfig);
-}
-
-int QvDatabaseOutput_serialize(QvDatabaseOutput_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kOutput, pConfig, pValue);
-}
-
-int QvDatabaseOutput_reset(QvDatabaseOutput_t* pConfig)
-{
-    return resetRecord(pConfig, tuning::default_());
-}
+QV_CODECS(QvDatabaseOutput, tuning::kOutput)
+QV_DEFAULT_RESET(QvDatabaseOutput, tuning::default_())

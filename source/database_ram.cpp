@@ -11,16 +11,10 @@ int QvDatabaseRam_reset(QvDatabaseRam_t* pConfig)
         return kBadArgument;
     }
     if (pConfig->hBufferQueueFile != 0) {
-        const int status = QvCommonBufferQueue_close(&pConfig->hBufferQueueFile);
-        if (status != kSuccess) {
-            return QV_FAIL(status);
-        }
+        QV_TRY(QvCommonBufferQueue_close(&pConfig->hBufferQueueFile));
     }
     if (pConfig->pJSensorQuery != nullptr) {
-        const int status = QvJsonValue_delete(&pConfig->pJSensorQuery);
-        if (status != kSuccess) {
-            return QV_FAIL(status);
-        }
+        QV_TRY(QvJsonValue_delete(&pConfig->pJSensorQuery));
     }
     return kSuccess;
 }

@@ -3,67 +3,13 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 
 #include <qv_common_c/common_logger.h>
-#include <qv_database_c/database_2d_noise_reduction_5_2.h>
-#include <qv_database_c/database_3a_interface_2.h>
-#include <qv_database_c/database_3d_noise_reduction_2_1.h>
-#include <qv_database_c/database_auto_2d_noise_reduction_5_2.h>
-#include <qv_database_c/database_auto_3d_noise_reduction_2_1.h>
-#include <qv_database_c/database_auto_black_level_subtraction.h>
-#include <qv_database_c/database_auto_color_correction_matrix_1_1.h>
-#include <qv_database_c/database_auto_color_noise_reduction_2_2.h>
-#include <qv_database_c/database_auto_color_process_1_2.h>
-#include <qv_database_c/database_auto_defect_pixel_cluster_correction.h>
-#include <qv_database_c/database_auto_demosaic_2.h>
-#include <qv_database_c/database_auto_edge_enhance_2.h>
-#include <qv_database_c/database_auto_exposure_3.h>
-#include <qv_database_c/database_auto_exposure_statistics_2.h>
-#include <qv_database_c/database_auto_focus_3.h>
-#include <qv_database_c/database_auto_focus_measurement.h>
-#include <qv_database_c/database_auto_gamma_correction_2.h>
-#include <qv_database_c/database_auto_green_equilibration.h>
-#include <qv_database_c/database_auto_lens_shading_correction_4.h>
-#include <qv_database_c/database_auto_white_balance_3.h>
-#include <qv_database_c/database_auto_wide_dynamic_range_5_2_1.h>
-#include <qv_database_c/database_auto_work_mode.h>
-#include <qv_database_c/database_black_level_subtraction.h>
-#include <qv_database_c/database_c_model.h>
-#include <qv_database_c/database_calibration.h>
-#include <qv_database_c/database_color_correction_matrix_1_1.h>
-#include <qv_database_c/database_color_noise_reduction_2_2.h>
-#include <qv_database_c/database_color_process_1_2.h>
-#include <qv_database_c/database_compand_1_1.h>
-#include <qv_database_c/database_defect_pixel_cluster_correction.h>
-#include <qv_database_c/database_demosaic_2.h>
-#include <qv_database_c/database_device.h>
-#include <qv_database_c/database_digital_gain.h>
-#include <qv_database_c/database_dump.h>
-#include <qv_database_c/database_edge_enhance_2.h>
-#include <qv_database_c/database_exposure_control_2.h>
-#include <qv_database_c/database_focus_control.h>
-#include <qv_database_c/database_gamma_correction_2.h>
-#include <qv_database_c/database_green_equilibration.h>
-#include <qv_database_c/database_high_dynamic_range_2_1.h>
-#include <qv_database_c/database_histogram.h>
-#include <qv_database_c/database_histogram_2.h>
-#include <qv_database_c/database_input.h>
-#include <qv_database_c/database_isp.h>
-#include <qv_database_c/database_lens_shading_correction_4.h>
-#include <qv_database_c/database_meta.h>
-#include <qv_database_c/database_meta_driver.h>
-#include <qv_database_c/database_misc.h>
-#include <qv_database_c/database_output.h>
-#include <qv_database_c/database_ram.h>
-#include <qv_database_c/database_register.h>
-#include <qv_database_c/database_rgb_infrared_radiation_1_1.h>
-#include <qv_database_c/database_sensor.h>
-#include <qv_database_c/database_setting.h>
-#include <qv_database_c/database_tile.h>
-#include <qv_database_c/database_transmit.h>
-#include <qv_database_c/database_white_balance_1_1.h>
-#include <qv_database_c/database_wide_dynamic_range_5_2_1.h>
+#include <qv_database_c/database_records.h>
 #include <qv_database_c/protocol_calibration.h>
+#include <qv_database_c/protocol_initialization.h>
+#include <qv_database_c/protocol_simulator.h>
 
 #include "database_status.h"
 #include "database_trace.h"
@@ -72,108 +18,96 @@ namespace qv::database {
 namespace {
 
 template <class R>
-R recordOf(int (*)(R*));
+R resetRecordOf(int (*)(R*));
 
 template <auto kReset>
-constexpr Category category(const char* pKey, const char* pRecord)
+constexpr Category category(const char* pKey, const char* pRecord, Codec tuning = {})
 {
-    using R = decltype(recordOf(kReset));
-    return {pKey, pRecord, sizeof(R), [](void* pData) { return kReset(static_cast<R*>(pData)); }};
+    using R = decltype(resetRecordOf(kReset));
+    return {pKey, pRecord, sizeof(R), [](void* pData) { return kReset(static_cast<R*>(pData)); }, tuning};
 }
 
-#define QV_CATEGORY(key, stem) category<&stem##_reset>(key, #stem "_t")
+#define QV_CATEGORY(key, record, reset) category<&reset>(key, #record)
+#define QV_UNTUNED(key, stem) category<&stem##_reset>(key, #stem "_t")
+#define QV_TUNED(key, stem) category<&stem##_reset>(key, #stem "_t", QV_CODEC(stem))
+#define QV_CLASS(name) QV_CODEC(QvDatabaseProtocolSimulator_##name)
+#define QV_SECTION(name)                                                                                               \
+    makeSectionCodec<&QvDatabaseProtocolInitialization_##name##_parse,                                                 \
+                     &QvDatabaseProtocolInitialization_##name##_serialize>()
 
 // The order is that of registration. HTG and HTG_2 stand twice on purpose: the second pair replaces the first, and all
 // code goes through the key.
+// clang-format off
 constexpr Category kCategories[] = {
-    category<&QvDatabaseProtocolCalibration_reset>("CLB", "QvDatabaseCalibration_t"),
-    QV_CATEGORY("2DNR_5_2", QvDatabase2DNoiseReduction_5_2),
-    QV_CATEGORY("A2DNR_5_2", QvDatabaseAuto2DNoiseReduction_5_2),
-    QV_CATEGORY("3AI_2", QvDatabase3AInterface_2),
-    QV_CATEGORY("3DNR_2_1", QvDatabase3DNoiseReduction_2_1),
-    QV_CATEGORY("A3DNR_2_1", QvDatabaseAuto3DNoiseReduction_2_1),
-    QV_CATEGORY("BLS", QvDatabaseBlackLevelSubtraction),
-    QV_CATEGORY("ABLS", QvDatabaseAutoBlackLevelSubtraction),
-    QV_CATEGORY("C_MODEL", QvDatabaseCModel),
-    QV_CATEGORY("CCM_1_1", QvDatabaseColorCorrectionMatrix_1_1),
-    QV_CATEGORY("ACCM_1_1", QvDatabaseAutoColorCorrectionMatrix_1_1),
-    QV_CATEGORY("CNR_2_2", QvDatabaseColorNoiseReduction_2_2),
-    QV_CATEGORY("ACNR_2_2", QvDatabaseAutoColorNoiseReduction_2_2),
-    QV_CATEGORY("CP_1_2", QvDatabaseColorProcess_1_2),
-    QV_CATEGORY("ACP_1_2", QvDatabaseAutoColorProcess_1_2),
-    QV_CATEGORY("CPD_1_1", QvDatabaseCompand_1_1),
-    QV_CATEGORY("DPCC", QvDatabaseDefectPixelClusterCorrection),
-    QV_CATEGORY("ADPCC", QvDatabaseAutoDefectPixelClusterCorrection),
-    QV_CATEGORY("DMSC_2", QvDatabaseDeMosaic_2),
-    QV_CATEGORY("ADMSC_2", QvDatabaseAutoDeMosaic_2),
-    QV_CATEGORY("DVC", QvDatabaseDevice),
-    QV_CATEGORY("DG", QvDatabaseDigitalGain),
-    QV_CATEGORY("DUMP", QvDatabaseDump),
-    QV_CATEGORY("EE_2", QvDatabaseEdgeEnhance_2),
-    QV_CATEGORY("AEE_2", QvDatabaseAutoEdgeEnhance_2),
-    QV_CATEGORY("EC_2", QvDatabaseExposureControl_2),
-    QV_CATEGORY("AE_3", QvDatabaseAutoExposure_3),
-    QV_CATEGORY("AES_2", QvDatabaseAutoExposureStatistics_2),
-    QV_CATEGORY("RAM", QvDatabaseRam),
-    QV_CATEGORY("FC", QvDatabaseFocusControl),
-    QV_CATEGORY("AFM", QvDatabaseAutoFocusMeasurement),
-    QV_CATEGORY("AF_3", QvDatabaseAutoFocus_3),
-    QV_CATEGORY("GC_2", QvDatabaseGammaCorrection_2),
-    QV_CATEGORY("AGC_2", QvDatabaseAutoGammaCorrection_2),
-    QV_CATEGORY("GE", QvDatabaseGreenEquilibration),
-    QV_CATEGORY("AGE", QvDatabaseAutoGreenEquilibration),
-    QV_CATEGORY("HDR_2_1", QvDatabaseHighDynamicRange_2_1),
-    QV_CATEGORY("HTG", QvDatabaseHistogram),
-    QV_CATEGORY("HTG_2", QvDatabaseHistogram_2),
-    QV_CATEGORY("HTG", QvDatabaseHistogram),
-    QV_CATEGORY("HTG_2", QvDatabaseHistogram_2),
-    QV_CATEGORY("IPT", QvDatabaseInput),
-    QV_CATEGORY("ISP", QvDatabaseIsp),
-    QV_CATEGORY("LSC_4", QvDatabaseLensShadingCorrection_4),
-    QV_CATEGORY("ALSC_4", QvDatabaseAutoLensShadingCorrection_4),
-    QV_CATEGORY("MT", QvDatabaseMeta),
-    QV_CATEGORY("MISC", QvDatabaseMisc),
-    QV_CATEGORY("MD", QvDatabaseMetaDriver),
-    QV_CATEGORY("OPT", QvDatabaseOutput),
-    QV_CATEGORY("RGT", QvDatabaseRegister),
-    QV_CATEGORY("RGBIR_1_1", QvDatabaseRgbInfraredRadiation_1_1),
-    QV_CATEGORY("SS", QvDatabaseSensor),
-    QV_CATEGORY("ST", QvDatabaseSetting),
-    QV_CATEGORY("TL", QvDatabaseTile),
-    QV_CATEGORY("TM", QvDatabaseTransmit),
-    QV_CATEGORY("WB_1_1", QvDatabaseWhiteBalance_1_1),
-    QV_CATEGORY("AWM", QvDatabaseAutoWorkMode),
-    QV_CATEGORY("AWB_3", QvDatabaseAutoWhiteBalance_3),
-    QV_CATEGORY("WDR_5_2_1", QvDatabaseWideDynamicRange_5_2_1),
-    QV_CATEGORY("AWDR_5_2_1", QvDatabaseAutoWideDynamicRange_5_2_1),
+    QV_CATEGORY("CLB", QvDatabaseCalibration_t, QvDatabaseProtocolCalibration_reset),
+    QV_TUNED("2DNR_5_2", QvDatabase2DNoiseReduction_5_2).simulated(QV_CLASS(2DNoiseReduction_5_2)),
+    QV_TUNED("A2DNR_5_2", QvDatabaseAuto2DNoiseReduction_5_2).simulated(QV_CLASS(auto2DNoiseReduction_5_2)),
+    QV_UNTUNED("3AI_2", QvDatabase3AInterface_2).simulated(QV_CLASS(3AInterface_2)),
+    QV_TUNED("3DNR_2_1", QvDatabase3DNoiseReduction_2_1).simulated(QV_CLASS(3DNoiseReduction_2_1)),
+    QV_TUNED("A3DNR_2_1", QvDatabaseAuto3DNoiseReduction_2_1).simulated(QV_CLASS(auto3DNoiseReduction_2_1)),
+    QV_TUNED("BLS", QvDatabaseBlackLevelSubtraction).simulated(QV_CLASS(blackLevelSubtraction)),
+    QV_TUNED("ABLS", QvDatabaseAutoBlackLevelSubtraction).simulated(QV_CLASS(autoBlackLevelSubtraction)),
+    QV_TUNED("C_MODEL", QvDatabaseCModel).sectioned(QV_SECTION(cModel)),
+    QV_TUNED("CCM_1_1", QvDatabaseColorCorrectionMatrix_1_1).simulated(QV_CLASS(colorCorrectionMatrix_1_1)),
+    QV_TUNED("ACCM_1_1", QvDatabaseAutoColorCorrectionMatrix_1_1).simulated(QV_CLASS(AutoColorCorrectionMatrix_1_1)),
+    QV_TUNED("CNR_2_2", QvDatabaseColorNoiseReduction_2_2).simulated(QV_CLASS(colorNoiseReduction_2_2)),
+    QV_TUNED("ACNR_2_2", QvDatabaseAutoColorNoiseReduction_2_2).simulated(QV_CLASS(autoColorNoiseReduction_2_2)),
+    QV_TUNED("CP_1_2", QvDatabaseColorProcess_1_2).simulated(QV_CLASS(colorProcess_1_2)),
+    QV_TUNED("ACP_1_2", QvDatabaseAutoColorProcess_1_2).simulated(QV_CLASS(autoColorProcess_1_2)),
+    QV_TUNED("CPD_1_1", QvDatabaseCompand_1_1).simulated(QV_CLASS(compand_1_1)),
+    QV_TUNED("DPCC", QvDatabaseDefectPixelClusterCorrection).simulated(QV_CLASS(defectPixelClusterCorrection)),
+    QV_TUNED("ADPCC", QvDatabaseAutoDefectPixelClusterCorrection).simulated(QV_CLASS(autoDefectPixelClusterCorrection)),
+    QV_TUNED("DMSC_2", QvDatabaseDeMosaic_2).simulated(QV_CLASS(deMosaic_2)),
+    QV_TUNED("ADMSC_2", QvDatabaseAutoDeMosaic_2).simulated(QV_CLASS(autoDeMosaic_2)),
+    QV_TUNED("DVC", QvDatabaseDevice).sectioned(QV_SECTION(device)),
+    QV_TUNED("DG", QvDatabaseDigitalGain).simulated(QV_CLASS(digitalGain)),
+    QV_TUNED("DUMP", QvDatabaseDump),
+    QV_TUNED("EE_2", QvDatabaseEdgeEnhance_2).simulated(QV_CLASS(edgeEnhance_2)),
+    QV_TUNED("AEE_2", QvDatabaseAutoEdgeEnhance_2).simulated(QV_CLASS(autoEdgeEnhance_2)),
+    QV_TUNED("EC_2", QvDatabaseExposureControl_2),
+    QV_TUNED("AE_3", QvDatabaseAutoExposure_3).simulated(QV_CLASS(autoExposure_3)),
+    QV_TUNED("AES_2", QvDatabaseAutoExposureStatistics_2).simulated(QV_CLASS(autoExposureStatistics_2)),
+    QV_UNTUNED("RAM", QvDatabaseRam),
+    QV_TUNED("FC", QvDatabaseFocusControl),
+    QV_TUNED("AFM", QvDatabaseAutoFocusMeasurement).simulated(QV_CLASS(autoFocusMeasurement)),
+    QV_TUNED("AF_3", QvDatabaseAutoFocus_3).simulated(QV_CLASS(autoFocus_3)),
+    QV_TUNED("GC_2", QvDatabaseGammaCorrection_2).simulated(QV_CLASS(gammaCorrection_2)),
+    QV_TUNED("AGC_2", QvDatabaseAutoGammaCorrection_2).simulated(QV_CLASS(autoGammaCorrection_2)),
+    QV_TUNED("GE", QvDatabaseGreenEquilibration).simulated(QV_CLASS(greenEquilibration)),
+    QV_TUNED("AGE", QvDatabaseAutoGreenEquilibration).simulated(QV_CLASS(autoGreenEquilibration)),
+    QV_TUNED("HDR_2_1", QvDatabaseHighDynamicRange_2_1).simulated(QV_CLASS(highDynamicRange_2_1)),
+    QV_TUNED("HTG", QvDatabaseHistogram).simulated(QV_CLASS(histogram)),
+    QV_TUNED("HTG_2", QvDatabaseHistogram_2).simulated(QV_CLASS(histogram_2)),
+    QV_TUNED("HTG", QvDatabaseHistogram).simulated(QV_CLASS(histogram)),
+    QV_TUNED("HTG_2", QvDatabaseHistogram_2).simulated(QV_CLASS(histogram_2)),
+    QV_TUNED("IPT", QvDatabaseInput).sectioned(QV_SECTION(input)),
+    QV_UNTUNED("ISP", QvDatabaseIsp).simulated(QV_CLASS(isp)),
+    QV_TUNED("LSC_4", QvDatabaseLensShadingCorrection_4).simulated(QV_CLASS(lensShadingCorrection_4)),
+    QV_TUNED("ALSC_4", QvDatabaseAutoLensShadingCorrection_4).simulated(QV_CLASS(autoLensShadingCorrection_4)),
+    QV_UNTUNED("MT", QvDatabaseMeta),
+    QV_TUNED("MISC", QvDatabaseMisc).simulated(QV_CLASS(misc)),
+    QV_UNTUNED("MD", QvDatabaseMetaDriver).simulated(QV_CLASS(metaDriver)),
+    QV_TUNED("OPT", QvDatabaseOutput).sectioned(QV_SECTION(output)),
+    QV_UNTUNED("RGT", QvDatabaseRegister),
+    QV_TUNED("RGBIR_1_1", QvDatabaseRgbInfraredRadiation_1_1).simulated(QV_CLASS(rgbInfraredRadiation_1_1)),
+    QV_TUNED("SS", QvDatabaseSensor).simulated(QV_CLASS(sensor)).sectioned(QV_SECTION(sensor)),
+    QV_UNTUNED("ST", QvDatabaseSetting),
+    QV_TUNED("TL", QvDatabaseTile),
+    QV_TUNED("TM", QvDatabaseTransmit).sectioned(QV_SECTION(transmit)),
+    QV_TUNED("WB_1_1", QvDatabaseWhiteBalance_1_1).simulated(QV_CLASS(whiteBalance_1_1)),
+    QV_TUNED("AWM", QvDatabaseAutoWorkMode).simulated(QV_CLASS(autoWorkMode)),
+    QV_TUNED("AWB_3", QvDatabaseAutoWhiteBalance_3).simulated(QV_CLASS(autoWhiteBalance_3)),
+    QV_TUNED("WDR_5_2_1", QvDatabaseWideDynamicRange_5_2_1).simulated(QV_CLASS(wideDynamicRange_5_2_1)),
+    QV_TUNED("AWDR_5_2_1", QvDatabaseAutoWideDynamicRange_5_2_1).simulated(QV_CLASS(autoWideDynamicRange_5_2_1)),
 };
+// clang-format on
 static_assert(std::size(kCategories) == 60);
 
 #undef QV_CATEGORY
-
-int registerCategory(QvCommonMapHandle_t hMap, const Category& row)
-{
-    void* pRecord = std::calloc(1, row.size);
-    // A reset answers a null record with 13, which is the test of the allocation.
-    int status = row.reset(pRecord);
-    if (status != kSuccess) {
-        std::free(pRecord);
-        return QV_FAIL(status);
-    }
-    auto* pHolder = static_cast<QvCommonMapSlot_t*>(std::calloc(1, sizeof(QvCommonMapSlot_t)));
-    if (pHolder == nullptr) {
-        std::free(pRecord);
-        return QV_FAIL(kNoMemory);
-    }
-    pHolder->pObject = pRecord;
-    status = QvCommonMap_add(hMap, row.key, &pHolder);
-    if (status != kSuccess) {
-        std::free(pHolder);
-        std::free(pRecord);
-        return QV_FAIL(status);
-    }
-    return kSuccess;
-}
+#undef QV_UNTUNED
+#undef QV_TUNED
+#undef QV_CLASS
+#undef QV_SECTION
 
 } // namespace
 
@@ -195,10 +129,16 @@ const Category* findCategory(const char* pKey)
 int registerCategories(const Context_t* pContext)
 {
     for (const Category& row : kCategories) {
-        const int status = registerCategory(pContext->hMap, row);
-        if (status != kSuccess) {
-            return status;
-        }
+        // A reset answers a null record with 13, which is the test of the allocation.
+        std::unique_ptr<void, decltype(&std::free)> pRecord{std::calloc(1, row.size), &std::free};
+        QV_TRY(row.reset(pRecord.get()));
+        std::unique_ptr<void, decltype(&std::free)> pHolder{std::calloc(1, sizeof(QvCommonMapSlot_t)), &std::free};
+        QV_TRY(pHolder == nullptr ? kNoMemory : kSuccess);
+        auto* pSlot = static_cast<QvCommonMapSlot_t*>(pHolder.get());
+        pSlot->pObject = pRecord.get();
+        QV_TRY(QvCommonMap_add(pContext->hMap, row.key, &pSlot));
+        static_cast<void>(pRecord.release()); // both are the map's from here on
+        static_cast<void>(pHolder.release());
     }
     return kSuccess;
 }
@@ -219,6 +159,13 @@ int findRecord(const Context_t* pContext, const char* pKey, void** ppRecord)
     const int status = QvCommonMap_get(pContext->hMap, pKey, &pSlot);
     *ppRecord = status == kSuccess ? pSlot->pObject : nullptr;
     return status;
+}
+
+int queryCategory(QvDatabaseHandle_t handle, const char* pKey, const Category** ppCategory, void** ppRecord)
+{
+    *ppCategory = findCategory(pKey);
+    *ppRecord = nullptr;
+    return *ppCategory == nullptr ? static_cast<int>(kBadArgument) : QvDatabase_query(handle, pKey, ppRecord);
 }
 
 } // namespace qv::database

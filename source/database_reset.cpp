@@ -27,15 +27,10 @@ int QvDatabase_reset(QvDatabaseHandle_t handle)
         return kBadArgument;
     }
     for (const char* pKey : kKeys) {
+        const Category* pCategory = nullptr;
         void* pRecord = nullptr;
-        int status = QvDatabase_query(handle, pKey, &pRecord);
-        if (status != kSuccess) {
-            return QV_FAIL(status);
-        }
-        status = findCategory(pKey)->reset(pRecord);
-        if (status != kSuccess) {
-            return QV_FAIL(status);
-        }
+        QV_TRY(queryCategory(handle, pKey, &pCategory, &pRecord));
+        QV_TRY(pCategory->reset(pRecord));
     }
     return kSuccess;
 }

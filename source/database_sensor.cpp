@@ -3,14 +3,14 @@
 #include <cstdio>
 #include <cstring>
 
-#include "database_forms.h"
+#include "database_values.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace compress {
-using Record = QvDatabaseSensor_Compress_t;
+QV_RECORD(QvDatabaseSensor_Compress_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -18,11 +18,11 @@ constexpr Field kRows[] = {
     QV_FIELD(yBit),
 };
 
-constexpr TableOf<Record> kTable{"compress", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("compress", kRows);
 } // namespace compress
 
 namespace mode {
-using Record = QvDatabaseSensor_Mode_t;
+QV_RECORD(QvDatabaseSensor_Mode_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(autoFocusMode),
@@ -36,22 +36,22 @@ constexpr Field kRows[] = {
     QV_FIELD(type),
 };
 
-constexpr TableOf<Record> kTable{"mode", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("mode", kRows);
 } // namespace mode
 
 namespace testPattern {
-using Record = QvDatabaseSensor_TestPattern_t;
+QV_RECORD(QvDatabaseSensor_TestPattern_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
     QV_FIELD(type),
 };
 
-constexpr TableOf<Record> kTable{"testPattern", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("testPattern", kRows);
 } // namespace testPattern
 
 namespace range {
-using Record = QvDatabaseSensorRange_t;
+QV_RECORD(QvDatabaseSensorRange_t);
 
 // The document begins with the minimum, unlike the record.
 constexpr Field kRows[] = {
@@ -60,11 +60,11 @@ constexpr Field kRows[] = {
     QV_FIELD(step),
 };
 
-constexpr TableOf<Record> kTable{"sensorRange", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorRange", kRows);
 } // namespace range
 
 namespace aeInfo {
-using Record = QvDatabaseSensorAeInfo_t;
+QV_RECORD(QvDatabaseSensorAeInfo_t);
 
 constexpr Field kRows[] = {
     QV_OBJECT(aGainRange, range::kTable),
@@ -72,11 +72,11 @@ constexpr Field kRows[] = {
     QV_OBJECT(intTimeRange, range::kTable),
 };
 
-constexpr TableOf<Record> kTable{"listInfo", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("listInfo", kRows);
 } // namespace aeInfo
 
 namespace driverMode {
-using Record = QvDatabaseSensor_DrvModeInfo_t;
+QV_RECORD(QvDatabaseSensor_DrvModeInfo_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(index),
@@ -96,11 +96,11 @@ constexpr Field kRows[] = {
     QV_OBJECT(aeInfo, aeInfo::kTable).writeOnly(),
 };
 
-constexpr TableOf<Record> kTable{"listInfo", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("listInfo", kRows);
 } // namespace driverMode
 
 namespace listInfo {
-using Record = QvDatabaseSensor_ListInfo_t;
+QV_RECORD(QvDatabaseSensor_ListInfo_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(number),
@@ -108,21 +108,21 @@ constexpr Field kRows[] = {
     QV_OBJECT(drvModeInfos, driverMode::kTable).countedBy(QV_COUNTER(number)),
 };
 
-constexpr TableOf<Record> kTable{"listInfo", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("listInfo", kRows);
 } // namespace listInfo
 
 namespace connectPort {
-using Record = QvDatabaseSensor_ConnectPortInfo_t;
+QV_RECORD(QvDatabaseSensor_ConnectPortInfo_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(chipId),
     QV_FIELD(name),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseSensor", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseSensor", kRows);
 } // namespace connectPort
 
-using Record = QvDatabaseSensor_t;
+QV_RECORD(QvDatabaseSensor_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(driverName),
@@ -145,21 +145,13 @@ Record default_()
 
 } // namespace
 
-constinit const TableOf<Record> kSensor{"QvDatabaseSensor", __FILE__, kRows};
+extern constinit const TableOf<Record> kSensor = QV_TABLE("QvDatabaseSensor", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseSensor_parse(QvJsonValue_t* pValue, QvDatabaseSensor_t* pConfig)
-{
-    return readRecord(tuning::kSensor, pValue, pConfig);
-}
-
-int QvDatabaseSensor_serialize(QvDatabaseSensor_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kSensor, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseSensor, tuning::kSensor)
 
 int QvDatabaseSensor_reset(QvDatabaseSensor_t* pConfig)
 {

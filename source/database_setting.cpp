@@ -27,7 +27,4 @@ int QvDatabaseSetting_serialize(QvDatabaseSetting_t* pConfig, QvJsonValue_t* pVa
     return pValue == nullptr || pConfig == nullptr ? kBadArgument : kSuccess;
 }
 
-int QvDatabaseSetting_reset(QvDatabaseSetting_t* pConfig)
-{
-    return resetRecord(pConfig, default_());
-}
+QV_DEFAULT_RESET(QvDatabaseSetting, default_())

@@ -12,7 +12,6 @@
 #include <qv_database_c/protocol_calibration.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_registry.h"
 #include "database_status.h"
 #include "database_trace.h"
@@ -21,7 +20,7 @@
 namespace qv::database::text {
 namespace {
 
-using Record = QvDatabaseMisc_t;
+QV_RECORD(QvDatabaseMisc_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(versionNumber),
@@ -30,7 +29,7 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kVersion{"version", __FILE__, kRows};
+extern constinit const TableOf<Record> kVersion = QV_TABLE("version", kRows);
 
 } // namespace qv::database::text
 
@@ -45,19 +44,10 @@ int calibration_textParse(const Context_t* pContext, QvCommonBuffer_t* pBuffer)
         return kBadArgument;
     }
     void* pData = nullptr;
-    int status = findRecord(pContext, "CLB", &pData);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
+    QV_TRY(findRecord(pContext, "CLB", &pData));
     auto* pRecord = static_cast<QvDatabaseCalibration_t*>(pData);
-    status = QvDatabaseProtocolCalibration_reset(pRecord);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = QvDatabaseProtocolCalibration_parse(pBuffer->pBegin, pRecord);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
+    QV_TRY(QvDatabaseProtocolCalibration_reset(pRecord));
+    QV_TRY(QvDatabaseProtocolCalibration_parse(pBuffer->pBegin, pRecord));
     pRecord->isLoaded = true;
     return kSuccess;
 }
@@ -103,48 +93,42 @@ int version_serialize(QvDatabaseHandle_t handle, QvJsonValue_t* pValue)
     return writeTable(text::kVersion, pMisc, pValue);
 }
 
-int parseMembers(QvDatabaseHandle_t handle, QvJsonValue_t* pDocument, QvCommonBuffer_t* pBuffer)
+/// The four members in their fixed order, whatever their order in the document; failures are traced for pFunction.
+int parseMembers(QvDatabaseHandle_t handle, QvJsonValue_t* pDocument, QvCommonBuffer_t* pBuffer, const char* pFunction)
 {
     QvJsonValue_t* pMember = QvJsonValue_member(pDocument, "version");
-    int status = kSuccess;
-    if (!QvJsonValue_isEmpty(pMember) && (status = version_parse(handle, pMember)) != kSuccess) {
-        return QV_FAIL(status);
+    if (!QvJsonValue_isEmpty(pMember)) {
+        QV_TRY_AS(pFunction, version_parse(handle, pMember));
     }
     pMember = QvJsonValue_member(pDocument, "root");
-    if (!QvJsonValue_isEmpty(pMember) && (status = QvDatabaseProtocolSimulator_parse(handle, pDocument)) != kSuccess) {
-        return QV_FAIL(status);
+    if (!QvJsonValue_isEmpty(pMember)) {
+        QV_TRY_AS(pFunction, QvDatabaseProtocolSimulator_parse(handle, pDocument));
     }
     pMember = QvJsonValue_member(pDocument, "header");
-    if (!QvJsonValue_isEmpty(pMember) && (status = calibration_textParse(contextOf(handle), pBuffer)) != kSuccess) {
-        return QV_FAIL(status);
+    if (!QvJsonValue_isEmpty(pMember)) {
+        QV_TRY_AS(pFunction, calibration_textParse(contextOf(handle), pBuffer));
     }
     pMember = QvJsonValue_member(pDocument, "tuning");
-    if (!QvJsonValue_isEmpty(pMember) && (status = QvDatabaseTuning_parse(handle, pMember)) != kSuccess) {
-        return QV_FAIL(status);
+    if (!QvJsonValue_isEmpty(pMember)) {
+        QV_TRY_AS(pFunction, QvDatabaseTuning_parse(handle, pMember));
     }
     return kSuccess;
 }
 
-/// Calibration, and what the setting's protocol asks for. Failures are traced by the caller.
-int serializeMembers(QvDatabaseHandle_t handle, QvJsonValue_t* pDocument)
+/// Calibration, and what the setting's protocol asks for; failures are traced for pFunction.
+int serializeMembers(QvDatabaseHandle_t handle, QvJsonValue_t* pDocument, const char* pFunction)
 {
     QvDatabaseCalibration_t* pCalibration = nullptr;
-    int status = queryRecord(handle, "CLB", &pCalibration);
-    if (status != kSuccess) {
-        return status;
-    }
-    status = QvDatabaseProtocolCalibration_serialize(pCalibration, pDocument);
-    if (status != kSuccess) {
-        return status;
-    }
+    QV_TRY_AS(pFunction, queryRecord(handle, "CLB", &pCalibration));
+    QV_TRY_AS(pFunction, QvDatabaseProtocolCalibration_serialize(pCalibration, pDocument));
     QvDatabaseSetting_t* pSetting = nullptr;
-    status = queryRecord(handle, "ST", &pSetting);
-    if (status != kSuccess) {
-        return status;
+    QV_TRY_AS(pFunction, queryRecord(handle, "ST", &pSetting));
+    if (pSetting->protocol == QvDatabaseSettingProtocol_Simulator) {
+        QV_TRY_AS(pFunction, QvDatabaseProtocolSimulator_serialize(handle, pDocument));
+    } else {
+        QV_TRY_AS(pFunction, QvDatabaseTuning_serialize(handle, pDocument));
     }
-    return pSetting->protocol != QvDatabaseSettingProtocol_Simulator
-               ? QvDatabaseTuning_serialize(handle, pDocument)
-               : QvDatabaseProtocolSimulator_serialize(handle, pDocument);
+    return kSuccess;
 }
 
 } // namespace
@@ -159,17 +143,13 @@ int QvDatabaseText_parse(QvDatabaseHandle_t handle, QvCommonBuffer_t* pBuffer)
         return calibration_textParse(pContext, pBuffer);
     }
     QvJsonValue_t* pDocument = nullptr;
-    int status =
-        QvJsonReader_parse(pContext->hJsonReader, pBuffer->pBegin, pBuffer->pBegin + pBuffer->size, &pDocument);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = parseMembers(handle, pDocument, pBuffer);
+    QV_TRY(QvJsonReader_parse(pContext->hJsonReader, pBuffer->pBegin, pBuffer->pBegin + pBuffer->size, &pDocument));
+    const int status = parseMembers(handle, pDocument, pBuffer, __func__);
     if (status != kSuccess) {
         return status; // the document is not released on this path
     }
-    status = QvJsonValue_delete(&pDocument);
-    return status == kSuccess ? status : QV_FAIL(status);
+    QV_TRY(QvJsonValue_delete(&pDocument));
+    return kSuccess;
 }
 
 int QvDatabaseText_serialize(QvDatabaseHandle_t handle, QvCommonBuffer_t* pBuffer)
@@ -178,25 +158,22 @@ int QvDatabaseText_serialize(QvDatabaseHandle_t handle, QvCommonBuffer_t* pBuffe
         return kBadArgument;
     }
     QvJsonValue_t* pDocument = nullptr;
-    int status = QvJsonValue_create(QvJsonValueType_Object, &pDocument);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    QvJsonValue_t* pVersion = QvJsonValue_member(pDocument, "version");
-    status = version_serialize(handle, pVersion);
-    if (status != kSuccess) {
-        return QV_FAIL(status); // nor is it on this one, whose member is gone
-    }
-    status = serializeMembers(handle, pDocument);
+    QV_TRY(QvJsonValue_create(QvJsonValueType_Object, &pDocument));
+    // Nor is it where the version fails, whose member is gone then.
+    QV_TRY(version_serialize(handle, QvJsonValue_member(pDocument, "version")));
+    int status = serializeMembers(handle, pDocument, __func__);
     if (status == kSuccess) {
         status = QvJsonWriter_stringify(contextOf(handle)->hJsonWriter, pDocument, &pBuffer->pBegin);
+        if (status != kSuccess) {
+            static_cast<void>(QV_FAIL(status));
+        }
     }
     if (status != kSuccess) {
         QvJsonValue_delete(&pDocument);
-        return QV_FAIL(status);
+        return status;
     }
     pBuffer->size = std::strlen(pBuffer->pBegin);
     pBuffer->isAllocated = true;
-    status = QvJsonValue_delete(&pDocument);
-    return status == kSuccess ? status : QV_FAIL(status);
+    QV_TRY(QvJsonValue_delete(&pDocument));
+    return kSuccess;
 }

@@ -1,12 +1,11 @@
 #include <qv_database_c/database_tile.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseTile_t;
+QV_RECORD(QvDatabaseTile_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(joint),
@@ -24,23 +23,11 @@ Record default_()
 
 } // namespace
 
-constinit const TableOf<Record> kTile{"QvDatabaseTile", __FILE__, kRows};
+extern constinit const TableOf<Record> kTile = QV_TABLE("QvDatabaseTile", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseTile_parse(QvJsonValue_t* pValue, QvDatabaseTile_t* pConfig)
-{
-    return readRecord(tuning::kTile, pValue, pConfig);
-}
-
-int QvDatabaseTile_serialize(QvDatabaseTile_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kTile, pConfig, pValue);
-}
-
-int QvDatabaseTile_reset(QvDatabaseTile_t* pConfig)
-{
-    return resetRecord(pConfig, tuning::default_());
-}
+QV_CODECS(QvDatabaseTile, tuning::kTile)
+QV_DEFAULT_RESET(QvDatabaseTile, tuning::default_())

@@ -6,12 +6,25 @@
 #include <qv_common_c/common_tracer.h>
 
 namespace qv::database {
+namespace {
+
+void traceStatus(QvCommonTracerLevel_t level, const Place& place, int status)
+{
+    QvCommonTracer_prefixSet(hTracer, level, place.file, place.line, place.function);
+    std::fprintf(QvCommonTracer_file(hTracer), "%s(%d)\n", QvCommonError_text(status), status);
+}
+
+} // namespace
 
 int traceFailure(const Place& place, int status)
 {
-    QvCommonTracer_prefixSet(hTracer, QvCommonTracerLevel_Error, place.file, place.line, place.function);
-    std::fprintf(QvCommonTracer_file(hTracer), "%s(%d)\n", QvCommonError_text(status), status);
+    traceStatus(QvCommonTracerLevel_Error, place, status);
     return status;
+}
+
+void traceWarning(const Place& place, int status)
+{
+    traceStatus(QvCommonTracerLevel_Warning, place, status);
 }
 
 void traceMember(const Place& place, const char* pKey, int status)

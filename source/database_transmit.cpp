@@ -2,72 +2,94 @@
 
 #include <cstring>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
 namespace fs {
-using Record = QvDatabaseTransmitFs_t;
+QV_RECORD(QvDatabaseTransmitFs_t);
 
+// clang-format off
 constexpr Field kRows[] = {
-    QV_FIELD(isBmp),           QV_FIELD(frameCount),    QV_FIELD(isInputBlock),     QV_FIELD(inputFolder),
-    QV_FIELD(inputFrameBegin), QV_FIELD(inputFrameEnd), QV_FIELD(inputStream),      QV_FIELD(jobsCount),
-    QV_FIELD(metaFolder),      QV_FIELD(outputFolder),  QV_FIELD(outputFilePrefix), QV_FIELD(outputStream),
+    QV_FIELD(isBmp),
+    QV_FIELD(frameCount),
+    QV_FIELD(isInputBlock),
+    QV_FIELD(inputFolder),
+    QV_FIELD(inputFrameBegin),
+    QV_FIELD(inputFrameEnd),
+    QV_FIELD(inputStream),
+    QV_FIELD(jobsCount),
+    QV_FIELD(metaFolder),
+    QV_FIELD(outputFolder),
+    QV_FIELD(outputFilePrefix),
+    QV_FIELD(outputStream),
 };
+// clang-format on
 
-constexpr TableOf<Record> kTable{"QvDatabaseTransmit", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseTransmit", kRows);
 } // namespace fs
 
 namespace http {
-using Record = QvDatabaseTransmitHttp_t;
+QV_RECORD(QvDatabaseTransmitHttp_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(portControl),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseTransmit", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseTransmit", kRows);
 } // namespace http
 
 namespace rtmp {
-using Record = QvDatabaseTransmitRtmp_t;
+QV_RECORD(QvDatabaseTransmitRtmp_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(nginxIp),
     QV_FIELD(portStream),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseTransmit", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseTransmit", kRows);
 } // namespace rtmp
 
 namespace tcp {
-using Record = QvDatabaseTransmitTcp_t;
+QV_RECORD(QvDatabaseTransmitTcp_t);
 
+// clang-format off
 constexpr Field kRows[] = {
-    QV_FIELD(portControl), QV_FIELD(portInject),     QV_FIELD(portMeta),
-    QV_FIELD(portRaw),     QV_FIELD(portStatistics), QV_FIELD(portStream),
+    QV_FIELD(portControl),
+    QV_FIELD(portInject),
+    QV_FIELD(portMeta),
+    QV_FIELD(portRaw),
+    QV_FIELD(portStatistics),
+    QV_FIELD(portStream),
 };
+// clang-format on
 
-constexpr TableOf<Record> kTable{"QvDatabaseTransmit", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseTransmit", kRows);
 } // namespace tcp
 
 namespace uart {
-using Record = QvDatabaseTransmitUart_t;
+QV_RECORD(QvDatabaseTransmitUart_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(portControl),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseTransmit", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseTransmit", kRows);
 } // namespace uart
 
-using Record = QvDatabaseTransmit_t;
+QV_RECORD(QvDatabaseTransmit_t);
 
+// clang-format off
 constexpr Field kRows[] = {
-    QV_OBJECT(fs, fs::kTable), QV_OBJECT(http, http::kTable), QV_OBJECT(rtmp, rtmp::kTable),
-    QV_FIELD(isStreamable),    QV_OBJECT(tcp, tcp::kTable),   QV_OBJECT(uart, uart::kTable),
+    QV_OBJECT(fs, fs::kTable),
+    QV_OBJECT(http, http::kTable),
+    QV_OBJECT(rtmp, rtmp::kTable),
+    QV_FIELD(isStreamable),
+    QV_OBJECT(tcp, tcp::kTable),
+    QV_OBJECT(uart, uart::kTable),
 };
+// clang-format on
 
 Record default_()
 {
@@ -89,7 +111,7 @@ Record default_()
 
 } // namespace
 
-constinit const TableOf<Record> kTransmit{"QvDatabaseTransmit", __FILE__, kRows};
+extern constinit const TableOf<Record> kTransmit = QV_TABLE("QvDatabaseTransmit", kRows);
 
 } // namespace qv::database::tuning
 
@@ -97,17 +119,5 @@ using namespace qv::database;
 
 // Neither codec tests its arguments.
 
-int QvDatabaseTransmit_parse(QvJsonValue_t* pValue, QvDatabaseTransmit_t* pConfig)
-{
-    return readTable(tuning::kTransmit, pValue, pConfig);
-}
-
-int QvDatabaseTransmit_serialize(QvDatabaseTransmit_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeTable(tuning::kTransmit, pConfig, pValue);
-}
-
-int QvDatabaseTransmit_reset(QvDatabaseTransmit_t* pConfig)
-{
-    return resetRecord(pConfig, tuning::default_());
-}
+QV_UNTESTED_CODECS(QvDatabaseTransmit, tuning::kTransmit)
+QV_DEFAULT_RESET(QvDatabaseTransmit, tuning::default_())

@@ -12,20 +12,15 @@ int QvDatabaseTuning_parse(QvDatabaseHandle_t handle, QvJsonValue_t* pValue)
     if (handle == 0 || pValue == nullptr) {
         return kBadArgument;
     }
-    for (const TuningRow& row : tuningRows()) {
-        QvJsonValue_t* pMember = QvJsonValue_member(pValue, row.codec.key);
+    for (const TuningRow& row : kTuningRows) {
+        QvJsonValue_t* pMember = QvJsonValue_member(pValue, row.key);
         if (QvJsonValue_isEmpty(pMember)) {
             continue;
         }
+        const Category* pCategory = nullptr;
         void* pRecord = nullptr;
-        int status = QvDatabase_query(handle, row.codec.key, &pRecord);
-        if (status != kSuccess) {
-            return QV_FAIL(status);
-        }
-        status = row.codec.parse(pMember, pRecord);
-        if (status != kSuccess) {
-            return QV_FAIL(status);
-        }
+        QV_TRY(queryCategory(handle, row.key, &pCategory, &pRecord));
+        QV_TRY(pCategory->tuning.parse(pMember, pRecord));
     }
     return kSuccess;
 }

@@ -13,19 +13,14 @@ int QvDatabaseTuning_serialize(QvDatabaseHandle_t handle, QvJsonValue_t* pValue)
         return kBadArgument;
     }
     QvJsonValue_t* pTuning = QvJsonValue_member(pValue, "tuning");
-    for (const TuningRow& row : tuningRows()) {
+    for (const TuningRow& row : kTuningRows) {
         if (!row.isWritten) {
             continue;
         }
+        const Category* pCategory = nullptr;
         void* pRecord = nullptr;
-        int status = QvDatabase_query(handle, row.codec.key, &pRecord);
-        if (status != kSuccess) {
-            return QV_FAIL(status);
-        }
-        status = row.codec.serialize(pRecord, QvJsonValue_member(pTuning, row.codec.key));
-        if (status != kSuccess) {
-            return QV_FAIL(status);
-        }
+        QV_TRY(queryCategory(handle, row.key, &pCategory, &pRecord));
+        QV_TRY(pCategory->tuning.serialize(pRecord, QvJsonValue_member(pTuning, row.key)));
     }
     return kSuccess;
 }

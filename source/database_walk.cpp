@@ -51,7 +51,7 @@ void traceRow(const Table& table, const Field& field, const char* pVerb, int sta
     char function[160];
     std::snprintf(function, sizeof function, "%s_%s", table.name, table.verb != nullptr ? table.verb : pVerb);
     const Place place{table.file, field.line, function};
-    if (field.element == Element::Record) {
+    if (field.written == Element::Record) {
         traceFailure(place, status);
     } else {
         traceMember(place, field.key, status);
@@ -165,10 +165,30 @@ int readRecords(const Field& field, QvJsonValue_t* pValue, const Block& block)
     return status;
 }
 
+/// The numbers of a record that a document holds as a list: what a reader takes of each, and a writer gives.
+using ReadMember = std::uint16_t;
+using WrittenMember = std::uint32_t;
+constexpr std::size_t kMostMembers = 4;
+
+/// Unlike every other field, such a record doesn't keep its values where the document lacks them: what is missing is 0.
+int readMembers(const Field& field, QvJsonValue_t* pValue, const Block& block)
+{
+    ReadMember members[kMostMembers] = {};
+    const std::size_t number = field.table->rows.size();
+    const int status = QvDatabaseAccess_integers(pValue, members, sizeof(ReadMember), number, field.key);
+    for (std::size_t i = 0; i < number; ++i) {
+        std::memcpy(block.at(field) + field.table->rows[i].offset, &members[i], sizeof(ReadMember));
+    }
+    return status;
+}
+
 int readField(const Field& field, QvJsonValue_t* pValue, const Block& block)
 {
+    if (field.count == Count::Members) {
+        return readMembers(field, pValue, block);
+    }
     char* pData = block.at(field);
-    switch (field.element) {
+    switch (field.written) {
     case Element::Bool:
         return readBool(field, pValue, pData);
     case Element::Integer:
@@ -201,7 +221,7 @@ int readFields(const Table& table, QvJsonValue_t* pValue, const Block& block)
         const int status = readField(*pField, pValue, block);
         if (status != kSuccess) {
             traceRow(table, *pField, "parse", status);
-            if (pField->element == Element::Record) {
+            if (pField->written == Element::Record) {
                 return status;
             }
         }
@@ -225,13 +245,14 @@ int writeInteger(const Field& field, void* pData, QvJsonValue_t* pValue)
     const auto& n = field.extents;
     switch (field.rank) {
     case 0:
-        return QvDatabaseAccess_integer_(pValue, field.isSigned, pData, field.width, field.key);
+        return QvDatabaseAccess_integer_(pValue, field.isWrittenSigned, pData, field.width, field.key);
     case 1:
-        return QvDatabaseAccess_integers_(pValue, field.isSigned, pData, field.width, n[0], field.key);
+        return QvDatabaseAccess_integers_(pValue, field.isWrittenSigned, pData, field.width, n[0], field.key);
     case 2:
-        return QvDatabaseAccess_intergers22_(pValue, field.isSigned, pData, field.width, n[0], n[1], field.key);
+        return QvDatabaseAccess_intergers22_(pValue, field.isWrittenSigned, pData, field.width, n[0], n[1], field.key);
     default:
-        return QvDatabaseAccess_intergers33_(pValue, field.isSigned, pData, field.width, n[0], n[1], n[2], field.key);
+        return QvDatabaseAccess_intergers33_(pValue, field.isWrittenSigned, pData, field.width, n[0], n[1], n[2],
+                                             field.key);
     }
 }
 
@@ -352,10 +373,25 @@ int writeRecords(const Field& field, const Block& block, QvJsonValue_t* pValue)
     return status;
 }
 
+int writeMembers(const Field& field, const Block& block, QvJsonValue_t* pValue)
+{
+    WrittenMember members[kMostMembers] = {};
+    const std::size_t number = field.table->rows.size();
+    for (std::size_t i = 0; i < number; ++i) {
+        ReadMember member = 0;
+        std::memcpy(&member, block.at(field) + field.table->rows[i].offset, sizeof member);
+        members[i] = member;
+    }
+    return QvDatabaseAccess_integers_(pValue, false, members, sizeof(WrittenMember), number, field.key);
+}
+
 int writeField(const Field& field, const Block& block, QvJsonValue_t* pValue)
 {
+    if (field.count == Count::Members) {
+        return writeMembers(field, block, pValue);
+    }
     char* pData = block.at(field);
-    switch (field.element) {
+    switch (field.written) {
     case Element::Bool:
         return writeBool(field, pData, pValue);
     case Element::Integer:
@@ -382,7 +418,7 @@ int writeFields(const Table& table, const Block& block, QvJsonValue_t* pValue)
                                                                           : writeField(field, block, pValue);
         if (status != kSuccess) {
             traceRow(table, field, "serialize", status);
-            if (field.element == Element::Record) {
+            if (field.written == Element::Record) {
                 return status;
             }
         }

@@ -1,12 +1,11 @@
 #include <qv_database_c/database_white_balance_1_1.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseWhiteBalance_1_1_t;
+QV_RECORD(QvDatabaseWhiteBalance_1_1_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -15,23 +14,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kWhiteBalance_1_1{"QvDatabaseWhiteBalance_1_1", __FILE__, kRows};
+extern constinit const TableOf<Record> kWhiteBalance_1_1 = QV_TABLE("QvDatabaseWhiteBalance_1_1", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseWhiteBalance_1_1_parse(QvJsonValue_t* pValue, QvDatabaseWhiteBalance_1_1_t* pConfig)
-{
-    return readRecord(tuning::kWhiteBalance_1_1, pValue, pConfig);
-}
-
-int QvDatabaseWhiteBalance_1_1_serialize(QvDatabaseWhiteBalance_1_1_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kWhiteBalance_1_1, pConfig, pValue);
-}
-
-int QvDatabaseWhiteBalance_1_1_reset(QvDatabaseWhiteBalance_1_1_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseWhiteBalance_1_1, tuning::kWhiteBalance_1_1)
+QV_CLEARED_RESET(QvDatabaseWhiteBalance_1_1)

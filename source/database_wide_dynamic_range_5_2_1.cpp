@@ -1,12 +1,11 @@
 #include <qv_database_c/database_wide_dynamic_range_5_2_1.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::tuning {
 namespace {
 
-using Record = QvDatabaseWideDynamicRange_5_2_1_t;
+QV_RECORD(QvDatabaseWideDynamicRange_5_2_1_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -73,23 +72,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kWideDynamicRange_5_2_1{"QvDatabaseWideDynamicRange_5_2_1", __FILE__, kRows};
+extern constinit const TableOf<Record> kWideDynamicRange_5_2_1 = QV_TABLE("QvDatabaseWideDynamicRange_5_2_1", kRows);
 
 } // namespace qv::database::tuning
 
 using namespace qv::database;
 
-int QvDatabaseWideDynamicRange_5_2_1_parse(QvJsonValue_t* pValue, QvDatabaseWideDynamicRange_5_2_1_t* pConfig)
-{
-    return readRecord(tuning::kWideDynamicRange_5_2_1, pValue, pConfig);
-}
-
-int QvDatabaseWideDynamicRange_5_2_1_serialize(QvDatabaseWideDynamicRange_5_2_1_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(tuning::kWideDynamicRange_5_2_1, pConfig, pValue);
-}
-
-int QvDatabaseWideDynamicRange_5_2_1_reset(QvDatabaseWideDynamicRange_5_2_1_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseWideDynamicRange_5_2_1, tuning::kWideDynamicRange_5_2_1)
+QV_CLEARED_RESET(QvDatabaseWideDynamicRange_5_2_1)

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <string_view>
 
 #include <qv_common_c/common_buffer.h>
@@ -35,47 +36,10 @@ FILE* infoStream()
     return QvCommonTracer_file(hTracer);
 }
 
-int openReadersAndWriters(Context_t* pContext)
-{
-    int status = QvInitializationReader_open(&pContext->hInitializationReader);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = QvInitializationWriter_open(&pContext->hInitializationWriter);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = QvJsonReader_open(&pContext->hJsonReader);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    QvJsonWriterOpenParam_t param{};
-    param.decimals = 6;
-    param.elementNumberPerLine = 0;
-    std::memcpy(param.indent, "  ", 2);
-    status = QvJsonWriter_open(&param, &pContext->hJsonWriter);
-    return status == kSuccess ? status : QV_FAIL(status);
-}
-
-int openRecords(Context_t* pContext)
-{
-    QvCommonMapOpenParam_t param{};
-    param.pFree = &freeObject;
-    int status = QvCommonMap_open(&param, &pContext->hMap);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = registerCategories(pContext);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    void* pRecord = nullptr;
-    status = findRecord(pContext, "RAM", &pRecord);
-    if (status == kSuccess) {
-        status = QvCommonBufferQueue_open(nullptr, &static_cast<QvDatabaseRam_t*>(pRecord)->hBufferQueueFile);
-    }
-    return status == kSuccess ? status : QV_FAIL(status);
-}
+struct DeleteBuffer {
+    void operator()(QvCommonBuffer_t* pBuffer) const { QvCommonBuffer_delete(&pBuffer); }
+};
+using Buffer = std::unique_ptr<QvCommonBuffer_t, DeleteBuffer>;
 
 /// What a file name asks for. The comparison is exact; a name shorter than a suffix doesn't end in it.
 enum class Container { Text, Initialization, Binary };
@@ -139,19 +103,26 @@ int QvDatabase_open(QvDatabaseOpenParam_t* pParam, QvDatabaseHandle_t* pHandle)
     *pHandle = reinterpret_cast<QvDatabaseHandle_t>(pContext);
     pContext->openParam = *pParam;
     std::snprintf(pContext->description, sizeof pContext->description, "Database");
-    int status = openReadersAndWriters(pContext);
-    if (status != kSuccess) {
-        return status;
-    }
-    status = openRecords(pContext);
-    if (status != kSuccess) {
-        return status;
-    }
+
+    QV_TRY(QvInitializationReader_open(&pContext->hInitializationReader));
+    QV_TRY(QvInitializationWriter_open(&pContext->hInitializationWriter));
+    QV_TRY(QvJsonReader_open(&pContext->hJsonReader));
+    QvJsonWriterOpenParam_t writerParam{};
+    writerParam.decimals = 6;
+    writerParam.elementNumberPerLine = 0;
+    std::memcpy(writerParam.indent, "  ", 2);
+    QV_TRY(QvJsonWriter_open(&writerParam, &pContext->hJsonWriter));
+
+    QvCommonMapOpenParam_t mapParam{};
+    mapParam.pFree = &freeObject;
+    QV_TRY(QvCommonMap_open(&mapParam, &pContext->hMap));
+    QV_TRY(registerCategories(pContext));
+    void* pRam = nullptr;
+    QV_TRY(findRecord(pContext, "RAM", &pRam));
+    QV_TRY(QvCommonBufferQueue_open(nullptr, &static_cast<QvDatabaseRam_t*>(pRam)->hBufferQueueFile));
+
     void* pMisc = nullptr;
-    status = findRecord(pContext, "MISC", &pMisc);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
+    QV_TRY(findRecord(pContext, "MISC", &pMisc));
     std::fprintf(infoStream(), "Qv_frameworks Version Number: %s\n",
                  static_cast<QvDatabaseMisc_t*>(pMisc)->versionNumber);
     return kSuccess;
@@ -164,35 +135,16 @@ int QvDatabase_close(QvDatabaseHandle_t* pHandle)
     }
     Context_t* pContext = contextOf(*pHandle);
     void* pRecord = nullptr;
-    int status = findRecord(pContext, "RAM", &pRecord);
-    if (status == kSuccess) {
-        // An application may have closed the queue itself, by a reset of the record.
-        auto* pRam = static_cast<QvDatabaseRam_t*>(pRecord);
-        status = pRam->hBufferQueueFile == 0 ? kSuccess : QvCommonBufferQueue_close(&pRam->hBufferQueueFile);
+    QV_TRY(findRecord(pContext, "RAM", &pRecord));
+    auto* pRam = static_cast<QvDatabaseRam_t*>(pRecord);
+    if (pRam->hBufferQueueFile != 0) { // an application may have closed the queue itself, by a reset of the record
+        QV_TRY(QvCommonBufferQueue_close(&pRam->hBufferQueueFile));
     }
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = QvCommonMap_close(&pContext->hMap);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = QvJsonWriter_close(&pContext->hJsonWriter);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = QvJsonReader_close(&pContext->hJsonReader);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = QvInitializationWriter_close(&pContext->hInitializationWriter);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = QvInitializationReader_close(&pContext->hInitializationReader);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
+    QV_TRY(QvCommonMap_close(&pContext->hMap));
+    QV_TRY(QvJsonWriter_close(&pContext->hJsonWriter));
+    QV_TRY(QvJsonReader_close(&pContext->hJsonReader));
+    QV_TRY(QvInitializationWriter_close(&pContext->hInitializationWriter));
+    QV_TRY(QvInitializationReader_close(&pContext->hInitializationReader));
     std::free(pContext);
     *pHandle = 0;
     return kSuccess;
@@ -204,17 +156,21 @@ int QvDatabase_info(QvDatabaseHandle_t handle)
         return kBadArgument;
     }
     QvDatabaseCalibration_t* pCalibration = nullptr;
-    const int status = queryRecord(handle, "CLB", &pCalibration);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
+    QV_TRY(queryRecord(handle, "CLB", &pCalibration));
     const QvDatabaseCalibrationHeader_t& header = pCalibration->header;
     const QvDatabaseCalibrationSensor_t& sensor = pCalibration->sensor;
     std::fprintf(infoStream(), "header/resolution: %d\n", header.resolutionNumber);
-    // A failed load may have left a count that is larger than the list.
-    for (std::size_t i = 0; i < header.resolutionNumber && i < std::size(header.resolutions); ++i) {
+    // A failed load may have left a count that is larger than the list. It is followed as a save follows it: as far as
+    // whole items lie in the record.
+    using Resolution = QvDatabaseCalibrationHeaderResolution_t;
+    const char* pResolutions = reinterpret_cast<const char*>(header.resolutions);
+    const char* pEnd = reinterpret_cast<const char*>(pCalibration) + sizeof *pCalibration;
+    const std::size_t most = static_cast<std::size_t>(pEnd - pResolutions) / sizeof(Resolution);
+    for (std::size_t i = 0; i < header.resolutionNumber && i < most; ++i) {
+        Resolution resolution;
+        std::memcpy(&resolution, pResolutions + i * sizeof(Resolution), sizeof(Resolution));
         std::fprintf(infoStream(), "header/resolution[%d]/framerate: %d\n", static_cast<int>(i),
-                     header.resolutions[i].framerateNumber);
+                     resolution.framerateNumber);
     }
     std::fprintf(infoStream(), "awb/global: %d\n", sensor.awb.globalNumber);
     std::fprintf(infoStream(), "awb/illumination: %d\n", sensor.awb.illuminationNumber);
@@ -233,20 +189,13 @@ int QvDatabase_load(QvDatabaseHandle_t handle, const char* pFilename)
         return kBadArgument;
     }
     QvCommonBuffer_t* pBuffer = nullptr;
-    int status = QvCommonBuffer_create(&pBuffer);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = QvCommonBuffer_load2(pFilename, 0, 0, pBuffer);
-    if (status == kSuccess) {
-        status = parse(handle, pFilename, pBuffer);
-    }
-    if (status != kSuccess) {
-        QvCommonBuffer_delete(&pBuffer);
-        return QV_FAIL(status);
-    }
-    status = QvCommonBuffer_delete(&pBuffer);
-    return status == kSuccess ? status : QV_FAIL(status);
+    QV_TRY(QvCommonBuffer_create(&pBuffer));
+    Buffer owner(pBuffer);
+    QV_TRY(QvCommonBuffer_load2(pFilename, 0, 0, pBuffer));
+    QV_TRY(parse(handle, pFilename, pBuffer));
+    pBuffer = owner.release();
+    QV_TRY(QvCommonBuffer_delete(&pBuffer));
+    return kSuccess;
 }
 
 int QvDatabase_save(QvDatabaseHandle_t handle, const char* pFilename)
@@ -255,20 +204,13 @@ int QvDatabase_save(QvDatabaseHandle_t handle, const char* pFilename)
         return kBadArgument;
     }
     QvCommonBuffer_t* pBuffer = nullptr;
-    int status = QvCommonBuffer_create(&pBuffer);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = serialize(handle, pFilename, pBuffer);
-    if (status == kSuccess) {
-        status = QvCommonBuffer_save2(pBuffer, pFilename, 0);
-    }
-    if (status != kSuccess) {
-        QvCommonBuffer_delete(&pBuffer);
-        return QV_FAIL(status);
-    }
-    status = QvCommonBuffer_delete(&pBuffer);
-    return status == kSuccess ? status : QV_FAIL(status);
+    QV_TRY(QvCommonBuffer_create(&pBuffer));
+    Buffer owner(pBuffer);
+    QV_TRY(serialize(handle, pFilename, pBuffer));
+    QV_TRY(QvCommonBuffer_save2(pBuffer, pFilename, 0));
+    pBuffer = owner.release();
+    QV_TRY(QvCommonBuffer_delete(&pBuffer));
+    return kSuccess;
 }
 
 int QvDatabase_metaLoad(QvDatabaseHandle_t handle, const char* pFilename)
@@ -278,24 +220,16 @@ int QvDatabase_metaLoad(QvDatabaseHandle_t handle, const char* pFilename)
     }
     // Only a load that went well releases the tree.
     QvJsonValue_t* pDocument = nullptr;
-    int status = QvJsonReader_load(contextOf(handle)->hJsonReader, pFilename, &pDocument);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
+    QV_TRY(QvJsonReader_load(contextOf(handle)->hJsonReader, pFilename, &pDocument));
     QvDatabaseMeta_t* pMeta = nullptr;
-    status = queryRecord(handle, "MT", &pMeta);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = QvDatabaseProtocolSimulator_meta_parse(pDocument, pMeta);
+    QV_TRY(queryRecord(handle, "MT", &pMeta));
+    int status = QvDatabaseProtocolSimulator_meta_parse(pDocument, pMeta);
     if (status == kNoContent) {
         status = QvDatabaseMeta_parse(pDocument, pMeta);
     }
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = QvJsonValue_delete(&pDocument);
-    return status == kSuccess ? status : QV_FAIL(status);
+    QV_TRY(status);
+    QV_TRY(QvJsonValue_delete(&pDocument));
+    return kSuccess;
 }
 
 int QvDatabase_metaSave(QvDatabaseHandle_t handle, const char* pFilename)
@@ -304,17 +238,11 @@ int QvDatabase_metaSave(QvDatabaseHandle_t handle, const char* pFilename)
         return kBadArgument;
     }
     QvDatabaseMeta_t* pMeta = nullptr;
-    int status = queryRecord(handle, "MT", &pMeta);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
+    QV_TRY(queryRecord(handle, "MT", &pMeta));
     QvJsonValue_t* pDocument = nullptr;
-    status = QvJsonValue_create(QvJsonValueType_Null, &pDocument);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
+    QV_TRY(QvJsonValue_create(QvJsonValueType_Null, &pDocument));
     QvDatabaseSetting_t* pSetting = nullptr;
-    status = queryRecord(handle, "ST", &pSetting);
+    int status = queryRecord(handle, "ST", &pSetting);
     if (status == kSuccess) {
         status = pSetting->protocol == QvDatabaseSettingProtocol_Simulator
                      ? QvDatabaseProtocolSimulator_meta_serialize(pMeta, pDocument)
@@ -324,5 +252,6 @@ int QvDatabase_metaSave(QvDatabaseHandle_t handle, const char* pFilename)
         status = QvJsonWriter_save(contextOf(handle)->hJsonWriter, pDocument, pFilename);
     }
     QvJsonValue_delete(&pDocument);
-    return status == kSuccess ? status : QV_FAIL(status);
+    QV_TRY(status);
+    return kSuccess;
 }

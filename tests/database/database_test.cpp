@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <qv_common_c/common_logger.h>
 #include <qv_database_c/database_calibration.h>
 
@@ -108,7 +110,7 @@ TEST(Database, infoCountsWhatTheCalibrationHolds)
     EXPECT_EQ(QvDatabase_info(database.handle()), 0);
     EXPECT_EQ(takeLines(traces), "info: header/resolution: 0\ninfo: awb/global: 0\ninfo: awb/illumination: 0\n"
                                  "info: bls: 0\ninfo: bnr: 0\ninfo: cac: 0\ninfo: cc: 0\ninfo: dpf: 0\ninfo: lsc: 0\n");
-    header.resolutionNumber = 255; // as a failed load may leave it; there is one
+    header.resolutionNumber = 2; // as a failed load may leave it; there is one, and what follows it is all zero
     header.resolutions[0].framerateNumber = 200;
     sensor.awb.globalNumber = 2;
     sensor.awb.illuminationNumber = 3;
@@ -120,9 +122,14 @@ TEST(Database, infoCountsWhatTheCalibrationHolds)
     sensor.lscNumber = 9;
     EXPECT_EQ(QvDatabase_info(database.handle()), 0);
     EXPECT_EQ(takeLines(traces),
-              "info: header/resolution: 255\ninfo: header/resolution[0]/framerate: 200\ninfo: awb/global: 2\n"
+              "info: header/resolution: 2\ninfo: header/resolution[0]/framerate: 200\n"
+              "info: header/resolution[1]/framerate: 0\ninfo: awb/global: 2\n"
               "info: awb/illumination: 3\ninfo: bls: 4\ninfo: bnr: 5\ninfo: cac: 6\ninfo: cc: 7\ninfo: dpf: 8\n"
               "info: lsc: 9\n");
+    header.resolutionNumber = 255; // more than there are whole items behind the list in the record
+    EXPECT_EQ(QvDatabase_info(database.handle()), 0);
+    const std::size_t room = sizeof(QvDatabaseCalibration_t) - offsetof(QvDatabaseCalibrationHeader_t, resolutions);
+    EXPECT_EQ(std::ranges::count(takeLines(traces), '['), room / sizeof header.resolutions[0]);
 }
 
 } // namespace

@@ -9,14 +9,14 @@ namespace {
 
 using namespace qv::database;
 
-std::string elementText(const Field& field)
+std::string elementText(const Field& field, Element element, bool isSigned)
 {
     const std::string width = std::to_string(field.width);
-    switch (field.element) {
+    switch (element) {
     case Element::Bool:
         return "bool";
     case Element::Integer:
-        return std::string(field.isSigned ? "int" : "uint").append(std::to_string(field.width * 8));
+        return std::string(isSigned ? "int" : "uint").append(std::to_string(field.width * 8));
     case Element::Float:
         return "float";
     case Element::Double:
@@ -50,6 +50,9 @@ std::string noteText(const Field& field)
     std::string text;
     switch (field.count) {
     case Count::One:
+        break;
+    case Count::Members:
+        text += " list-of-members";
         break;
     case Count::Fixed:
         text += field.rank == 0 ? " first-item" : " fixed";
@@ -93,8 +96,10 @@ void listTable(const Table& table, int depth, std::string& out)
     for (const Field& field : table.rows) {
         char line[256];
         const std::string key = std::string(static_cast<std::size_t>(depth) * 2, ' ') + field.key;
-        std::snprintf(line, sizeof line, "%-36s %-14s @%-6u %6zu%s", key.c_str(),
-                      (elementText(field) + extentText(field)).c_str(), field.offset, field.size(),
+        const Element written = field.count == Count::Members ? Element::Record : field.written;
+        std::snprintf(line, sizeof line, "%-36s %-16s %-12s @%-6u %6zu%s", key.c_str(),
+                      (elementText(field, written, field.isWrittenSigned) + extentText(field)).c_str(),
+                      elementText(field, field.element, field.isSigned).c_str(), field.offset, field.size(),
                       noteText(field).c_str());
         out += line;
         out += '\n';
@@ -108,7 +113,7 @@ void listTable(const Table& table, int depth, std::string& out)
 
 std::string listForms()
 {
-    std::string out;
+    std::string out = "# member, its element in the document, the C member's element, offset, bytes, notes\n";
     for (const Form& form : forms()) {
         char title[160];
         std::snprintf(title, sizeof title, "\n[%s %s] %s, %zu bytes\n", form.document, form.key, form.table->name,

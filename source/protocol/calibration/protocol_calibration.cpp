@@ -16,25 +16,13 @@ int QvDatabaseProtocolCalibration_parse(const char* pText, QvDatabaseCalibration
         return kBadArgument;
     }
     QvJsonReaderHandle_t hReader = 0;
-    int status = QvJsonReader_open(&hReader);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
+    QV_TRY(QvJsonReader_open(&hReader));
     QvJsonValue_t* pDocument = nullptr;
-    status = QvJsonReader_parse(hReader, pText, pText + std::strlen(pText), &pDocument);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = QvJsonReader_close(&hReader);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = QvDatabaseProtocolCalibrationJson_parse(pDocument, pConfig);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
-    status = QvJsonValue_delete(&pDocument);
-    return status == kSuccess ? status : QV_FAIL(status);
+    QV_TRY(QvJsonReader_parse(hReader, pText, pText + std::strlen(pText), &pDocument));
+    QV_TRY(QvJsonReader_close(&hReader));
+    QV_TRY(QvDatabaseProtocolCalibrationJson_parse(pDocument, pConfig));
+    QV_TRY(QvJsonValue_delete(&pDocument));
+    return kSuccess;
 }
 
 int QvDatabaseProtocolCalibration_serialize(QvDatabaseCalibration_t* pConfig, QvJsonValue_t* pValue)

@@ -1,6 +1,5 @@
 #include <qv_database_c/protocol_calibration.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 // Sign flags are those that tools have always been given, also where they are not the field's own: grids and sector
@@ -10,18 +9,18 @@ namespace qv::database::calibration {
 namespace {
 
 namespace headerResolutionFramerate {
-using Record = QvDatabaseCalibrationHeaderResolutionFramerate_t;
+QV_RECORD(QvDatabaseCalibrationHeaderResolutionFramerate_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(name),
     QV_FIELD(fps),
 };
 
-constexpr TableOf<Record> kTable{"headerResolutionFramerate", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("headerResolutionFramerate", kRows);
 } // namespace headerResolutionFramerate
 
 namespace headerResolution {
-using Record = QvDatabaseCalibrationHeaderResolution_t;
+QV_RECORD(QvDatabaseCalibrationHeaderResolution_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(name),
@@ -31,11 +30,11 @@ constexpr Field kRows[] = {
     QV_OBJECT_KEY(framerate, "framerate", headerResolutionFramerate::kTable).measuredInto(QV_COUNTER(framerateNumber)),
 };
 
-constexpr TableOf<Record> kTable{"headerResolution", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("headerResolution", kRows);
 } // namespace headerResolution
 
 namespace header {
-using Record = QvDatabaseCalibrationHeader_t;
+QV_RECORD(QvDatabaseCalibrationHeader_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(date, "creation_date"),
@@ -46,21 +45,21 @@ constexpr Field kRows[] = {
     QV_OBJECT_KEY(resolutions, "resolution", headerResolution::kTable).measuredInto(QV_COUNTER(resolutionNumber)),
 };
 
-constexpr TableOf<Record> kTable{"header", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("header", kRows);
 } // namespace header
 
 namespace sensorAf {
-using Record = QvDatabaseCalibrationSensorAf_t;
+QV_RECORD(QvDatabaseCalibrationSensorAf_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(tbd),
 };
 
-constexpr TableOf<Record> kTable{"sensorAf", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorAf", kRows);
 } // namespace sensorAf
 
 namespace iir {
-using Record = QvDatabaseCalibrationSensorAwbGlobal_Iir_t;
+QV_RECORD(QvDatabaseCalibrationSensorAwbGlobal_Iir_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(dampCoefAdd, "DampCoefAdd"),
@@ -74,11 +73,11 @@ constexpr Field kRows[] = {
     QV_FIELD_KEY(expPriorMiddle, "ExpPriorMiddle"),
 };
 
-constexpr TableOf<Record> kTable{"sensorAwbGlobal", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorAwbGlobal", kRows);
 } // namespace iir
 
 namespace sensorAwbGlobal {
-using Record = QvDatabaseCalibrationSensorAwbGlobal_t;
+QV_RECORD(QvDatabaseCalibrationSensorAwbGlobal_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(name),
@@ -113,11 +112,11 @@ constexpr Field kRows[] = {
     QV_OBJECT_KEY(iir, "IIR", iir::kTable),
 };
 
-constexpr TableOf<Record> kTable{"sensorAwbGlobal", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorAwbGlobal", kRows);
 } // namespace sensorAwbGlobal
 
 namespace gmm {
-using Record = QvDatabaseCalibrationSensorAwbIllumination_Gmm_t;
+QV_RECORD(QvDatabaseCalibrationSensorAwbIllumination_Gmm_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(invCovMatrix).inRowsOf(2),
@@ -126,54 +125,54 @@ constexpr Field kRows[] = {
     QV_FIELD_KEY(gaussianMeanValue, "GaussianMeanValue"),
 };
 
-constexpr TableOf<Record> kTable{"sensorAwbIllumination", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorAwbIllumination", kRows);
 } // namespace gmm
 
 namespace alsc {
-using Record = QvDatabaseCalibrationSensorAwbIllumination_Alsc_t;
+QV_RECORD(QvDatabaseCalibrationSensorAwbIllumination_Alsc_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(resolution),
     QV_FIELD_KEY(profile, "LSC_PROFILE_LIST"),
 };
 
-constexpr TableOf<Record> kTable{"sensorAwbIllumination", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorAwbIllumination", kRows);
 } // namespace alsc
 
 namespace satCt {
-using Record = QvDatabaseCalibrationSensorAwbIllumination_SatCt_t;
+QV_RECORD(QvDatabaseCalibrationSensorAwbIllumination_SatCt_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(gain, "gains"),
     QV_FIELD_KEY(saturation, "sat"),
 };
 
-constexpr TableOf<Record> kTable{"sensorAwbIllumination", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorAwbIllumination", kRows);
 } // namespace satCt
 
 namespace vigCt {
-using Record = QvDatabaseCalibrationSensorAwbIllumination_VigCt_t;
+QV_RECORD(QvDatabaseCalibrationSensorAwbIllumination_VigCt_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(gain, "gains"),
     QV_FIELD_KEY(vignetting, "vig"),
 };
 
-constexpr TableOf<Record> kTable{"sensorAwbIllumination", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorAwbIllumination", kRows);
 } // namespace vigCt
 
 namespace acc {
-using Record = QvDatabaseCalibrationSensorAwbIllumination_Acc_t;
+QV_RECORD(QvDatabaseCalibrationSensorAwbIllumination_Acc_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(profile, "CC_PROFILE_LIST"),
 };
 
-constexpr TableOf<Record> kTable{"sensorAwbIllumination", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorAwbIllumination", kRows);
 } // namespace acc
 
 namespace sensorAwbIllumination {
-using Record = QvDatabaseCalibrationSensorAwbIllumination_t;
+QV_RECORD(QvDatabaseCalibrationSensorAwbIllumination_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(name),
@@ -189,11 +188,11 @@ constexpr Field kRows[] = {
     QV_OBJECT_KEY(acc, "aCC", acc::kTable),
 };
 
-constexpr TableOf<Record> kTable{"sensorAwbIllumination", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorAwbIllumination", kRows);
 } // namespace sensorAwbIllumination
 
 namespace sensorAwb {
-using Record = QvDatabaseCalibrationSensorAwb_t;
+QV_RECORD(QvDatabaseCalibrationSensorAwb_t);
 
 constexpr Field kRows[] = {
     QV_OBJECT_KEY(globals, "globals", sensorAwbGlobal::kTable).measuredInto(QV_COUNTER(globalNumber)),
@@ -201,11 +200,11 @@ constexpr Field kRows[] = {
         .measuredInto(QV_COUNTER(illuminationNumber)),
 };
 
-constexpr TableOf<Record> kTable{"sensorAwb", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorAwb", kRows);
 } // namespace sensorAwb
 
 namespace sensorBls {
-using Record = QvDatabaseCalibrationSensorBls_t;
+QV_RECORD(QvDatabaseCalibrationSensorBls_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(name),
@@ -214,22 +213,22 @@ constexpr Field kRows[] = {
     QV_FIELD(bitWidth),
 };
 
-constexpr TableOf<Record> kTable{"sensorBls", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorBls", kRows);
 } // namespace sensorBls
 
 namespace sensorBnr {
-using Record = QvDatabaseCalibrationSensorBnr_t;
+QV_RECORD(QvDatabaseCalibrationSensorBnr_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(kA, "k_a"),
     QV_FIELD_KEY(pB, "p_b"),
 };
 
-constexpr TableOf<Record> kTable{"sensorBnr", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorBnr", kRows);
 } // namespace sensorBnr
 
 namespace sensorCac {
-using Record = QvDatabaseCalibrationSensorCac_t;
+QV_RECORD(QvDatabaseCalibrationSensorCac_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(name),
@@ -244,11 +243,11 @@ constexpr Field kRows[] = {
     QV_FIELD_KEY(blueParameters, "blue_parameters"),
 };
 
-constexpr TableOf<Record> kTable{"sensorCac", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorCac", kRows);
 } // namespace sensorCac
 
 namespace sensorCc {
-using Record = QvDatabaseCalibrationSensorCc_t;
+QV_RECORD(QvDatabaseCalibrationSensorCc_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(name),
@@ -259,11 +258,11 @@ constexpr Field kRows[] = {
     QV_FIELD_KEY(sensorGains, "SensorGains"),
 };
 
-constexpr TableOf<Record> kTable{"sensorCc", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorCc", kRows);
 } // namespace sensorCc
 
 namespace sensorDpf {
-using Record = QvDatabaseCalibrationSensorDpf_t;
+QV_RECORD(QvDatabaseCalibrationSensorDpf_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(name),
@@ -280,11 +279,11 @@ constexpr Field kRows[] = {
     QV_FIELD_KEY(nlGains, "NlGains"),
 };
 
-constexpr TableOf<Record> kTable{"sensorDpf", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorDpf", kRows);
 } // namespace sensorDpf
 
 namespace sensorLsc {
-using Record = QvDatabaseCalibrationSensorLsc_t;
+QV_RECORD(QvDatabaseCalibrationSensorLsc_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(sensorGains, "SensorGains"),
@@ -307,11 +306,11 @@ constexpr Field kRows[] = {
     QV_FIELD_KEY(radialGain, "radial_gain"),
 };
 
-constexpr TableOf<Record> kTable{"sensorLsc", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensorLsc", kRows);
 } // namespace sensorLsc
 
 namespace sensor {
-using Record = QvDatabaseCalibrationSensor_t;
+QV_RECORD(QvDatabaseCalibrationSensor_t);
 
 constexpr Field kRows[] = {
     QV_OBJECT_KEY(af, "AF", sensorAf::kTable),
@@ -325,26 +324,26 @@ constexpr Field kRows[] = {
     QV_OBJECT_KEY(lsc, "LSC", sensorLsc::kTable).measuredInto(QV_COUNTER(lscNumber)),
 };
 
-constexpr TableOf<Record> kTable{"sensor", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("sensor", kRows);
 } // namespace sensor
 
 namespace system {
-using Record = QvDatabaseCalibrationSystem_t;
+QV_RECORD(QvDatabaseCalibrationSystem_t);
 
 constexpr Field kGroupRows[] = {
     QV_FIELD_KEY(afpsDefault, "aFpsDefault"),
 };
 
-constexpr TableOf<Record> kGroup{"system", __FILE__, kGroupRows};
+constexpr auto kGroup = QV_TABLE("system", kGroupRows);
 
 constexpr Field kRows[] = {
     QV_GROUP("AFPS", kGroup),
 };
 
-constexpr TableOf<Record> kTable{"system", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("system", kRows);
 } // namespace system
 
-using Record = QvDatabaseCalibration_t;
+QV_RECORD(QvDatabaseCalibration_t);
 
 constexpr Field kRows[] = {
     QV_OBJECT(header, header::kTable),
@@ -370,18 +369,10 @@ static_assert(offsetof(Sensor, blsNumber) == 6464 && offsetof(Sensor, bnrNumber)
 
 } // namespace
 
-constinit const TableOf<Record> kCalibration{"QvDatabaseProtocolCalibrationJson", __FILE__, kRows};
+extern constinit const TableOf<Record> kCalibration = QV_TABLE("QvDatabaseProtocolCalibrationJson", kRows);
 
 } // namespace qv::database::calibration
 
 using namespace qv::database;
 
-int QvDatabaseProtocolCalibrationJson_parse(QvJsonValue_t* pValue, QvDatabaseCalibration_t* pConfig)
-{
-    return readRecord(calibration::kCalibration, pValue, pConfig);
-}
-
-int QvDatabaseProtocolCalibrationJson_serialize(QvDatabaseCalibration_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(calibration::kCalibration, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolCalibrationJson, calibration::kCalibration)

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
@@ -21,9 +22,12 @@
 namespace qv::database {
 namespace {
 
+constexpr const char* kReading = "parse";
+constexpr const char* kWriting = "serialize";
+
 void readValue(const Field& field, const char* pText, char* pData, std::size_t room)
 {
-    switch (field.element) {
+    switch (field.written) {
     case Element::Bool:
         *reinterpret_cast<bool*>(pData) = QvCommonString_equal(pText, "true", true);
         break;
@@ -60,7 +64,7 @@ std::int64_t truncated(float value)
 std::string_view writtenValue(const Field& field, const char* pData, std::size_t room, std::span<char> digits)
 {
     std::int64_t number = 0;
-    switch (field.element) {
+    switch (field.written) {
     case Element::Bool:
         return QvCommonConvert_integer2Binary_(false, const_cast<char*>(pData), 1, 0) != 0 ? "true" : "false";
     case Element::Text: {
@@ -75,7 +79,7 @@ std::string_view writtenValue(const Field& field, const char* pData, std::size_t
         break;
     }
     default:
-        number = QvCommonConvert_integer2Binary_(field.isSigned, const_cast<char*>(pData), field.width, 0);
+        number = QvCommonConvert_integer2Binary_(field.isWrittenSigned, const_cast<char*>(pData), field.width, 0);
         break;
     }
     const auto result = std::to_chars(digits.data(), digits.data() + digits.size(), number);
@@ -92,34 +96,35 @@ char* duplicate(std::string_view text)
     return pCopy;
 }
 
-/// The source and codec of a table's rows, for traces.
-Place placeOf(const Table& table, const Field& field)
+/// A step of a codec that failed: traced at the row, under the codec's full name.
+int traceRow(const Table& table, const Field& field, const char* pVerb, int status)
 {
-    return {table.file, field.line, table.name};
+    char function[80];
+    std::snprintf(function, sizeof function, "%s_%s", table.name, pVerb);
+    return traceFailure({table.file, field.line, function}, status);
 }
 
 int writeMember(const Table& table, const Field& field, std::string_view value, QvInitializationSection_t* pSection)
 {
-    const Place place = placeOf(table, field);
     QvInitializationMember_t* pMember = nullptr;
     int status = QvInitializationMember_create(&pMember);
     if (status != kSuccess) {
-        return traceFailure(place, status);
+        return traceRow(table, field, kWriting, status);
     }
     // Without memory for a text the member in hand is not released.
     pMember->pKey = duplicate(field.key);
     if (pMember->pKey == nullptr) {
-        return traceFailure(place, kNoMemory);
+        return traceRow(table, field, kWriting, kNoMemory);
     }
     pMember->pValue = duplicate(value);
     if (pMember->pValue == nullptr) {
-        return traceFailure(place, kNoMemory);
+        return traceRow(table, field, kWriting, kNoMemory);
     }
     void* pElement = pMember;
     status = QvCommonDQueue_pushBack(pSection->hMember, &pElement);
     if (status != kSuccess) {
         QvInitializationMember_delete(&pMember);
-        return traceFailure(place, status);
+        return traceRow(table, field, kWriting, status);
     }
     return kSuccess;
 }
@@ -134,7 +139,7 @@ int readSection(const Table& table, QvInitializationSection_t* pSection, void* p
         void* pElement = nullptr;
         int status = QvCommonDQueue_popFront(pSection->hMember, &pElement);
         if (status != kSuccess) {
-            return traceFailure(placeOf(table, table.rows.front()), status);
+            return traceRow(table, table.rows.front(), kReading, status);
         }
         auto* pMember = static_cast<QvInitializationMember_t*>(pElement);
         for (const Field& field : table.rows) {
@@ -145,7 +150,7 @@ int readSection(const Table& table, QvInitializationSection_t* pSection, void* p
         status = QvCommonDQueue_pushBack(pSection->hMember, &pElement);
         if (status != kSuccess) {
             QvInitializationMember_delete(&pMember);
-            return traceFailure(placeOf(table, table.rows.front()), status);
+            return traceRow(table, table.rows.front(), kReading, status);
         }
     }
     return kSuccess;

@@ -1,12 +1,11 @@
 #include <qv_database_c/protocol_initialization.h>
 
-#include "database_forms.h"
 #include "protocol_initialization.h"
 
 namespace qv::database::initialization {
 namespace {
 
-using Record = QvDatabaseDevice_t;
+QV_RECORD(QvDatabaseDevice_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(operation),
@@ -16,18 +15,10 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kDevice{"QvDatabaseProtocolInitialization_device", __FILE__, kRows};
+extern constinit const TableOf<Record> kDevice = QV_TABLE("QvDatabaseProtocolInitialization_device", kRows);
 
 } // namespace qv::database::initialization
 
 using namespace qv::database;
 
-int QvDatabaseProtocolInitialization_device_parse(QvInitializationSection_t* pSection, QvDatabaseDevice_t* pConfig)
-{
-    return readSection(initialization::kDevice, pSection, pConfig);
-}
-
-int QvDatabaseProtocolInitialization_device_serialize(QvDatabaseDevice_t* pConfig, QvInitializationSection_t* pSection)
-{
-    return writeSection(initialization::kDevice, pConfig, pSection);
-}
+QV_SECTION_CODECS(QvDatabaseProtocolInitialization_device, initialization::kDevice)

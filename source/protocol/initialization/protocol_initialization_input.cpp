@@ -1,39 +1,50 @@
 #include <qv_database_c/protocol_initialization.h>
 
-#include "database_forms.h"
 #include "protocol_initialization.h"
 
 namespace qv::database::initialization {
 namespace {
 
-using Record = QvDatabaseInput_t;
-
-// The rows of one path; its index is part of the keys.
-#define QV_INPUT_PATH(i)                                                                                               \
-    QV_FIELD(paths[i].bayerPattern), QV_FIELD(paths[i].enable), QV_FIELD(paths[i].format),                             \
-        QV_FIELD(paths[i].formatExt), QV_FIELD(paths[i].rectangle.height), QV_FIELD(paths[i].rectangle.offset.x),      \
-        QV_FIELD(paths[i].rectangle.offset.y), QV_FIELD(paths[i].rectangle.width), QV_FIELD(paths[i].stitchingMode)
+QV_RECORD(QvDatabaseInput_t);
 
 constexpr Field kRows[] = {
-    QV_FIELD(framerate), QV_FIELD(isInjectLive), QV_INPUT_PATH(0), QV_INPUT_PATH(1), QV_INPUT_PATH(2),
+    QV_FIELD(framerate),
+    QV_FIELD(isInjectLive),
+    QV_FIELD(paths[0].bayerPattern),
+    QV_FIELD(paths[0].enable),
+    QV_FIELD(paths[0].format),
+    QV_FIELD(paths[0].formatExt),
+    QV_FIELD(paths[0].rectangle.height),
+    QV_FIELD(paths[0].rectangle.offset.x),
+    QV_FIELD(paths[0].rectangle.offset.y),
+    QV_FIELD(paths[0].rectangle.width),
+    QV_FIELD(paths[0].stitchingMode),
+    QV_FIELD(paths[1].bayerPattern),
+    QV_FIELD(paths[1].enable),
+    QV_FIELD(paths[1].format),
+    QV_FIELD(paths[1].formatExt),
+    QV_FIELD(paths[1].rectangle.height),
+    QV_FIELD(paths[1].rectangle.offset.x),
+    QV_FIELD(paths[1].rectangle.offset.y),
+    QV_FIELD(paths[1].rectangle.width),
+    QV_FIELD(paths[1].stitchingMode),
+    QV_FIELD(paths[2].bayerPattern),
+    QV_FIELD(paths[2].enable),
+    QV_FIELD(paths[2].format),
+    QV_FIELD(paths[2].formatExt),
+    QV_FIELD(paths[2].rectangle.height),
+    QV_FIELD(paths[2].rectangle.offset.x),
+    QV_FIELD(paths[2].rectangle.offset.y),
+    QV_FIELD(paths[2].rectangle.width),
+    QV_FIELD(paths[2].stitchingMode),
 };
-
-#undef QV_INPUT_PATH
 
 } // namespace
 
-constinit const TableOf<Record> kInput{"QvDatabaseProtocolInitialization_input", __FILE__, kRows};
+extern constinit const TableOf<Record> kInput = QV_TABLE("QvDatabaseProtocolInitialization_input", kRows);
 
 } // namespace qv::database::initialization
 
 using namespace qv::database;
 
-int QvDatabaseProtocolInitialization_input_parse(QvInitializationSection_t* pSection, QvDatabaseInput_t* pConfig)
-{
-    return readSection(initialization::kInput, pSection, pConfig);
-}
-
-int QvDatabaseProtocolInitialization_input_serialize(QvDatabaseInput_t* pConfig, QvInitializationSection_t* pSection)
-{
-    return writeSection(initialization::kInput, pConfig, pSection);
-}
+QV_SECTION_CODECS(QvDatabaseProtocolInitialization_input, initialization::kInput)

@@ -1,41 +1,99 @@
 #include <qv_database_c/protocol_initialization.h>
 
-#include "database_forms.h"
 #include "protocol_initialization.h"
 
 namespace qv::database::initialization {
 namespace {
 
-using Record = QvDatabaseOutput_t;
-
-// The rows of one path; its index is part of the keys.
-#define QV_OUTPUT_PATH(i)                                                                                              \
-    QV_FIELD(paths[i].bayerPattern), QV_FIELD(paths[i].bitsIndex), QV_FIELD(paths[i].isCrop),                          \
-        QV_FIELD(paths[i].cropRectangle.height), QV_FIELD(paths[i].cropRectangle.offset.x),                            \
-        QV_FIELD(paths[i].cropRectangle.offset.y), QV_FIELD(paths[i].cropRectangle.width), QV_FIELD(paths[i].enable),  \
-        QV_FIELD(paths[i].format), QV_FIELD(paths[i].rectangle.height), QV_FIELD(paths[i].rectangle.offset.x),         \
-        QV_FIELD(paths[i].rectangle.offset.y), QV_FIELD(paths[i].rectangle.width)
+QV_RECORD(QvDatabaseOutput_t);
 
 constexpr Field kRows[] = {
-    QV_OUTPUT_PATH(0), QV_OUTPUT_PATH(1), QV_OUTPUT_PATH(2), QV_OUTPUT_PATH(3), QV_OUTPUT_PATH(4), QV_OUTPUT_PATH(5),
+    QV_FIELD(paths[0].bayerPattern),
+    QV_FIELD(paths[0].bitsIndex),
+    QV_FIELD(paths[0].isCrop),
+    QV_FIELD(paths[0].cropRectangle.height),
+    QV_FIELD(paths[0].cropRectangle.offset.x),
+    QV_FIELD(paths[0].cropRectangle.offset.y),
+    QV_FIELD(paths[0].cropRectangle.width),
+    QV_FIELD(paths[0].enable),
+    QV_FIELD(paths[0].format),
+    QV_FIELD(paths[0].rectangle.height),
+    QV_FIELD(paths[0].rectangle.offset.x),
+    QV_FIELD(paths[0].rectangle.offset.y),
+    QV_FIELD(paths[0].rectangle.width),
+    QV_FIELD(paths[1].bayerPattern),
+    QV_FIELD(paths[1].bitsIndex),
+    QV_FIELD(paths[1].isCrop),
+    QV_FIELD(paths[1].cropRectangle.height),
+    QV_FIELD(paths[1].cropRectangle.offset.x),
+    QV_FIELD(paths[1].cropRectangle.offset.y),
+    QV_FIELD(paths[1].cropRectangle.width),
+    QV_FIELD(paths[1].enable),
+    QV_FIELD(paths[1].format),
+    QV_FIELD(paths[1].rectangle.height),
+    QV_FIELD(paths[1].rectangle.offset.x),
+    QV_FIELD(paths[1].rectangle.offset.y),
+    QV_FIELD(paths[1].rectangle.width),
+    QV_FIELD(paths[2].bayerPattern),
+    QV_FIELD(paths[2].bitsIndex),
+    QV_FIELD(paths[2].isCrop),
+    QV_FIELD(paths[2].cropRectangle.height),
+    QV_FIELD(paths[2].cropRectangle.offset.x),
+    QV_FIELD(paths[2].cropRectangle.offset.y),
+    QV_FIELD(paths[2].cropRectangle.width),
+    QV_FIELD(paths[2].enable),
+    QV_FIELD(paths[2].format),
+    QV_FIELD(paths[2].rectangle.height),
+    QV_FIELD(paths[2].rectangle.offset.x),
+    QV_FIELD(paths[2].rectangle.offset.y),
+    QV_FIELD(paths[2].rectangle.width),
+    QV_FIELD(paths[3].bayerPattern),
+    QV_FIELD(paths[3].bitsIndex),
+    QV_FIELD(paths[3].isCrop),
+    QV_FIELD(paths[3].cropRectangle.height),
+    QV_FIELD(paths[3].cropRectangle.offset.x),
+    QV_FIELD(paths[3].cropRectangle.offset.y),
+    QV_FIELD(paths[3].cropRectangle.width),
+    QV_FIELD(paths[3].enable),
+    QV_FIELD(paths[3].format),
+    QV_FIELD(paths[3].rectangle.height),
+    QV_FIELD(paths[3].rectangle.offset.x),
+    QV_FIELD(paths[3].rectangle.offset.y),
+    QV_FIELD(paths[3].rectangle.width),
+    QV_FIELD(paths[4].bayerPattern),
+    QV_FIELD(paths[4].bitsIndex),
+    QV_FIELD(paths[4].isCrop),
+    QV_FIELD(paths[4].cropRectangle.height),
+    QV_FIELD(paths[4].cropRectangle.offset.x),
+    QV_FIELD(paths[4].cropRectangle.offset.y),
+    QV_FIELD(paths[4].cropRectangle.width),
+    QV_FIELD(paths[4].enable),
+    QV_FIELD(paths[4].format),
+    QV_FIELD(paths[4].rectangle.height),
+    QV_FIELD(paths[4].rectangle.offset.x),
+    QV_FIELD(paths[4].rectangle.offset.y),
+    QV_FIELD(paths[4].rectangle.width),
+    QV_FIELD(paths[5].bayerPattern),
+    QV_FIELD(paths[5].bitsIndex),
+    QV_FIELD(paths[5].isCrop),
+    QV_FIELD(paths[5].cropRectangle.height),
+    QV_FIELD(paths[5].cropRectangle.offset.x),
+    QV_FIELD(paths[5].cropRectangle.offset.y),
+    QV_FIELD(paths[5].cropRectangle.width),
+    QV_FIELD(paths[5].enable),
+    QV_FIELD(paths[5].format),
+    QV_FIELD(paths[5].rectangle.height),
+    QV_FIELD(paths[5].rectangle.offset.x),
+    QV_FIELD(paths[5].rectangle.offset.y),
+    QV_FIELD(paths[5].rectangle.width),
 };
-
-#undef QV_OUTPUT_PATH
 
 } // namespace
 
-constinit const TableOf<Record> kOutput{"QvDatabaseProtocolInitialization_output", __FILE__, kRows};
+extern constinit const TableOf<Record> kOutput = QV_TABLE("QvDatabaseProtocolInitialization_output", kRows);
 
 } // namespace qv::database::initialization
 
 using namespace qv::database;
 
-int QvDatabaseProtocolInitialization_output_parse(QvInitializationSection_t* pSection, QvDatabaseOutput_t* pConfig)
-{
-    return readSection(initialization::kOutput, pSection, pConfig);
-}
-
-int QvDatabaseProtocolInitialization_output_serialize(QvDatabaseOutput_t* pConfig, QvInitializationSection_t* pSection)
-{
-    return writeSection(initialization::kOutput, pConfig, pSection);
-}
+QV_SECTION_CODECS(QvDatabaseProtocolInitialization_output, initialization::kOutput)

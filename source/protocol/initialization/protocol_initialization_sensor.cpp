@@ -1,12 +1,11 @@
 #include <qv_database_c/protocol_initialization.h>
 
-#include "database_forms.h"
 #include "protocol_initialization.h"
 
 namespace qv::database::initialization {
 namespace {
 
-using Record = QvDatabaseSensor_t;
+QV_RECORD(QvDatabaseSensor_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(driverName),
@@ -17,18 +16,10 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kSensor{"QvDatabaseProtocolInitialization_sensor", __FILE__, kRows};
+extern constinit const TableOf<Record> kSensor = QV_TABLE("QvDatabaseProtocolInitialization_sensor", kRows);
 
 } // namespace qv::database::initialization
 
 using namespace qv::database;
 
-int QvDatabaseProtocolInitialization_sensor_parse(QvInitializationSection_t* pSection, QvDatabaseSensor_t* pConfig)
-{
-    return readSection(initialization::kSensor, pSection, pConfig);
-}
-
-int QvDatabaseProtocolInitialization_sensor_serialize(QvDatabaseSensor_t* pConfig, QvInitializationSection_t* pSection)
-{
-    return writeSection(initialization::kSensor, pConfig, pSection);
-}
+QV_SECTION_CODECS(QvDatabaseProtocolInitialization_sensor, initialization::kSensor)

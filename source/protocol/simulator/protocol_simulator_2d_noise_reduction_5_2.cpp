@@ -1,13 +1,12 @@
 #include <qv_database_c/database_2d_noise_reduction_5_2.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabase2DNoiseReduction_5_2_t;
+QV_RECORD(QvDatabase2DNoiseReduction_5_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "class"),
@@ -24,21 +23,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> k2DNoiseReduction_5_2{"QvDatabaseProtocolSimulator_2DNoiseReduction_5_2", __FILE__,
-                                                      kRows};
+extern constinit const TableOf<Record> k2DNoiseReduction_5_2 =
+    QV_TABLE("QvDatabaseProtocolSimulator_2DNoiseReduction_5_2", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_2DNoiseReduction_5_2_parse(QvJsonValue_t* pValue,
-                                                           QvDatabase2DNoiseReduction_5_2_t* pConfig)
-{
-    return readRecord(simulator::k2DNoiseReduction_5_2, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_2DNoiseReduction_5_2_serialize(QvDatabase2DNoiseReduction_5_2_t* pConfig,
-                                                               QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::k2DNoiseReduction_5_2, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_2DNoiseReduction_5_2, simulator::k2DNoiseReduction_5_2)

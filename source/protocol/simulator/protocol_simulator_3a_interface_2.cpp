@@ -1,13 +1,12 @@
 #include <qv_database_c/database_3a_interface_2.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabase3AInterface_2_t;
+QV_RECORD(QvDatabase3AInterface_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(autoTable, "auto_table"),
@@ -31,23 +30,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> k3AInterface_2{"QvDatabaseProtocolSimulator_3AInterface_2", __FILE__, kRows};
+extern constinit const TableOf<Record> k3AInterface_2 = QV_TABLE("QvDatabaseProtocolSimulator_3AInterface_2", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_3AInterface_2_parse(QvJsonValue_t* pValue, QvDatabase3AInterface_2_t* pConfig)
-{
-    return readRecord(simulator::k3AInterface_2, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_3AInterface_2_serialize(QvDatabase3AInterface_2_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::k3AInterface_2, pConfig, pValue);
-}
-
-int QvDatabase3AInterface_2_reset(QvDatabase3AInterface_2_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_3AInterface_2, simulator::k3AInterface_2)
+QV_CLEARED_RESET(QvDatabase3AInterface_2)

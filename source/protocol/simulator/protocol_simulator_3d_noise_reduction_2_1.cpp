@@ -1,13 +1,12 @@
 #include <qv_database_c/database_3d_noise_reduction_2_1.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabase3DNoiseReduction_2_1_t;
+QV_RECORD(QvDatabase3DNoiseReduction_2_1_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "class"),
@@ -24,21 +23,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> k3DNoiseReduction_2_1{"QvDatabaseProtocolSimulator_3DNoiseReduction_2_1", __FILE__,
-                                                      kRows};
+extern constinit const TableOf<Record> k3DNoiseReduction_2_1 =
+    QV_TABLE("QvDatabaseProtocolSimulator_3DNoiseReduction_2_1", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_3DNoiseReduction_2_1_parse(QvJsonValue_t* pValue,
-                                                           QvDatabase3DNoiseReduction_2_1_t* pConfig)
-{
-    return readRecord(simulator::k3DNoiseReduction_2_1, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_3DNoiseReduction_2_1_serialize(QvDatabase3DNoiseReduction_2_1_t* pConfig,
-                                                               QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::k3DNoiseReduction_2_1, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_3DNoiseReduction_2_1, simulator::k3DNoiseReduction_2_1)

@@ -1,14 +1,13 @@
 #include <qv_database_c/database_auto_3d_noise_reduction_2_1.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAuto3DNoiseReduction_2_1_Table_t;
+QV_RECORD(QvDatabaseAuto3DNoiseReduction_2_1_Table_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(delta),
@@ -23,10 +22,10 @@ constexpr Field kRows[] = {
     QV_FIELD_KEY(updateTemporal, "update_temporal"),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseProtocolSimulator_auto3DNoiseReduction_2_1", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseProtocolSimulator_auto3DNoiseReduction_2_1", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAuto3DNoiseReduction_2_1_t;
+QV_RECORD(QvDatabaseAuto3DNoiseReduction_2_1_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "classname"),
@@ -36,21 +35,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAuto3DNoiseReduction_2_1{"QvDatabaseProtocolSimulator_auto3DNoiseReduction_2_1",
-                                                          __FILE__, kRows};
+extern constinit const TableOf<Record> kAuto3DNoiseReduction_2_1 =
+    QV_TABLE("QvDatabaseProtocolSimulator_auto3DNoiseReduction_2_1", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_auto3DNoiseReduction_2_1_parse(QvJsonValue_t* pValue,
-                                                               QvDatabaseAuto3DNoiseReduction_2_1_t* pConfig)
-{
-    return readRecord(simulator::kAuto3DNoiseReduction_2_1, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_auto3DNoiseReduction_2_1_serialize(QvDatabaseAuto3DNoiseReduction_2_1_t* pConfig,
-                                                                   QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kAuto3DNoiseReduction_2_1, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_auto3DNoiseReduction_2_1, simulator::kAuto3DNoiseReduction_2_1)

@@ -1,14 +1,13 @@
 #include <qv_database_c/database_auto_black_level_subtraction.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoBlackLevelSubtractionTable_t;
+QV_RECORD(QvDatabaseAutoBlackLevelSubtractionTable_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(bls),
@@ -16,10 +15,10 @@ constexpr Field kRows[] = {
     QV_FIELD(hdr),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseProtocolSimulator_autoBlackLevelSubtraction", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseProtocolSimulator_autoBlackLevelSubtraction", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoBlackLevelSubtraction_t;
+QV_RECORD(QvDatabaseAutoBlackLevelSubtraction_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "classname"),
@@ -29,21 +28,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoBlackLevelSubtraction{"QvDatabaseProtocolSimulator_autoBlackLevelSubtraction",
-                                                           __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoBlackLevelSubtraction =
+    QV_TABLE("QvDatabaseProtocolSimulator_autoBlackLevelSubtraction", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_autoBlackLevelSubtraction_parse(QvJsonValue_t* pValue,
-                                                                QvDatabaseAutoBlackLevelSubtraction_t* pConfig)
-{
-    return readRecord(simulator::kAutoBlackLevelSubtraction, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_autoBlackLevelSubtraction_serialize(QvDatabaseAutoBlackLevelSubtraction_t* pConfig,
-                                                                    QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kAutoBlackLevelSubtraction, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_autoBlackLevelSubtraction, simulator::kAutoBlackLevelSubtraction)

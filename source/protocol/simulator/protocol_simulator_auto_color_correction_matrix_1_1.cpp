@@ -1,14 +1,13 @@
 #include <qv_database_c/database_auto_color_correction_matrix_1_1.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoColorCorrectionMatrix_1_1_Table_t;
+QV_RECORD(QvDatabaseAutoColorCorrectionMatrix_1_1_Table_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(gains),
@@ -16,10 +15,10 @@ constexpr Field kRows[] = {
     QV_FIELD(hdr),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseProtocolSimulator_AutoColorCorrectionMatrix_1_1", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseProtocolSimulator_AutoColorCorrectionMatrix_1_1", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoColorCorrectionMatrix_1_1_t;
+QV_RECORD(QvDatabaseAutoColorCorrectionMatrix_1_1_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "classname"),
@@ -30,21 +29,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoColorCorrectionMatrix_1_1{
-    "QvDatabaseProtocolSimulator_AutoColorCorrectionMatrix_1_1", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoColorCorrectionMatrix_1_1 =
+    QV_TABLE("QvDatabaseProtocolSimulator_AutoColorCorrectionMatrix_1_1", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_AutoColorCorrectionMatrix_1_1_parse(QvJsonValue_t* pValue,
-                                                                    QvDatabaseAutoColorCorrectionMatrix_1_1_t* pConfig)
-{
-    return readRecord(simulator::kAutoColorCorrectionMatrix_1_1, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_AutoColorCorrectionMatrix_1_1_serialize(
-    QvDatabaseAutoColorCorrectionMatrix_1_1_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kAutoColorCorrectionMatrix_1_1, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_AutoColorCorrectionMatrix_1_1, simulator::kAutoColorCorrectionMatrix_1_1)

@@ -1,14 +1,13 @@
 #include <qv_database_c/database_auto_color_noise_reduction_2_2.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoColorNoiseReduction_2_2_Table_t;
+QV_RECORD(QvDatabaseAutoColorNoiseReduction_2_2_Table_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(cnrStrength, "cnr_strength"),
@@ -20,10 +19,10 @@ constexpr Field kRows[] = {
     QV_FIELD_KEY(textureMask, "texture_mask"),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseProtocolSimulator_autoColorNoiseReduction_2_2", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseProtocolSimulator_autoColorNoiseReduction_2_2", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoColorNoiseReduction_2_2_t;
+QV_RECORD(QvDatabaseAutoColorNoiseReduction_2_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "classname"),
@@ -33,21 +32,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoColorNoiseReduction_2_2{"QvDatabaseProtocolSimulator_autoColorNoiseReduction_2_2",
-                                                             __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoColorNoiseReduction_2_2 =
+    QV_TABLE("QvDatabaseProtocolSimulator_autoColorNoiseReduction_2_2", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_autoColorNoiseReduction_2_2_parse(QvJsonValue_t* pValue,
-                                                                  QvDatabaseAutoColorNoiseReduction_2_2_t* pConfig)
-{
-    return readRecord(simulator::kAutoColorNoiseReduction_2_2, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_autoColorNoiseReduction_2_2_serialize(QvDatabaseAutoColorNoiseReduction_2_2_t* pConfig,
-                                                                      QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kAutoColorNoiseReduction_2_2, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_autoColorNoiseReduction_2_2, simulator::kAutoColorNoiseReduction_2_2)

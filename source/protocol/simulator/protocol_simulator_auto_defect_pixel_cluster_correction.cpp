@@ -1,13 +1,12 @@
 #include <qv_database_c/database_auto_defect_pixel_cluster_correction.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseAutoDefectPixelClusterCorrection_t;
+QV_RECORD(QvDatabaseAutoDefectPixelClusterCorrection_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "classname"),
@@ -17,8 +16,8 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoDefectPixelClusterCorrection{
-    "QvDatabaseProtocolSimulator_autoDefectPixelClusterCorrection", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoDefectPixelClusterCorrection =
+    QV_TABLE("QvDatabaseProtocolSimulator_autoDefectPixelClusterCorrection", kRows);
 
 } // namespace qv::database::simulator
 

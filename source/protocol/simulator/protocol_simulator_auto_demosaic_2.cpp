@@ -1,14 +1,13 @@
 #include <qv_database_c/database_auto_demosaic_2.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoDeMosaic_2_Table_t;
+QV_RECORD(QvDatabaseAutoDeMosaic_2_Table_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(dmscDenoiseStrength, "dmsc_denoise_strength"),
@@ -33,10 +32,10 @@ constexpr Field kRows[] = {
     QV_FIELD_KEY(dmscSharpenT4Shift, "dmsc_sharpen_t4_shift"),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseProtocolSimulator_autoDeMosaic_2", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseProtocolSimulator_autoDeMosaic_2", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoDeMosaic_2_t;
+QV_RECORD(QvDatabaseAutoDeMosaic_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "classname"),
@@ -46,18 +45,10 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoDeMosaic_2{"QvDatabaseProtocolSimulator_autoDeMosaic_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoDeMosaic_2 = QV_TABLE("QvDatabaseProtocolSimulator_autoDeMosaic_2", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_autoDeMosaic_2_parse(QvJsonValue_t* pValue, QvDatabaseAutoDeMosaic_2_t* pConfig)
-{
-    return readRecord(simulator::kAutoDeMosaic_2, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_autoDeMosaic_2_serialize(QvDatabaseAutoDeMosaic_2_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kAutoDeMosaic_2, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_autoDeMosaic_2, simulator::kAutoDeMosaic_2)

@@ -1,14 +1,13 @@
 #include <qv_database_c/database_auto_edge_enhance_2.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoEdgeEnhance_2_Table_t;
+QV_RECORD(QvDatabaseAutoEdgeEnhance_2_Table_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(caCurve, "ca_curve"),
@@ -25,10 +24,10 @@ constexpr Field kRows[] = {
     QV_FIELD_KEY(eeYUpGain, "ee_y_up_gain"),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseProtocolSimulator_autoEdgeEnhance_2", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseProtocolSimulator_autoEdgeEnhance_2", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoEdgeEnhance_2_t;
+QV_RECORD(QvDatabaseAutoEdgeEnhance_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "classname"),
@@ -38,19 +37,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoEdgeEnhance_2{"QvDatabaseProtocolSimulator_autoEdgeEnhance_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoEdgeEnhance_2 =
+    QV_TABLE("QvDatabaseProtocolSimulator_autoEdgeEnhance_2", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_autoEdgeEnhance_2_parse(QvJsonValue_t* pValue, QvDatabaseAutoEdgeEnhance_2_t* pConfig)
-{
-    return readRecord(simulator::kAutoEdgeEnhance_2, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_autoEdgeEnhance_2_serialize(QvDatabaseAutoEdgeEnhance_2_t* pConfig,
-                                                            QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kAutoEdgeEnhance_2, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_autoEdgeEnhance_2, simulator::kAutoEdgeEnhance_2)

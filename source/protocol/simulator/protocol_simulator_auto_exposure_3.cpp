@@ -1,13 +1,12 @@
 #include <qv_database_c/database_auto_exposure_3.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseAutoExposure_3_t;
+QV_RECORD(QvDatabaseAutoExposure_3_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(antiFlickerMode, "antiFlikerMode"),
@@ -44,18 +43,10 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoExposure_3{"QvDatabaseProtocolSimulator_autoExposure_3", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoExposure_3 = QV_TABLE("QvDatabaseProtocolSimulator_autoExposure_3", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_autoExposure_3_parse(QvJsonValue_t* pValue, QvDatabaseAutoExposure_3_t* pConfig)
-{
-    return readRecord(simulator::kAutoExposure_3, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_autoExposure_3_serialize(QvDatabaseAutoExposure_3_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kAutoExposure_3, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_autoExposure_3, simulator::kAutoExposure_3)

@@ -1,13 +1,12 @@
 #include <qv_database_c/database_auto_focus_3.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseAutoFocus_3_t;
+QV_RECORD(QvDatabaseAutoFocus_3_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "classname"),
@@ -33,18 +32,10 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoFocus_3{"QvDatabaseProtocolSimulator_autoFocus_3", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoFocus_3 = QV_TABLE("QvDatabaseProtocolSimulator_autoFocus_3", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_autoFocus_3_parse(QvJsonValue_t* pValue, QvDatabaseAutoFocus_3_t* pConfig)
-{
-    return readRecord(simulator::kAutoFocus_3, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_autoFocus_3_serialize(QvDatabaseAutoFocus_3_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kAutoFocus_3, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_autoFocus_3, simulator::kAutoFocus_3)

@@ -1,13 +1,12 @@
 #include <qv_database_c/database_auto_focus_measurement.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseAutoFocusMeasurement_t;
+QV_RECORD(QvDatabaseAutoFocusMeasurement_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -18,21 +17,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoFocusMeasurement{"QvDatabaseProtocolSimulator_autoFocusMeasurement", __FILE__,
-                                                      kRows};
+extern constinit const TableOf<Record> kAutoFocusMeasurement =
+    QV_TABLE("QvDatabaseProtocolSimulator_autoFocusMeasurement", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_autoFocusMeasurement_parse(QvJsonValue_t* pValue,
-                                                           QvDatabaseAutoFocusMeasurement_t* pConfig)
-{
-    return readRecord(simulator::kAutoFocusMeasurement, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_autoFocusMeasurement_serialize(QvDatabaseAutoFocusMeasurement_t* pConfig,
-                                                               QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kAutoFocusMeasurement, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_autoFocusMeasurement, simulator::kAutoFocusMeasurement)

@@ -1,14 +1,13 @@
 #include <qv_database_c/database_auto_green_equilibration.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoGreenEquilibration_Table_t;
+QV_RECORD(QvDatabaseAutoGreenEquilibration_Table_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(hdr),
@@ -16,10 +15,10 @@ constexpr Field kRows[] = {
     QV_FIELD(threshold),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseProtocolSimulator_autoGreenEquilibration", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseProtocolSimulator_autoGreenEquilibration", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoGreenEquilibration_t;
+QV_RECORD(QvDatabaseAutoGreenEquilibration_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "classname"),
@@ -29,21 +28,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoGreenEquilibration{"QvDatabaseProtocolSimulator_autoGreenEquilibration", __FILE__,
-                                                        kRows};
+extern constinit const TableOf<Record> kAutoGreenEquilibration =
+    QV_TABLE("QvDatabaseProtocolSimulator_autoGreenEquilibration", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_autoGreenEquilibration_parse(QvJsonValue_t* pValue,
-                                                             QvDatabaseAutoGreenEquilibration_t* pConfig)
-{
-    return readRecord(simulator::kAutoGreenEquilibration, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_autoGreenEquilibration_serialize(QvDatabaseAutoGreenEquilibration_t* pConfig,
-                                                                 QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kAutoGreenEquilibration, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_autoGreenEquilibration, simulator::kAutoGreenEquilibration)

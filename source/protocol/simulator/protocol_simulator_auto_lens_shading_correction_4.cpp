@@ -1,14 +1,13 @@
 #include <qv_database_c/database_auto_lens_shading_correction_4.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoLensShadingCorrection_4_Table_t;
+QV_RECORD(QvDatabaseAutoLensShadingCorrection_4_Table_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(gains),
@@ -16,10 +15,10 @@ constexpr Field kRows[] = {
     QV_FIELD(hdr),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseProtocolSimulator_autoLensShadingCorrection_4", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseProtocolSimulator_autoLensShadingCorrection_4", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoLensShadingCorrection_4_t;
+QV_RECORD(QvDatabaseAutoLensShadingCorrection_4_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "classname"),
@@ -31,21 +30,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoLensShadingCorrection_4{"QvDatabaseProtocolSimulator_autoLensShadingCorrection_4",
-                                                             __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoLensShadingCorrection_4 =
+    QV_TABLE("QvDatabaseProtocolSimulator_autoLensShadingCorrection_4", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_autoLensShadingCorrection_4_parse(QvJsonValue_t* pValue,
-                                                                  QvDatabaseAutoLensShadingCorrection_4_t* pConfig)
-{
-    return readRecord(simulator::kAutoLensShadingCorrection_4, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_autoLensShadingCorrection_4_serialize(QvDatabaseAutoLensShadingCorrection_4_t* pConfig,
-                                                                      QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kAutoLensShadingCorrection_4, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_autoLensShadingCorrection_4, simulator::kAutoLensShadingCorrection_4)

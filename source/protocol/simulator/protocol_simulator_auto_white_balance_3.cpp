@@ -1,13 +1,12 @@
 #include <qv_database_c/database_auto_white_balance_3.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseAutoWhiteBalance_3_t;
+QV_RECORD(QvDatabaseAutoWhiteBalance_3_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "classname"),
@@ -21,19 +20,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoWhiteBalance_3{"QvDatabaseProtocolSimulator_autoWhiteBalance_3", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoWhiteBalance_3 =
+    QV_TABLE("QvDatabaseProtocolSimulator_autoWhiteBalance_3", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_autoWhiteBalance_3_parse(QvJsonValue_t* pValue, QvDatabaseAutoWhiteBalance_3_t* pConfig)
-{
-    return readRecord(simulator::kAutoWhiteBalance_3, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_autoWhiteBalance_3_serialize(QvDatabaseAutoWhiteBalance_3_t* pConfig,
-                                                             QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kAutoWhiteBalance_3, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_autoWhiteBalance_3, simulator::kAutoWhiteBalance_3)

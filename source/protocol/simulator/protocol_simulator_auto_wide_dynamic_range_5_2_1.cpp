@@ -1,14 +1,13 @@
 #include <qv_database_c/database_auto_wide_dynamic_range_5_2_1.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
 namespace schedule {
-using Record = QvDatabaseAutoWideDynamicRange_5_2_1_Table_t;
+QV_RECORD(QvDatabaseAutoWideDynamicRange_5_2_1_Table_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(contrast),
@@ -44,10 +43,10 @@ constexpr Field kRows[] = {
     QV_FIELD_KEY(wdrLumaThr, "wdr_luma_thr"),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseProtocolSimulator_autoWideDynamicRange_5_2_1", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseProtocolSimulator_autoWideDynamicRange_5_2_1", kRows);
 } // namespace schedule
 
-using Record = QvDatabaseAutoWideDynamicRange_5_2_1_t;
+QV_RECORD(QvDatabaseAutoWideDynamicRange_5_2_1_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "classname"),
@@ -57,21 +56,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoWideDynamicRange_5_2_1{"QvDatabaseProtocolSimulator_autoWideDynamicRange_5_2_1",
-                                                            __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoWideDynamicRange_5_2_1 =
+    QV_TABLE("QvDatabaseProtocolSimulator_autoWideDynamicRange_5_2_1", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_autoWideDynamicRange_5_2_1_parse(QvJsonValue_t* pValue,
-                                                                 QvDatabaseAutoWideDynamicRange_5_2_1_t* pConfig)
-{
-    return readRecord(simulator::kAutoWideDynamicRange_5_2_1, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_autoWideDynamicRange_5_2_1_serialize(QvDatabaseAutoWideDynamicRange_5_2_1_t* pConfig,
-                                                                     QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kAutoWideDynamicRange_5_2_1, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_autoWideDynamicRange_5_2_1, simulator::kAutoWideDynamicRange_5_2_1)

@@ -1,13 +1,12 @@
 #include <qv_database_c/database_auto_work_mode.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseAutoWorkMode_t;
+QV_RECORD(QvDatabaseAutoWorkMode_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "classname"),
@@ -16,18 +15,10 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kAutoWorkMode{"QvDatabaseProtocolSimulator_autoWorkMode", __FILE__, kRows};
+extern constinit const TableOf<Record> kAutoWorkMode = QV_TABLE("QvDatabaseProtocolSimulator_autoWorkMode", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_autoWorkMode_parse(QvJsonValue_t* pValue, QvDatabaseAutoWorkMode_t* pConfig)
-{
-    return readRecord(simulator::kAutoWorkMode, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_autoWorkMode_serialize(QvDatabaseAutoWorkMode_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kAutoWorkMode, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_autoWorkMode, simulator::kAutoWorkMode)

@@ -1,13 +1,12 @@
 #include <qv_database_c/database_color_noise_reduction_2_2.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseColorNoiseReduction_2_2_t;
+QV_RECORD(QvDatabaseColorNoiseReduction_2_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(sigmaLayer, "c_sigma_layer"),
@@ -19,21 +18,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kColorNoiseReduction_2_2{"QvDatabaseProtocolSimulator_colorNoiseReduction_2_2",
-                                                         __FILE__, kRows};
+extern constinit const TableOf<Record> kColorNoiseReduction_2_2 =
+    QV_TABLE("QvDatabaseProtocolSimulator_colorNoiseReduction_2_2", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_colorNoiseReduction_2_2_parse(QvJsonValue_t* pValue,
-                                                              QvDatabaseColorNoiseReduction_2_2_t* pConfig)
-{
-    return readRecord(simulator::kColorNoiseReduction_2_2, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_colorNoiseReduction_2_2_serialize(QvDatabaseColorNoiseReduction_2_2_t* pConfig,
-                                                                  QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kColorNoiseReduction_2_2, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_colorNoiseReduction_2_2, simulator::kColorNoiseReduction_2_2)

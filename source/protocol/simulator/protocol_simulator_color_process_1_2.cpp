@@ -1,13 +1,12 @@
 #include <qv_database_c/database_color_process_1_2.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseColorProcess_1_2_t;
+QV_RECORD(QvDatabaseColorProcess_1_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(bright),
@@ -24,18 +23,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kColorProcess_1_2{"QvDatabaseProtocolSimulator_colorProcess_1_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kColorProcess_1_2 =
+    QV_TABLE("QvDatabaseProtocolSimulator_colorProcess_1_2", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_colorProcess_1_2_parse(QvJsonValue_t* pValue, QvDatabaseColorProcess_1_2_t* pConfig)
-{
-    return readRecord(simulator::kColorProcess_1_2, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_colorProcess_1_2_serialize(QvDatabaseColorProcess_1_2_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kColorProcess_1_2, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_colorProcess_1_2, simulator::kColorProcess_1_2)

@@ -3,13 +3,12 @@
 #include <qv_database_c/database_compand_1_1.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseCompand_1_1_t;
+QV_RECORD(QvDatabaseCompand_1_1_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "class"),
@@ -20,7 +19,7 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kCompand_1_1{"QvDatabaseProtocolSimulator_compand_1_1", __FILE__, kRows};
+extern constinit const TableOf<Record> kCompand_1_1 = QV_TABLE("QvDatabaseProtocolSimulator_compand_1_1", kRows);
 
 } // namespace qv::database::simulator
 

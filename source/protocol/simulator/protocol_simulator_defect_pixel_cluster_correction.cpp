@@ -1,13 +1,12 @@
 #include <qv_database_c/database_defect_pixel_cluster_correction.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseDefectPixelClusterCorrection_t;
+QV_RECORD(QvDatabaseDefectPixelClusterCorrection_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(bptEnable, "bpt_enable"),
@@ -31,21 +30,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kDefectPixelClusterCorrection{
-    "QvDatabaseProtocolSimulator_defectPixelClusterCorrection", __FILE__, kRows};
+extern constinit const TableOf<Record> kDefectPixelClusterCorrection =
+    QV_TABLE("QvDatabaseProtocolSimulator_defectPixelClusterCorrection", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_defectPixelClusterCorrection_parse(QvJsonValue_t* pValue,
-                                                                   QvDatabaseDefectPixelClusterCorrection_t* pConfig)
-{
-    return readRecord(simulator::kDefectPixelClusterCorrection, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_defectPixelClusterCorrection_serialize(
-    QvDatabaseDefectPixelClusterCorrection_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kDefectPixelClusterCorrection, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_defectPixelClusterCorrection, simulator::kDefectPixelClusterCorrection)

@@ -1,13 +1,12 @@
 #include <qv_database_c/database_demosaic_2.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseDeMosaic_2_t;
+QV_RECORD(QvDatabaseDeMosaic_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(cacCfgABlue, "a_blue"),
@@ -70,18 +69,10 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kDeMosaic_2{"QvDatabaseProtocolSimulator_deMosaic_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kDeMosaic_2 = QV_TABLE("QvDatabaseProtocolSimulator_deMosaic_2", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_deMosaic_2_parse(QvJsonValue_t* pValue, QvDatabaseDeMosaic_2_t* pConfig)
-{
-    return readRecord(simulator::kDeMosaic_2, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_deMosaic_2_serialize(QvDatabaseDeMosaic_2_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kDeMosaic_2, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_deMosaic_2, simulator::kDeMosaic_2)

@@ -1,13 +1,12 @@
 #include <qv_database_c/database_digital_gain.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseDigitalGain_t;
+QV_RECORD(QvDatabaseDigitalGain_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(digitalGainB, "digital_gain_b"),
@@ -20,18 +19,10 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kDigitalGain{"QvDatabaseProtocolSimulator_digitalGain", __FILE__, kRows};
+extern constinit const TableOf<Record> kDigitalGain = QV_TABLE("QvDatabaseProtocolSimulator_digitalGain", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_digitalGain_parse(QvJsonValue_t* pValue, QvDatabaseDigitalGain_t* pConfig)
-{
-    return readRecord(simulator::kDigitalGain, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_digitalGain_serialize(QvDatabaseDigitalGain_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kDigitalGain, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_digitalGain, simulator::kDigitalGain)

@@ -1,13 +1,12 @@
 #include <qv_database_c/database_edge_enhance_2.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseEdgeEnhance_2_t;
+QV_RECORD(QvDatabaseEdgeEnhance_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(caCurve, "ca_curve"),
@@ -39,18 +38,10 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kEdgeEnhance_2{"QvDatabaseProtocolSimulator_edgeEnhance_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kEdgeEnhance_2 = QV_TABLE("QvDatabaseProtocolSimulator_edgeEnhance_2", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_edgeEnhance_2_parse(QvJsonValue_t* pValue, QvDatabaseEdgeEnhance_2_t* pConfig)
-{
-    return readRecord(simulator::kEdgeEnhance_2, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_edgeEnhance_2_serialize(QvDatabaseEdgeEnhance_2_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kEdgeEnhance_2, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_edgeEnhance_2, simulator::kEdgeEnhance_2)

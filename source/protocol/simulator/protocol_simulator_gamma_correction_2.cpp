@@ -1,13 +1,12 @@
 #include <qv_database_c/database_gamma_correction_2.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseGammaCorrection_2_t;
+QV_RECORD(QvDatabaseGammaCorrection_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "class"),
@@ -21,19 +20,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kGammaCorrection_2{"QvDatabaseProtocolSimulator_gammaCorrection_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kGammaCorrection_2 =
+    QV_TABLE("QvDatabaseProtocolSimulator_gammaCorrection_2", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_gammaCorrection_2_parse(QvJsonValue_t* pValue, QvDatabaseGammaCorrection_2_t* pConfig)
-{
-    return readRecord(simulator::kGammaCorrection_2, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_gammaCorrection_2_serialize(QvDatabaseGammaCorrection_2_t* pConfig,
-                                                            QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kGammaCorrection_2, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_gammaCorrection_2, simulator::kGammaCorrection_2)

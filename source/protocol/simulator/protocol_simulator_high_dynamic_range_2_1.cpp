@@ -1,13 +1,12 @@
 #include <qv_database_c/database_high_dynamic_range_2_1.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseHighDynamicRange_2_1_t;
+QV_RECORD(QvDatabaseHighDynamicRange_2_1_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(bypass),
@@ -23,21 +22,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kHighDynamicRange_2_1{"QvDatabaseProtocolSimulator_highDynamicRange_2_1", __FILE__,
-                                                      kRows};
+extern constinit const TableOf<Record> kHighDynamicRange_2_1 =
+    QV_TABLE("QvDatabaseProtocolSimulator_highDynamicRange_2_1", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_highDynamicRange_2_1_parse(QvJsonValue_t* pValue,
-                                                           QvDatabaseHighDynamicRange_2_1_t* pConfig)
-{
-    return readRecord(simulator::kHighDynamicRange_2_1, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_highDynamicRange_2_1_serialize(QvDatabaseHighDynamicRange_2_1_t* pConfig,
-                                                               QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kHighDynamicRange_2_1, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_highDynamicRange_2_1, simulator::kHighDynamicRange_2_1)

@@ -1,13 +1,12 @@
 #include <qv_database_c/database_histogram.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseHistogram_t;
+QV_RECORD(QvDatabaseHistogram_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -21,18 +20,10 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kHistogram{"QvDatabaseProtocolSimulator_histogram", __FILE__, kRows};
+extern constinit const TableOf<Record> kHistogram = QV_TABLE("QvDatabaseProtocolSimulator_histogram", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_histogram_parse(QvJsonValue_t* pValue, QvDatabaseHistogram_t* pConfig)
-{
-    return readRecord(simulator::kHistogram, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_histogram_serialize(QvDatabaseHistogram_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kHistogram, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_histogram, simulator::kHistogram)

@@ -1,13 +1,12 @@
 #include <qv_database_c/database_histogram_2.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseHistogram_2_t;
+QV_RECORD(QvDatabaseHistogram_2_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -17,18 +16,10 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kHistogram_2{"QvDatabaseProtocolSimulator_histogram_2", __FILE__, kRows};
+extern constinit const TableOf<Record> kHistogram_2 = QV_TABLE("QvDatabaseProtocolSimulator_histogram_2", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_histogram_2_parse(QvJsonValue_t* pValue, QvDatabaseHistogram_2_t* pConfig)
-{
-    return readRecord(simulator::kHistogram_2, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_histogram_2_serialize(QvDatabaseHistogram_2_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kHistogram_2, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_histogram_2, simulator::kHistogram_2)

@@ -1,13 +1,12 @@
 #include <qv_database_c/database_isp.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseIsp_t;
+QV_RECORD(QvDatabaseIsp_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "classname"),
@@ -16,23 +15,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kIsp{"QvDatabaseProtocolSimulator_isp", __FILE__, kRows};
+extern constinit const TableOf<Record> kIsp = QV_TABLE("QvDatabaseProtocolSimulator_isp", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_isp_parse(QvJsonValue_t* pValue, QvDatabaseIsp_t* pConfig)
-{
-    return readRecord(simulator::kIsp, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_isp_serialize(QvDatabaseIsp_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kIsp, pConfig, pValue);
-}
-
-int QvDatabaseIsp_reset(QvDatabaseIsp_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_isp, simulator::kIsp)
+QV_CLEARED_RESET(QvDatabaseIsp)

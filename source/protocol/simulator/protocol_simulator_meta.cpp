@@ -2,14 +2,13 @@
 #include <qv_database_c/protocol_simulator.h>
 #include <qv_json_c/json_path.h>
 
-#include "database_forms.h"
 #include "database_trace.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseMeta_t;
+QV_RECORD(QvDatabaseMeta_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(frameCount, "frame_index"),
@@ -21,7 +20,7 @@ constexpr const char* kPath = "root/metadata";
 
 } // namespace
 
-constinit const TableOf<Record> kMeta{"QvDatabaseProtocolSimulator_meta", __FILE__, kRows};
+extern constinit const TableOf<Record> kMeta = QV_TABLE("QvDatabaseProtocolSimulator_meta", kRows);
 
 } // namespace qv::database::simulator
 
@@ -33,10 +32,7 @@ int QvDatabaseProtocolSimulator_meta_parse(QvJsonValue_t* pValue, QvDatabaseMeta
         return kBadArgument;
     }
     QvJsonValue_t* pMetadata = nullptr;
-    const int status = QvJsonPath(pValue, simulator::kPath, &pMetadata);
-    if (status != kSuccess) {
-        return QV_FAIL(status);
-    }
+    QV_TRY(QvJsonPath(pValue, simulator::kPath, &pMetadata));
     // Not a failure but a message: the document is of the plain form.
     return QvJsonValue_isEmpty(pMetadata) ? static_cast<int>(kNoContent)
                                           : readTable(simulator::kMeta, pMetadata, pConfig);

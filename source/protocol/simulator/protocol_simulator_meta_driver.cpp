@@ -1,14 +1,13 @@
 #include <qv_database_c/database_meta_driver.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
 namespace input {
-using Record = QvDatabaseMetaDriver_Input_t;
+QV_RECORD(QvDatabaseMetaDriver_Input_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(bayerPattern, "bayer_pattern"),
@@ -22,11 +21,11 @@ constexpr Field kRows[] = {
     QV_FIELD(width),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseProtocolSimulator_metaDriver", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseProtocolSimulator_metaDriver", kRows);
 } // namespace input
 
 namespace output {
-using Record = QvDatabaseMetaDriver_Output_t;
+QV_RECORD(QvDatabaseMetaDriver_Output_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(dumpYuvVideo, "dump_yuv_video"),
@@ -43,10 +42,10 @@ constexpr Field kRows[] = {
     QV_FIELD(dumpStatistic),
 };
 
-constexpr TableOf<Record> kTable{"QvDatabaseProtocolSimulator_metaDriver", __FILE__, kRows};
+constexpr auto kTable = QV_TABLE("QvDatabaseProtocolSimulator_metaDriver", kRows);
 } // namespace output
 
-using Record = QvDatabaseMetaDriver_t;
+QV_RECORD(QvDatabaseMetaDriver_t);
 
 constexpr Field kRows[] = {
     QV_FIELD(enable),
@@ -58,23 +57,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kMetaDriver{"QvDatabaseProtocolSimulator_metaDriver", __FILE__, kRows};
+extern constinit const TableOf<Record> kMetaDriver = QV_TABLE("QvDatabaseProtocolSimulator_metaDriver", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_metaDriver_parse(QvJsonValue_t* pValue, QvDatabaseMetaDriver_t* pConfig)
-{
-    return readRecord(simulator::kMetaDriver, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_metaDriver_serialize(QvDatabaseMetaDriver_t* pConfig, QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kMetaDriver, pConfig, pValue);
-}
-
-int QvDatabaseMetaDriver_reset(QvDatabaseMetaDriver_t* pConfig)
-{
-    return clearRecord(pConfig);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_metaDriver, simulator::kMetaDriver)
+QV_CLEARED_RESET(QvDatabaseMetaDriver)

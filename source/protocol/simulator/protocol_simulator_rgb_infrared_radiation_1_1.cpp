@@ -1,13 +1,12 @@
 #include <qv_database_c/database_rgb_infrared_radiation_1_1.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseRgbInfraredRadiation_1_1_t;
+QV_RECORD(QvDatabaseRgbInfraredRadiation_1_1_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(ccMatrix, "ccmatrix"),
@@ -23,21 +22,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kRgbInfraredRadiation_1_1{"QvDatabaseProtocolSimulator_rgbInfraredRadiation_1_1",
-                                                          __FILE__, kRows};
+extern constinit const TableOf<Record> kRgbInfraredRadiation_1_1 =
+    QV_TABLE("QvDatabaseProtocolSimulator_rgbInfraredRadiation_1_1", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_rgbInfraredRadiation_1_1_parse(QvJsonValue_t* pValue,
-                                                               QvDatabaseRgbInfraredRadiation_1_1_t* pConfig)
-{
-    return readRecord(simulator::kRgbInfraredRadiation_1_1, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_rgbInfraredRadiation_1_1_serialize(QvDatabaseRgbInfraredRadiation_1_1_t* pConfig,
-                                                                   QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kRgbInfraredRadiation_1_1, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_rgbInfraredRadiation_1_1, simulator::kRgbInfraredRadiation_1_1)

@@ -1,13 +1,12 @@
 #include <qv_database_c/database_wide_dynamic_range_5_2_1.h>
 #include <qv_database_c/protocol_simulator.h>
 
-#include "database_forms.h"
 #include "database_walk.h"
 
 namespace qv::database::simulator {
 namespace {
 
-using Record = QvDatabaseWideDynamicRange_5_2_1_t;
+QV_RECORD(QvDatabaseWideDynamicRange_5_2_1_t);
 
 constexpr Field kRows[] = {
     QV_FIELD_KEY(class_, "class"),
@@ -75,21 +74,11 @@ constexpr Field kRows[] = {
 
 } // namespace
 
-constinit const TableOf<Record> kWideDynamicRange_5_2_1{"QvDatabaseProtocolSimulator_wideDynamicRange_5_2_1", __FILE__,
-                                                        kRows};
+extern constinit const TableOf<Record> kWideDynamicRange_5_2_1 =
+    QV_TABLE("QvDatabaseProtocolSimulator_wideDynamicRange_5_2_1", kRows);
 
 } // namespace qv::database::simulator
 
 using namespace qv::database;
 
-int QvDatabaseProtocolSimulator_wideDynamicRange_5_2_1_parse(QvJsonValue_t* pValue,
-                                                             QvDatabaseWideDynamicRange_5_2_1_t* pConfig)
-{
-    return readRecord(simulator::kWideDynamicRange_5_2_1, pValue, pConfig);
-}
-
-int QvDatabaseProtocolSimulator_wideDynamicRange_5_2_1_serialize(QvDatabaseWideDynamicRange_5_2_1_t* pConfig,
-                                                                 QvJsonValue_t* pValue)
-{
-    return writeRecord(simulator::kWideDynamicRange_5_2_1, pConfig, pValue);
-}
+QV_CODECS(QvDatabaseProtocolSimulator_wideDynamicRange_5_2_1, simulator::kWideDynamicRange_5_2_1)
