@@ -10,7 +10,7 @@
 #include <qv_database_c/database_setting.h>
 #include <qv_database_c/database_tuning.h>
 #include <qv_database_c/protocol_calibration.h>
-#include <qv_database_c/protocol_simulator.h>
+#include <qv_database_c/protocol_simulator_codecs.h>
 
 #include "database_registry.h"
 #include "database_status.h"

@@ -25,8 +25,8 @@ typedef struct QvDatabase2DNoiseReduction_5_2 {
     float sigma;              /**< sigma of the noise reduction */
     uint8_t sigmaRange;       /**< range of the sigma */
     uint16_t sigmaOffset;     /**< offset of the sigma */
-    uint16_t lumaCurveX[12];  /**< x points of the luma curve */
-    uint16_t lumaCurveY[12];  /**< y points of the luma curve */
+    uint16_t lumaCurveX[12];  /**< x points of the luma curve [curve-x lumaCurveY] */
+    uint16_t lumaCurveY[12];  /**< y points of the luma curve [curve-y lumaCurveX] */
 
     bool isStatistics; /**< for the layers above; no text form carries it */
     char class_[20];   /**< class name in the simulator document; not terminated when it is full */

@@ -20,7 +20,7 @@ extern "C" {
 /** 3A interface of the simulator (category `3AI_2`), carried by simulator documents alone, as the object of class
     "C3Av2Interface" in the list "driver". Its switches are booleans there. QvDatabase_reset leaves it alone. */
 typedef struct QvDatabase3AInterface_2 {
-    char autoTable[256];           /**< auto table; not terminated when it is full */
+    char autoTable[256];           /**< auto table, as text; not terminated when it is full */
     bool awbEnable;                /**< switches automatic white balance on */
     bool cacEnable;                /**< switches chromatic aberration correction on */
     bool ccEnable;                 /**< switches colour correction on */
@@ -30,7 +30,7 @@ typedef struct QvDatabase3AInterface_2 {
     uint16_t lscVersion;           /**< version of lens shading correction */
     float sensorGain;              /**< gain of the sensor */
     char xml[256];                 /**< "xml" of the interface; not terminated when it is full */
-    bool metadataEnable;           /**< switches the metadata values below on */
+    bool metadataEnable;           /**< switches the metadata on */
     float metadataExposureGain[6]; /**< exposure gains of the metadata; key "metadata_exposure_gain_array" */
     float metadataExposureTime[6]; /**< exposure times of the metadata; key "metadata_exposure_time_array" */
     float metadataCCT[6];          /**< colour temperatures of the metadata; key "metadata_CCT_array" */

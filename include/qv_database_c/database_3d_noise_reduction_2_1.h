@@ -24,8 +24,8 @@ typedef struct QvDatabase3DNoiseReduction_2_1 {
     int32_t motionInv;              /**< motion parameter inv; may be negative, also in documents */
     uint16_t delta;                 /**< parameter delta */
     uint16_t updateTemporal;        /**< temporal update */
-    uint16_t strengthCurveTemporal; /**< strength of the temporal curve */
-    uint16_t temporalCurve[17];     /**< 17 points of the temporal curve */
+    uint16_t strengthCurveTemporal; /**< temporal curve strength */
+    uint16_t temporalCurve[17];     /**< 17 points of the temporal curve [curve] */
     uint8_t rangeT;                 /**< parameter range T */
 
     bool isStatistics; /**< for the layers above; no text form carries it */

@@ -19,12 +19,12 @@ extern "C" {
 
 /** One schedule of 2D noise reduction: 20 gain points and the parameters at each of them, index by index. */
 typedef struct QvDatabaseAuto2DNoiseReduction_5_2_Table {
-    float gain[20];               /**< gain points; key "gains" in the simulator document */
+    float gain[20];               /**< gain points of the lists beside it; simulator key "gains" [gain-axis] */
     float sigma[20];              /**< denoising sigma */
     uint8_t strength[20];         /**< denoising strength */
     uint8_t preGammaStrength[20]; /**< pre-gamma strength; in no text form, though `2DNR_5_2` has it in both */
-    uint16_t lumaCurveX[20][12];  /**< 12 x points of the luma curve for each gain point */
-    uint16_t lumaCurveY[20][12];  /**< 12 y points of the luma curve for each gain point */
+    uint16_t lumaCurveX[20][12];  /**< 12 x points of the luma curve for each gain point [curve-x lumaCurveY] */
+    uint16_t lumaCurveY[20][12];  /**< 12 y points of the luma curve for each gain point [curve-y lumaCurveX] */
     bool hdr;                     /**< HDR flag of the schedule; carried by the simulator document only */
 } QvDatabaseAuto2DNoiseReduction_5_2_Table_t;
 static_assert(sizeof(QvDatabaseAuto2DNoiseReduction_5_2_Table_t) == 1164, "the layout is part of the interface");
@@ -39,10 +39,11 @@ typedef struct QvDatabaseAuto2DNoiseReduction_5_2 {
     /** The schedules, array "tables" in documents, one object for each row in use; a written row holds all 20 gain
         points, a row that is read may hold fewer. */
     QvDatabaseAuto2DNoiseReduction_5_2_Table_t tables[20];
-    /** Row in use, for the layers above; no text form carries it, reset makes it 0. */
+    /** Index of a row of `tables`, for the layers above; no text form carries it, reset makes it 0. [0..19] */
     size_t tableIdx;
     /** Rows in use, at most 20. No member of its own: reading sets it to the length of "tables", 0 where there is
-        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents. */
+        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents.
+        [0..20; count-of tables] */
     size_t tableNumber;
     /** Class name in the simulator document; not terminated when it is full. */
     char class_[20];

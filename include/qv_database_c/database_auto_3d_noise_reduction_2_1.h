@@ -19,14 +19,14 @@ extern "C" {
 
 /** One schedule of 3D noise reduction: 20 gain points and the parameters at each of them, index by index. */
 typedef struct QvDatabaseAuto3DNoiseReduction_2_1_Table {
-    float gains[20];                    /**< gain points */
+    float gains[20];                    /**< gain points of the lists beside it, index by index [gain-axis] */
     uint8_t strength[20];               /**< denoising strength */
     int32_t motionInv[20];              /**< motion parameter Inv; the only signed member */
     uint16_t delta[20];                 /**< parameter delta */
-    uint8_t motionDilateEn[20];         /**< motion dilation, 0 or 1; a number here, a bool in `3DNR_2_1` */
+    uint8_t motionDilateEn[20];         /**< switches motion dilation on; a number here, a bool in `3DNR_2_1` [0..1] */
     uint16_t updateTemporal[20];        /**< temporal update */
     uint16_t strengthCurveTemporal[20]; /**< strength of the temporal curve */
-    uint16_t temporalCurve[20][17];     /**< 17 points of the temporal curve for each gain point */
+    uint16_t temporalCurve[20][17];     /**< 17 points of the temporal curve for each gain point [curve] */
     uint8_t rangeT[20];                 /**< range parameter T */
     bool hdr;                           /**< HDR flag of the schedule; carried by the simulator document only */
 } QvDatabaseAuto3DNoiseReduction_2_1_Table_t;
@@ -42,10 +42,11 @@ typedef struct QvDatabaseAuto3DNoiseReduction_2_1 {
     /** The schedules, array "tables" in documents, one object for each row in use; a written row holds all 20 gain
         points, a row that is read may hold fewer. */
     QvDatabaseAuto3DNoiseReduction_2_1_Table_t tables[20];
-    /** Row in use, for the layers above; no text form carries it, reset makes it 0. */
+    /** Index of a row of `tables`, for the layers above; no text form carries it, reset makes it 0. [0..19] */
     size_t tableIdx;
     /** Rows in use, at most 20. No member of its own: reading sets it to the length of "tables", 0 where there is
-        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents. */
+        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents.
+        [0..20; count-of tables] */
     size_t tableNumber;
     /** Class name in the simulator document; not terminated when it is full. */
     char class_[20];

@@ -20,7 +20,7 @@ extern "C" {
 /** One schedule of black level subtraction: 20 gain points and the parameters at each of them, index by index. */
 typedef struct QvDatabaseAutoBlackLevelSubtractionTable {
     uint32_t bls[20][4]; /**< black levels, one for each of four colour channels, for each gain point */
-    float gains[20];     /**< gain points */
+    float gains[20];     /**< gain points of the lists beside it, index by index [gain-axis] */
     bool hdr;            /**< HDR flag of the schedule */
 } QvDatabaseAutoBlackLevelSubtractionTable_t;
 static_assert(sizeof(QvDatabaseAutoBlackLevelSubtractionTable_t) == 404, "the layout is part of the interface");
@@ -35,9 +35,10 @@ typedef struct QvDatabaseAutoBlackLevelSubtraction {
         points, a row that is read may hold fewer. */
     QvDatabaseAutoBlackLevelSubtractionTable_t tables[20];
     /** Rows in use, at most 20. No member of its own: reading sets it to the length of "tables", 0 where there is
-        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents. */
+        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents.
+        [0..20; count-of tables] */
     size_t tableNumber;
-    /** Row in use, for the layers above; no text form carries it, reset makes it 0. */
+    /** Index of a row of `tables`, for the layers above; no text form carries it, reset makes it 0. [0..19] */
     size_t tableIdx;
     /** Class name in the simulator document; not terminated when it is full. */
     char class_[20];

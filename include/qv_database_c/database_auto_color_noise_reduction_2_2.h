@@ -20,12 +20,12 @@ extern "C" {
 /** One schedule of colour noise reduction: 20 gain points and the parameters at each of them, index by index. A
     document holds the members of a row sorted by name, whatever the case. */
 typedef struct QvDatabaseAutoColorNoiseReduction_2_2_Table {
-    float gains[20];         /**< gain points */
-    uint8_t cnrStrength[20]; /**< denoising strength */
+    float gains[20];         /**< gain points of the lists beside it, index by index [gain-axis] */
+    uint8_t cnrStrength[20]; /**< denoising strength, the counterpart of `strength1` in `CNR_2_2` */
     uint8_t textureMask[20]; /**< texture mask */
-    float cSigmaLayer0[20];  /**< sigma of the first layer */
-    float cSigmaLayer1[20];  /**< sigma of the second layer */
-    float cSigmaLayer2[20];  /**< sigma of the third layer */
+    float cSigmaLayer0[20];  /**< sigma of the first of three layers */
+    float cSigmaLayer1[20];  /**< sigma of the second of three layers */
+    float cSigmaLayer2[20];  /**< sigma of the third of three layers */
     bool hdr;                /**< HDR flag of the schedule */
 } QvDatabaseAutoColorNoiseReduction_2_2_Table_t;
 static_assert(sizeof(QvDatabaseAutoColorNoiseReduction_2_2_Table_t) == 364, "the layout is part of the interface");
@@ -40,9 +40,10 @@ typedef struct QvDatabaseAutoColorNoiseReduction_2_2 {
         points, a row that is read may hold fewer. */
     QvDatabaseAutoColorNoiseReduction_2_2_Table_t tables[20];
     /** Rows in use, at most 20. No member of its own: reading sets it to the length of "tables", 0 where there is
-        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents. */
+        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents.
+        [0..20; count-of tables] */
     size_t tableNumber;
-    /** Row in use, for the layers above; no text form carries it, reset makes it 0. */
+    /** Index of a row of `tables`, for the layers above; no text form carries it, reset makes it 0. [0..19] */
     size_t tableIdx;
     /** Class name in the simulator document; not terminated when it is full. */
     char class_[20];

@@ -19,7 +19,7 @@ extern "C" {
 
 /** One schedule of edge enhancement: 20 gain points and the parameters at each of them, index by index. */
 typedef struct QvDatabaseAutoEdgeEnhance_2_Table {
-    float gains[20];           /**< gain points */
+    float gains[20];           /**< gain points of the lists beside it, index by index [gain-axis] */
     uint8_t eeStrength[20];    /**< edge enhancement strength */
     uint8_t eeSrcStrength[20]; /**< strength of the source */
     uint32_t eeYUpGain[20];    /**< luma gain, up */
@@ -27,9 +27,9 @@ typedef struct QvDatabaseAutoEdgeEnhance_2_Table {
     uint16_t eeUVGain[20];     /**< chroma gain; tuning key "eeUVGain", where `EE_2` has "eeUvGain" */
     uint32_t eeEdgeGain[20];   /**< edge gain */
     bool caEnable[20];         /**< switches the `caCurve` on; 0 and 1 in documents, not true and false */
-    uint16_t caCurve[20][65];  /**< 65 points of the CA curve for each gain point */
+    uint16_t caCurve[20][65];  /**< 65 points of the CA curve for each gain point [curve] */
     bool dciEnable[20];        /**< switches the `dciCurve` on; 0 and 1 in documents, not true and false */
-    uint16_t dciCurve[20][65]; /**< 65 points of the DCI curve for each gain point */
+    uint16_t dciCurve[20][65]; /**< 65 points of the DCI curve for each gain point [curve] */
     bool hdr;                  /**< HDR flag of the schedule; read from a tuning document, never written to one */
 } QvDatabaseAutoEdgeEnhance_2_Table_t;
 static_assert(sizeof(QvDatabaseAutoEdgeEnhance_2_Table_t) == 5644, "the layout is part of the interface");
@@ -44,9 +44,10 @@ typedef struct QvDatabaseAutoEdgeEnhance_2 {
         points, a row that is read may hold fewer. */
     QvDatabaseAutoEdgeEnhance_2_Table_t tables[20];
     /** Rows in use, at most 20. No member of its own: reading sets it to the length of "tables", 0 where there is
-        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents. */
+        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents.
+        [0..20; count-of tables] */
     size_t tableNumber;
-    /** Row in use, for the layers above; no text form carries it, reset makes it 0. */
+    /** Index of a row of `tables`, for the layers above; no text form carries it, reset makes it 0. [0..19] */
     size_t tableIdx;
     /** Class name in the simulator document; not terminated when it is full. */
     char class_[20];

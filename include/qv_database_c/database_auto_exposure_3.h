@@ -21,8 +21,8 @@ extern "C" {
     it. */
 typedef struct QvDatabaseAutoExposure_3 {
     bool enable;          /**< switches automatic exposure on */
-    float setPoint;       /**< set point, the brightness that the control aims at */
-    float tolerance;      /**< tolerated deviation from the set point */
+    float setPoint;       /**< set point, the value that the control aims at */
+    float tolerance;      /**< tolerance of the control */
     float dampOver;       /**< damping while overexposed */
     float dampUnder;      /**< damping while underexposed */
     float dampUnderRatio; /**< ratio of the damping while underexposed */
@@ -33,22 +33,22 @@ typedef struct QvDatabaseAutoExposure_3 {
     float motionThr;      /**< motion threshold; key "motionThreshold" in the simulator document */
     float targetFilter;   /**< filter of the target */
 
-    float lowlightLinearRepress[8]; /**< repression in low light, linear mode */
-    float lowlightLinearGain[8];    /**< gains in low light, linear mode */
-    uint32_t lowlightLinearLevel;   /**< level in low light, linear mode */
-    float lowlightHdrRepress[8];    /**< repression in low light, HDR mode */
-    float lowlightHdrGain[8];       /**< gains in low light, HDR mode */
-    uint32_t lowlightHdrLevel;      /**< level in low light, HDR mode */
+    float lowlightLinearRepress[8]; /**< repression in low light, eight numbers of the Linear set */
+    float lowlightLinearGain[8];    /**< gains in low light, eight numbers of the Linear set */
+    uint32_t lowlightLinearLevel;   /**< level in low light, one for the Linear set */
+    float lowlightHdrRepress[8];    /**< repression in low light, eight numbers of the HDR set */
+    float lowlightHdrGain[8];       /**< gains in low light, eight numbers of the HDR set */
+    uint32_t lowlightHdrLevel;      /**< level in low light, one for the HDR set */
 
     float wdrContrastMin; /**< least WDR contrast */
     float wdrContrastMax; /**< greatest WDR contrast */
     bool frameCalEnable;  /**< switches the frame Cal on */
     bool autoHdrEnable;   /**< switches automatic HDR on */
 
-    float expv2WindowWeight[1024]; /**< weights of the statistics windows; simulator key "expV2WindowWeight" */
-    uint8_t roiNum;                /**< regions of interest in use; key "roiNumber" in the simulator document */
-    float roiWeight;               /**< weight of the regions of interest */
-    float roiWindow[25][5];        /**< regions, five numbers each; documents hold all 25 whatever `roiNum` is */
+    float expv2WindowWeight[1024]; /**< weights of the exposure windows; simulator key "expV2WindowWeight" */
+    uint8_t roiNum;         /**< regions of interest in use; simulator key "roiNumber" [0..25; count-of roiWindow] */
+    float roiWeight;        /**< weight of the regions of interest */
+    float roiWindow[25][5]; /**< regions, five numbers each; documents hold all 25 whatever `roiNum` is */
 
     uint16_t antiFlickerMode;  /**< anti-flicker mode; spelled "antiFlikerMode" in both documents */
     uint16_t semMode;          /**< SEM mode */

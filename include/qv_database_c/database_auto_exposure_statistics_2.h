@@ -19,8 +19,8 @@ extern "C" {
 
 /** The measured data of the exposure statistics. */
 typedef struct QvDatabaseAutoExposureStatistics_2_Statistics {
-    uint32_t data[4096]; /**< measured values */
-    uint16_t type;       /**< kind of the values */
+    uint32_t data[4096]; /**< measured values [measured] */
+    uint16_t type;       /**< kind of the measured values [measured] */
 } QvDatabaseAutoExposureStatistics_2_Statistics_t;
 static_assert(sizeof(QvDatabaseAutoExposureStatistics_2_Statistics_t) == 16388, "the layout is part of the interface");
 
@@ -36,10 +36,10 @@ typedef struct QvDatabaseAutoExposureStatistics_2 {
     uint16_t inputSelect;
     /** Region of the statistics. A tuning document holds it as the object "rectangle"; where that is missing, the
         field keeps its value. The simulator document holds it as the list "windows" of x offset, y offset, width and
-        height; what is missing there becomes 0. */
+        height; what is missing there becomes 0. [window] */
     QvDatabaseRectangle_t rectangle;
     /** The measured data; no document carries it, it leaves the record through
-        QvDatabaseAutoExposureStatistics_2_statistics() and in the binary image. */
+        QvDatabaseAutoExposureStatistics_2_statistics() and in the binary image. [measured] */
     QvDatabaseAutoExposureStatistics_2_Statistics_t statistics;
 } QvDatabaseAutoExposureStatistics_2_t;
 static_assert(sizeof(QvDatabaseAutoExposureStatistics_2_t) == 16400, "the layout is part of the interface");

@@ -20,7 +20,7 @@ extern "C" {
     document and the simulator document (class "Af") carry; the focus control above the library works with it. */
 typedef struct QvDatabaseAutoFocus_3 {
     bool enable;              /**< switches automatic focus on */
-    float weightWindow[3];    /**< weights of the focus windows */
+    float weightWindow[3];    /**< three weights of windows */
     float cStableTolerance;   /**< tolerance of stability */
     uint8_t cPointsOfCurve;   /**< points of the curve */
     float focalFilter[5];     /**< focal filter */

@@ -22,15 +22,15 @@ extern "C" {
 typedef struct QvDatabaseAutoFocusMeasurement {
     bool enable; /**< switches the focus measurement on */
 
-    uint32_t sharpnessA; /**< measured sharpness, A; in no text form */
-    uint32_t sharpnessB; /**< measured sharpness, B; in no text form */
-    uint32_t sharpnessC; /**< measured sharpness, C; in no text form */
-    uint32_t luminanceA; /**< measured luminance, A; in no text form */
-    uint32_t luminanceB; /**< measured luminance, B; in no text form */
-    uint32_t luminanceC; /**< measured luminance, C; in no text form */
-    uint32_t pixelCntA;  /**< measured count of pixels, A; in no text form */
-    uint32_t pixelCntB;  /**< measured count of pixels, B; in no text form */
-    uint32_t pixelCntC;  /**< measured count of pixels, C; in no text form */
+    uint32_t sharpnessA; /**< measured sharpness, A; in no text form [measured] */
+    uint32_t sharpnessB; /**< measured sharpness, B; in no text form [measured] */
+    uint32_t sharpnessC; /**< measured sharpness, C; in no text form [measured] */
+    uint32_t luminanceA; /**< measured luminance, A; in no text form [measured] */
+    uint32_t luminanceB; /**< measured luminance, B; in no text form [measured] */
+    uint32_t luminanceC; /**< measured luminance, C; in no text form [measured] */
+    uint32_t pixelCntA;  /**< measured count of pixels, A; in no text form [measured] */
+    uint32_t pixelCntB;  /**< measured count of pixels, B; in no text form [measured] */
+    uint32_t pixelCntC;  /**< measured count of pixels, C; in no text form [measured] */
 
     uint16_t id;        /**< number of the window; key "afmWindowId" in the simulator document */
     uint16_t window[4]; /**< the window, four numbers; key "afmWindow" in the simulator document */

@@ -20,8 +20,8 @@ extern "C" {
 /** One schedule of gamma correction: 20 gain points and the parameters at each of them, index by index. A document
     holds the curve before the gain points. */
 typedef struct QvDatabaseAutoGammaCorrection_2_Table {
-    float gain[20];         /**< gain points; key "gains" in the simulator document */
-    uint16_t curve[20][64]; /**< 64 points of the gamma curve for each gain point */
+    float gain[20];         /**< gain points of the lists beside it; simulator key "gains" [gain-axis] */
+    uint16_t curve[20][64]; /**< 64 points of the gamma curve for each gain point [curve] */
     bool hdr;               /**< HDR flag of the schedule */
 } QvDatabaseAutoGammaCorrection_2_Table_t;
 static_assert(sizeof(QvDatabaseAutoGammaCorrection_2_Table_t) == 2644, "the layout is part of the interface");
@@ -36,9 +36,10 @@ typedef struct QvDatabaseAutoGammaCorrection_2 {
         points, a row that is read may hold fewer. */
     QvDatabaseAutoGammaCorrection_2_Table_t tables[20];
     /** Rows in use, at most 20. No member of its own: reading sets it to the length of "tables", 0 where there is
-        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents. */
+        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents.
+        [0..20; count-of tables] */
     size_t tableNumber;
-    /** Row in use, for the layers above; no text form carries it, reset makes it 0. */
+    /** Index of a row of `tables`, for the layers above; no text form carries it, reset makes it 0. [0..19] */
     size_t tableIdx;
     /** Class name in the simulator document; not terminated when it is full. */
     char class_[20];

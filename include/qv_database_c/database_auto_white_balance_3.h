@@ -22,7 +22,7 @@ extern "C" {
 typedef struct QvDatabaseAutoWhiteBalance_3 {
     bool enable;            /**< switches automatic white balance on */
     bool useDamping;        /**< switches damping on */
-    uint8_t roiNum;         /**< regions of interest in use; key "roiNumber" in the simulator document */
+    uint8_t roiNum;         /**< regions of interest in use; simulator key "roiNumber" [0..25; count-of roiWindow] */
     float roiWeight;        /**< weight of the regions of interest */
     float roiWindow[25][5]; /**< regions, five numbers each; documents hold all 25 whatever `roiNum` is */
     uint16_t mode;          /**< mode of the control */

@@ -19,7 +19,7 @@ extern "C" {
 
 /** One schedule of wide dynamic range: 20 gain points and the parameters at each of them, index by index. */
 typedef struct QvDatabaseAutoWideDynamicRange_5_2_1_Table {
-    float gain[20];                  /**< gain points; key "gains" in the simulator document */
+    float gain[20];                  /**< gain points of the lists beside it; simulator key "gains" [gain-axis] */
     uint8_t highStrength[20];        /**< strength, high part */
     uint16_t lowStrength[20];        /**< strength, low part */
     uint16_t entropyBase[20];        /**< base of the entropy */
@@ -63,10 +63,11 @@ typedef struct QvDatabaseAutoWideDynamicRange_5_2_1 {
     /** The schedules, array "tables" in documents, one object for each row in use; a written row holds all 20 gain
         points, a row that is read may hold fewer. */
     QvDatabaseAutoWideDynamicRange_5_2_1_Table_t tables[20];
-    /** Row in use, for the layers above; no text form carries it, reset makes it 0. */
+    /** Index of a row of `tables`, for the layers above; no text form carries it, reset makes it 0. [0..19] */
     size_t tableIdx;
     /** Rows in use, at most 20. No member of its own: reading sets it to the length of "tables", 0 where there is
-        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents. */
+        none, and drops rows past the twentieth without a trace. Rows behind it keep their old contents.
+        [0..20; count-of tables] */
     size_t tableNumber;
     /** Class name in the simulator document; not terminated when it is full. */
     char class_[20];

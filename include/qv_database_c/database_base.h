@@ -33,32 +33,32 @@ typedef struct QvDatabaseOpenParam {
 
 /** Gains of the four raw channels. No category holds one; the record is there for users of the library. */
 typedef struct QvDatabaseGain {
-    float blue;      /**< gain of the blue pixels */
-    float greenBlue; /**< gain of the green pixels in the blue rows */
-    float greenRed;  /**< gain of the green pixels in the red rows */
-    float red;       /**< gain of the red pixels */
+    float blue;      /**< gain of the blue pixels; in documents the bit pattern of the float */
+    float greenBlue; /**< gain of the green pixels in the blue rows; in documents the bit pattern of the float */
+    float greenRed;  /**< gain of the green pixels in the red rows; in documents the bit pattern of the float */
+    float red;       /**< gain of the red pixels; in documents the bit pattern of the float */
 } QvDatabaseGain_t;
 static_assert(sizeof(QvDatabaseGain_t) == 16, "the layout is part of the interface");
 
 /** Position of a rectangle, in pixels. */
 typedef struct QvDatabasePoint {
-    uint16_t x; /**< column */
-    uint16_t y; /**< row */
+    uint16_t x; /**< column; written as a signed number, 65535 as -1 [px] */
+    uint16_t y; /**< row; written as a signed number, 65535 as -1 [px] */
 } QvDatabasePoint_t;
 static_assert(sizeof(QvDatabasePoint_t) == 4, "the layout is part of the interface");
 
 /** Upper and lower limit of a value. No category holds one; the record is there for users of the library. */
 typedef struct QvDatabaseRange {
-    float max; /**< upper limit */
-    float min; /**< lower limit; in documents under the key "max" too */
+    float max; /**< upper limit; in documents the bit pattern of the float */
+    float min; /**< lower limit; in documents the bit pattern of the float, under the key "max" too */
 } QvDatabaseRange_t;
 static_assert(sizeof(QvDatabaseRange_t) == 8, "the layout is part of the interface");
 
 /** Region of an image, in pixels. */
 typedef struct QvDatabaseRectangle {
-    uint16_t height;          /**< number of rows */
+    uint16_t height;          /**< number of rows [px] */
     QvDatabasePoint_t offset; /**< upper left corner */
-    uint16_t width;           /**< number of columns */
+    uint16_t width;           /**< number of columns [px] */
 } QvDatabaseRectangle_t;
 static_assert(sizeof(QvDatabaseRectangle_t) == 8, "the layout is part of the interface");
 

@@ -20,7 +20,7 @@ extern "C" {
 typedef struct QvDatabaseBlackLevelSubtraction {
     uint32_t bls[4];     /**< one black level for each of four colour channels */
     bool overrideCaliEn; /**< calibration override, default true; no simulator document carries it */
-    uint8_t bitWidth;    /**< bit width of the levels, default 12 */
+    uint8_t bitWidth;    /**< bit width, default 12 [bit] */
 
     bool isStatistics; /**< for the layers above; no text form carries it */
 } QvDatabaseBlackLevelSubtraction_t;

@@ -18,7 +18,7 @@ extern "C" {
 
 /** One block of the model. */
 typedef struct QvDatabaseCModel_Unit {
-    uint8_t bit; /**< bit width; a document's number keeps its low 8 bits */
+    uint8_t bit; /**< bit width of the block; a document's number keeps its low 8 bits [bit] */
     bool enable; /**< block is on; default false for all blocks */
 } QvDatabaseCModel_Unit_t;
 static_assert(sizeof(QvDatabaseCModel_Unit_t) == 2, "the layout is part of the interface");
@@ -35,9 +35,9 @@ typedef struct QvDatabaseCModel {
     QvDatabaseCModel_Unit_t deMosaic; /**< demosaic; default 12 bits */
     QvDatabaseCModel_Unit_t dpcc;     /**< defect pixel cluster correction; default 16 bits */
     QvDatabaseCModel_Unit_t dpf;      /**< denoising filter; default 16 bits */
-    QvDatabaseCModel_Unit_t drc;      /**< dynamic range compression; default 12 bits */
+    QvDatabaseCModel_Unit_t drc;      /**< DRC; default 12 bits */
     QvDatabaseCModel_Unit_t ee;       /**< edge enhance; default 12 bits */
-    QvDatabaseCModel_Unit_t gtm;      /**< global tone mapping; default 24 bits */
+    QvDatabaseCModel_Unit_t gtm;      /**< GTM; default 24 bits */
     QvDatabaseCModel_Unit_t hdr;      /**< high dynamic range; default 24 bits */
     QvDatabaseCModel_Unit_t lsc;      /**< lens shading correction; default 12 bits */
     QvDatabaseCModel_Unit_t scale;    /**< scaler; default 8 bits */

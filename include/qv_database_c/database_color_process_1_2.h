@@ -18,15 +18,17 @@ extern "C" {
 /** Colour processing and conversion to YUV in manual mode (category `CP_1_2`, class "CCproc" in the simulator
     document); `ACP_1_2` holds the automatic parameters. */
 typedef struct QvDatabaseColorProcess_1_2 {
-    bool enable;             /**< switches the block on; a number, 1 or 0, in the simulator document */
-    float contrast;          /**< contrast */
-    float bright;            /**< brightness */
-    float saturation;        /**< saturation */
-    float hue;               /**< hue */
-    bool useOutConvMatrix;   /**< use rgbToyuvMatrix for the output */
-    float rgbToyuvMatrix[9]; /**< output matrix of 3 by 3; key "RGB2YUV_matrix" in the simulator document */
-    uint32_t yuvRange;       /**< selection of the YUV range; key "yuvRange" in both documents */
-    uint8_t gamut;           /**< selection of the gamut */
+    bool enable;           /**< switches the block on; a number, 1 or 0, in the simulator document */
+    float contrast;        /**< contrast */
+    float bright;          /**< brightness */
+    float saturation;      /**< saturation */
+    float hue;             /**< hue */
+    bool useOutConvMatrix; /**< take rgbToyuvMatrix as the output conversion matrix */
+    /** output conversion matrix of 3 by 3, used where useOutConvMatrix is set; key "RGB2YUV_matrix" in the simulator
+        document [matrix 3x3] */
+    float rgbToyuvMatrix[9];
+    uint32_t yuvRange; /**< YUV range; key "yuvRange" in both documents */
+    uint8_t gamut;     /**< gamut */
 
     bool isStatistics; /**< for the layers above; no text form carries it */
     char class_[20];   /**< class name in the simulator document; not terminated when it is full */

@@ -20,9 +20,11 @@ extern "C" {
     zero; leading zeros stay. Writing has no counterpart, and the tuning document carries the curve as it stands. */
 typedef struct QvDatabaseCompand_1_1 {
     bool enable;               /**< switches the block on; key "expand_enable" in the simulator document */
-    uint32_t expandCurveX[64]; /**< x of the 64 points of the expansion curve */
-    uint32_t expandCurveY[64]; /**< y of the points; gaps are filled on reading a simulator document, see above */
-    char class_[20];           /**< class name in the simulator document; not terminated when it is full */
+    uint32_t expandCurveX[64]; /**< x of the 64 points of the expansion curve [curve-x expandCurveY] */
+    /** y of the 64 points; reading a simulator document gives a zero the last nonzero value before it, leading zeros
+        stay [curve-y expandCurveX] */
+    uint32_t expandCurveY[64];
+    char class_[20]; /**< class name in the simulator document; not terminated when it is full */
 } QvDatabaseCompand_1_1_t;
 static_assert(sizeof(QvDatabaseCompand_1_1_t) == 536, "the layout is part of the interface");
 

@@ -23,21 +23,21 @@ typedef struct QvDatabaseDefectPixelClusterCorrection {
     bool enable; /**< switches the block on; a number, 1 or 0, in the simulator document */
 
     bool bptEnable;         /**< switches the bad pixel table on */
-    uint16_t bptNum;        /**< number of entries of the bad pixel table */
+    uint16_t bptNum;        /**< length of the bad pixel table, bptPosX with bptPosY [0..2048; count-of bptPosX] */
     uint8_t bptOutMode;     /**< output mode of the bad pixel table */
-    uint16_t bptPosX[2048]; /**< x coordinates of the bad pixels */
-    uint16_t bptPosY[2048]; /**< y coordinates of the bad pixels */
+    uint16_t bptPosX[2048]; /**< x coordinates of the bad pixels; the first bptNum are in use [px] */
+    uint16_t bptPosY[2048]; /**< y coordinates of the bad pixels; the first bptNum are in use [px] */
 
-    uint8_t lineMadFac[2][3]; /**< line MAD factors */
-    uint8_t lineThresh[2][3]; /**< line thresholds */
+    uint8_t lineMadFac[2][3]; /**< line MAD factors; two lists of three in documents */
+    uint8_t lineThresh[2][3]; /**< line thresholds; two lists of three in documents */
     uint16_t methodsSet[3];   /**< three method sets */
     uint8_t outMode;          /**< output mode */
-    uint8_t pgFac[2][3];      /**< PG factors */
-    uint8_t rgFac[2][3];      /**< RG factors */
-    uint8_t rndOffs[2][3];    /**< RND offsets */
-    uint8_t rndThresh[2][3];  /**< RND thresholds */
-    uint8_t roLimits[2][3];   /**< RO limits */
-    uint8_t setUse;           /**< which of the sets are used */
+    uint8_t pgFac[2][3];      /**< PG factors; two lists of three in documents */
+    uint8_t rgFac[2][3];      /**< RG factors; two lists of three in documents */
+    uint8_t rndOffs[2][3];    /**< RND offsets; two lists of three in documents */
+    uint8_t rndThresh[2][3];  /**< RND thresholds; two lists of three in documents */
+    uint8_t roLimits[2][3];   /**< RO limits; two lists of three in documents */
+    uint8_t setUse;           /**< use of the sets */
 
     bool isStatistics; /**< for the layers above; no text form carries it */
     char class_[20];   /**< class name in the simulator document; not terminated when it is full */

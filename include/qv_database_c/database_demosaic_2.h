@@ -74,14 +74,14 @@ typedef struct QvDatabaseDeMosaic_2 {
     uint8_t dmscDepurpleSatShrink; /**< de-purple saturation shrink */
     uint8_t dmscDepurpleThr;       /**< de-purple threshold */
 
-    float cacCfgABlue;         /**< chromatic aberration coefficient A of blue */
-    float cacCfgARed;          /**< chromatic aberration coefficient A of red */
-    float cacCfgBBlue;         /**< chromatic aberration coefficient B of blue */
-    float cacCfgBRed;          /**< chromatic aberration coefficient B of red */
-    float cacCfgCBlue;         /**< chromatic aberration coefficient C of blue */
-    float cacCfgCRed;          /**< chromatic aberration coefficient C of red */
-    int16_t cacCfgCenterHoffs; /**< centre offset, horizontal; in documents as its unsigned 16-bit number */
-    int16_t cacCfgCenterVoffs; /**< centre offset, vertical; in documents as its unsigned 16-bit number */
+    float cacCfgABlue; /**< chromatic aberration coefficient A of blue; key "a_blue" in the simulator document */
+    float cacCfgARed;  /**< chromatic aberration coefficient A of red; key "a_red" in the simulator document */
+    float cacCfgBBlue; /**< chromatic aberration coefficient B of blue; key "b_blue" in the simulator document */
+    float cacCfgBRed;  /**< chromatic aberration coefficient B of red; key "b_red" in the simulator document */
+    float cacCfgCBlue; /**< chromatic aberration coefficient C of blue; key "c_blue" in the simulator document */
+    float cacCfgCRed;  /**< chromatic aberration coefficient C of red; key "c_red" in the simulator document */
+    int16_t cacCfgCenterHoffs; /**< aberration centre offset, horizontal; in documents as its unsigned 16-bit number */
+    int16_t cacCfgCenterVoffs; /**< aberration centre offset, vertical; in documents as its unsigned 16-bit number */
     bool overrideCaliEn;       /**< calibration override, default true; no simulator document carries it */
 
     bool isStatistics; /**< for the layers above; no text form carries it */

@@ -22,7 +22,7 @@ extern "C" {
 typedef struct QvDatabaseDump {
     /** array on the heap, owned by the record; null until a tuning document is loaded */
     QvDatabaseRegister_t* pRegisters;
-    /** elements in the array */
+    /** elements in the array [count-of pRegisters] */
     size_t registerNumber;
 } QvDatabaseDump_t;
 static_assert(sizeof(QvDatabaseDump_t) == 16, "the layout is part of the interface");

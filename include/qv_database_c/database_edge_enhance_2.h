@@ -32,20 +32,20 @@ typedef struct QvDatabaseEdgeEnhance_2 {
     uint32_t eeYUpGain;    /**< Y gain, up */
 
     uint16_t caMode;       /**< mode of CA */
-    uint16_t caCurve[65];  /**< 65 points of the CA curve */
-    uint16_t dciCurve[65]; /**< 65 points of the DCI curve */
+    uint16_t caCurve[65];  /**< 65 points of the CA curve [curve] */
+    uint16_t dciCurve[65]; /**< 65 points of the DCI curve [curve] */
 
-    float dciCurveCfgDegamma;         /**< DCI curve: degamma */
-    uint16_t dciCurveCfgDciMode;      /**< DCI curve: mode */
-    float dciCurveCfgLowlumaIdx;      /**< DCI curve: index of low luma */
-    float dciCurveCfgMiddlelumaIdx;   /**< DCI curve: index of middle luma */
-    float dciCurveCfgHighlumaIdx;     /**< DCI curve: index of high luma */
-    uint16_t dciCurveCfgInflctStartY; /**< DCI curve: y of the start */
-    uint16_t dciCurveCfgInflct1X;     /**< DCI curve: x of inflection 1 */
-    uint16_t dciCurveCfgInflct1Y;     /**< DCI curve: y of inflection 1 */
-    uint16_t dciCurveCfgInflct2X;     /**< DCI curve: x of inflection 2 */
-    uint16_t dciCurveCfgInflct2Y;     /**< DCI curve: y of inflection 2 */
-    uint16_t dciCurveCfgInflctStopY;  /**< DCI curve: y of the stop */
+    float dciCurveCfgDegamma;         /**< DCI curve: degamma; simulator key "degamma" */
+    uint16_t dciCurveCfgDciMode;      /**< DCI curve: mode; simulator key "dci_mode" */
+    float dciCurveCfgLowlumaIdx;      /**< DCI curve: index of low luma; simulator key "low_luma_index" */
+    float dciCurveCfgMiddlelumaIdx;   /**< DCI curve: index of middle luma; simulator key "middle_luma_index" */
+    float dciCurveCfgHighlumaIdx;     /**< DCI curve: index of high luma; simulator key "high_luma_index" */
+    uint16_t dciCurveCfgInflctStartY; /**< DCI curve: y of the start; simulator key "inflct_start_y" */
+    uint16_t dciCurveCfgInflct1X;     /**< DCI curve: x of inflection 1; simulator key "inflct_1_x" */
+    uint16_t dciCurveCfgInflct1Y;     /**< DCI curve: y of inflection 1; simulator key "inflct_1_y" */
+    uint16_t dciCurveCfgInflct2X;     /**< DCI curve: x of inflection 2; simulator key "inflct_2_x" */
+    uint16_t dciCurveCfgInflct2Y;     /**< DCI curve: y of inflection 2; simulator key "inflct_2_y" */
+    uint16_t dciCurveCfgInflctStopY;  /**< DCI curve: y of the stop; simulator key "inflct_stop_y" */
 
     bool isStatistics; /**< for the layers above; no text form carries it */
     char class_[20];   /**< class name in the simulator document; not terminated when it is full */

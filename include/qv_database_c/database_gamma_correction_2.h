@@ -19,11 +19,11 @@ extern "C" {
     automatic parameters. */
 typedef struct QvDatabaseGammaCorrection_2 {
     bool enable;          /**< switches the block on; a number, 1 or 0, in the simulator document */
-    bool standard;        /**< standard curve switch */
-    float standardVal;    /**< value that goes with the standard curve */
-    uint16_t curve[64];   /**< 64 points of the gamma curve */
+    bool standard;        /**< standard switch, with the value standardVal */
+    float standardVal;    /**< value that goes with standard */
+    uint16_t curve[64];   /**< 64 points of the gamma curve, at curvePx where userCurveX is set [curve-y curvePx] */
     bool userCurveX;      /**< take the x positions of the points from curvePx */
-    uint32_t curvePx[64]; /**< 64 x positions, used where userCurveX is set */
+    uint32_t curvePx[64]; /**< 64 x positions, used where userCurveX is set [curve-x curve] */
 
     bool isStatistics; /**< for the layers above; no text form carries it */
     char class_[20];   /**< class name in the simulator document; not terminated when it is full */

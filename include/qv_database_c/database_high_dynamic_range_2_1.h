@@ -15,12 +15,12 @@
 extern "C" {
 #endif
 
-/** High dynamic range: combination of exposures (category `HDR_2_1`, class "CHdrv2" in the simulator document).
+/** High dynamic range (category `HDR_2_1`, class "CHdrv2" in the simulator document).
     QvDatabase_reset leaves this record as it is. */
 typedef struct QvDatabaseHighDynamicRange_2_1 {
     bool enable;            /**< switches the block on; a number, 1 or 0, in the simulator document */
-    float ratio[2];         /**< two exposure ratios */
-    float transRange[4][2]; /**< four transition ranges, in documents four lists of two numbers */
+    float ratio[2];         /**< two ratios */
+    float transRange[4][2]; /**< four trans ranges, in documents four lists of two numbers */
     uint8_t colorWeight[3]; /**< three colour weights */
     int8_t extendBit[2];    /**< two bit extensions; may be negative, also in documents */
     bool bypass;            /**< bypass switch */

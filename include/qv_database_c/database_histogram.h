@@ -20,12 +20,12 @@ extern "C" {
 typedef struct QvDatabaseHistogram {
     bool enable;        /**< switches the block on */
     uint16_t mode;      /**< mode of the histogram */
-    uint16_t channel;   /**< selection of the channel */
-    uint16_t window[4]; /**< measuring window, four numbers */
+    uint16_t channel;   /**< channel of the histogram */
+    uint16_t window[4]; /**< measuring window, four numbers [window] */
     float rCoeff;       /**< coefficient of red; key "rcoff" in the simulator document */
     float gCoeff;       /**< coefficient of green; key "gcoff" in the simulator document */
     float bCoeff;       /**< coefficient of blue; key "bcoff" in the simulator document */
-    uint32_t bin[32];   /**< results; only _statistics brings them into a document */
+    uint32_t bin[32];   /**< results of the 32 bins; only _statistics brings them into a document [measured] */
     char class_[20];    /**< class name; no text form carries it */
 } QvDatabaseHistogram_t;
 static_assert(sizeof(QvDatabaseHistogram_t) == 176, "the layout is part of the interface");

@@ -20,8 +20,8 @@ extern "C" {
 typedef struct QvDatabaseHistogram_2 {
     bool enable;        /**< switches the block on */
     uint16_t mode;      /**< mode of the histogram */
-    uint16_t window[4]; /**< measuring window, four numbers */
-    uint32_t bin[256];  /**< results; only _statistics brings them into a document */
+    uint16_t window[4]; /**< measuring window, four numbers [window] */
+    uint32_t bin[256];  /**< results of the 256 bins; only _statistics brings them into a document [measured] */
     char class_[20];    /**< class name; no text form carries it */
 } QvDatabaseHistogram_2_t;
 static_assert(sizeof(QvDatabaseHistogram_2_t) == 1056, "the layout is part of the interface");

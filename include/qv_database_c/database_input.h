@@ -21,23 +21,23 @@
 extern "C" {
 #endif
 
-/** Where frames come from; also the index of an input path. */
+/** Where frames come from. */
 typedef enum QvDatabaseInputType {
-    QvDatabaseInputType_Rdma = 0,     /**< read DMA from memory */
-    QvDatabaseInputType_ReTiming = 1, /**< retiming path */
-    QvDatabaseInputType_Sensor = 2,   /**< live sensor */
+    QvDatabaseInputType_Rdma = 0,     /**< RDMA */
+    QvDatabaseInputType_ReTiming = 1, /**< retiming */
+    QvDatabaseInputType_Sensor = 2,   /**< sensor */
     QvDatabaseInputType_Sum = 3,      /**< number of input types and so of paths */
 } QvDatabaseInputType_t;
 
 /** One input path. */
 typedef struct QvDatabaseInputPath {
-    uint16_t bayerPattern;           /**< Bayer pattern */
-    size_t bufferLength;             /**< bytes of a frame buffer; in no text form */
+    uint16_t bayerPattern;           /**< Bayer pattern, numbered by the pipeline */
+    size_t bufferLength;             /**< length of a buffer; in no text form */
     bool enable;                     /**< path is in use; default true, true, false for paths 0, 1, 2 */
-    uint16_t format;                 /**< pixel format */
+    uint16_t format;                 /**< pipeline's format number */
     int16_t formatExt;               /**< extended format, default -1; in tuning documents written unsigned, 65535 */
-    QvDatabaseRectangle_t rectangle; /**< region of the image, pixels; default 1920 x 1080 at 0, 0 */
-    uint16_t stitchingMode;          /**< stitching HDR mode */
+    QvDatabaseRectangle_t rectangle; /**< region of the image, pixels; default 1920 x 1080 at 0, 0 [window] */
+    uint16_t stitchingMode;          /**< stitching mode, numbered by the pipeline */
     bool isInitialized;              /**< path has been set up; in no text form */
 } QvDatabaseInputPath_t;
 static_assert(sizeof(QvDatabaseInputPath_t) == 40, "the layout is part of the interface");
@@ -45,7 +45,7 @@ static_assert(sizeof(QvDatabaseInputPath_t) == 40, "the layout is part of the in
 /** Input configuration (category `IPT`), carried by tuning documents, initialization files and the binary image.
     QvDatabase_reset leaves it alone. */
 typedef struct QvDatabaseInput {
-    /** frames per second, default 2; written to initialization files without fraction */
+    /** input frame rate, default 2; written to initialization files without fraction [1/s] */
     float framerate;
     /** frames are injected live; default true */
     bool isInjectLive;
@@ -57,7 +57,7 @@ typedef struct QvDatabaseInput {
     bool isInject;
     /** metadata is injected; in no text form */
     bool isInjectMeta;
-    /** path in use; in no text form */
+    /** index of a path; in no text form [0..2] */
     size_t pathIndex;
     /** input is raw; in no text form */
     bool isRaw;

@@ -20,11 +20,13 @@ extern "C" {
     holds the automatic parameters. The record holds one grid of 33 by 33 samples for each colour plane and owns no
     heap memory. In documents matrix is four lists of 1089 numbers. */
 typedef struct QvDatabaseLensShadingCorrection_4 {
-    bool enable;              /**< switches the block on; a number, 1 or 0, in the simulator document */
-    uint16_t matrix[4][1089]; /**< samples of red, green at red line, green at blue line, blue */
-    uint16_t xSize[32];       /**< sector sizes along x */
-    uint16_t ySize[32];       /**< sector sizes along y */
-    bool overrideCaliEn;      /**< calibration override, default true; no simulator document carries it */
+    bool enable; /**< switches the block on; a number, 1 or 0, in the simulator document */
+    /** one grid of 33 by 33 samples for each colour plane: red, green at the red line, green at the blue line, blue;
+        four lists of 1089 numbers in documents [map 33x33] */
+    uint16_t matrix[4][1089];
+    uint16_t xSize[32];  /**< 32 sector sizes of the grid along x; the list "LSC_SECT_SIZE_X" of calibration text */
+    uint16_t ySize[32];  /**< 32 sector sizes of the grid along y; the list "LSC_SECT_SIZE_Y" of calibration text */
+    bool overrideCaliEn; /**< calibration override, default true; no simulator document carries it */
 
     bool isStatistics; /**< for the layers above; no text form carries it */
     char class_[20];   /**< class name in the simulator document; not terminated when it is full */

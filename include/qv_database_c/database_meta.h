@@ -53,57 +53,57 @@ static_assert(sizeof(QvDatabaseRawChannelFloat_t) == 16, "the layout is part of 
 
 /** State of the colour correction. */
 typedef struct QvDatabaseMetaCcmStatus {
-    bool enable;        /**< colour correction is on */
-    float ccmMatrix[9]; /**< 3 x 3 matrix, a flat list in documents */
-    float ccmOffset[3]; /**< offsets of the three colours */
+    bool enable;        /**< colour correction is on [measured] */
+    float ccmMatrix[9]; /**< 3 x 3 matrix, a flat list in documents [matrix 3x3] */
+    float ccmOffset[3]; /**< offsets of the three colours [measured] */
 } QvDatabaseMetaCcmStatus_t;
 static_assert(sizeof(QvDatabaseMetaCcmStatus_t) == 52, "the layout is part of the interface");
 
 /** Mean values of up to 25 windows of the image. */
 typedef struct QvDatabaseMetaMeanLuma {
-    uint8_t meanWinNum;                   /**< number of windows */
-    QvDatabaseRectangle_t meanRoiWin[25]; /**< regions of the windows, pixels */
-    uint32_t redChannelMean[25];          /**< mean of the red pixels of each window */
-    uint32_t grChannelMean[25];           /**< mean of the green pixels in the red rows of each window */
-    uint32_t gbChannelMean[25];           /**< mean of the green pixels in the blue rows of each window */
-    uint32_t blueChannelMean[25];         /**< mean of the blue pixels of each window */
-    uint32_t totalMean[25];               /**< mean of all pixels of each window */
+    uint8_t meanWinNum;                   /**< number of windows [measured] */
+    QvDatabaseRectangle_t meanRoiWin[25]; /**< regions of the windows, pixels [window] */
+    uint32_t redChannelMean[25];          /**< mean of the red pixels of each window [measured] */
+    uint32_t grChannelMean[25];           /**< mean of the green pixels in the red rows of each window [measured] */
+    uint32_t gbChannelMean[25];           /**< mean of the green pixels in the blue rows of each window [measured] */
+    uint32_t blueChannelMean[25];         /**< mean of the blue pixels of each window [measured] */
+    uint32_t totalMean[25];               /**< total mean of each window [measured] */
 } QvDatabaseMetaMeanLuma_t;
 static_assert(sizeof(QvDatabaseMetaMeanLuma_t) == 704, "the layout is part of the interface");
 
 /** Metadata of one frame (category `MT`). QvDatabase_reset leaves it alone. */
 typedef struct QvDatabaseMeta {
-    int32_t bufChainId;                               /**< id of the buffer chain; written unsigned, -1 as 4294967295 */
+    int32_t bufChainId;                               /**< buffer chain id; -1 is written as 4294967295 [measured] */
     uint8_t modeAwb;                                  /**< white balance mode; in no document */
     uint8_t modeAe;                                   /**< exposure mode; in no document */
     float maxExposureTime;                            /**< longest exposure time; in no document */
-    uint32_t chipId;                                  /**< chip id of the sensor */
-    uint64_t frameCount;                              /**< number of the frame */
-    uint32_t apertureSize;                            /**< size of the aperture */
-    uint32_t isoStrength;                             /**< ISO strength */
-    float junctionTemperature;                        /**< junction temperature */
-    uint32_t blackLevelPedestal;                      /**< black level pedestal */
-    uint8_t exposureNum;                              /**< number of exposures */
-    uint32_t integrationTime[6];                      /**< integration times */
-    QvDatabaseIntegerRange_t integrationTimeRange[6]; /**< limits of the integration times */
-    float sensorAnalogGain[6];                        /**< analog gains of the sensor */
-    QvDatabaseFloatRange_t sensorAnalogGainRange[6];  /**< limits of the analog gains */
-    float sensorDigitalGain[6];                       /**< digital gains of the sensor */
-    QvDatabaseFloatRange_t sensorDigitalGainRange[6]; /**< limits of the digital gains */
-    QvDatabaseRawChannelFloat_t wbGain[6];            /**< white balance gains of the raw channels */
-    float dualConvGain[6];                            /**< dual conversion gains */
-    QvDatabaseRawChannelFloat_t ispDgain;             /**< digital gain of the ISP */
-    QvDatabaseRawChannelFloat_t ispWbGain;            /**< white balance gain of the ISP */
-    float luxIndex;                                   /**< lux index */
-    float totalGain;                                  /**< total gain */
-    float edrValue;                                   /**< EDR value */
-    QvDatabaseMetaCcmStatus_t ccmConfig;              /**< state of the colour correction */
-    QvDatabaseMetaMeanLuma_t meanLuma[6];             /**< mean values of the windows */
-    uint8_t bitWidth;                                 /**< bits of a pixel; written and never read */
-    uint32_t width;                                   /**< columns of the frame, pixels; written and never read */
-    uint32_t height;                                  /**< rows of the frame, pixels; written and never read */
-    uint8_t bayerPattern;                             /**< Bayer pattern; written and never read */
-    uint8_t sensorMode;                               /**< sensor mode; written and never read */
+    uint32_t chipId;                                  /**< chip id of the sensor [measured] */
+    uint64_t frameCount;                              /**< number of the frame [measured] */
+    uint32_t apertureSize;                            /**< size of the aperture [measured] */
+    uint32_t isoStrength;                             /**< ISO strength [measured] */
+    float junctionTemperature;                        /**< junction temperature [measured] */
+    uint32_t blackLevelPedestal;                      /**< black level pedestal [measured] */
+    uint8_t exposureNum;                              /**< number of exposures [measured] */
+    uint32_t integrationTime[6];                      /**< integration times [measured] */
+    QvDatabaseIntegerRange_t integrationTimeRange[6]; /**< limits of the integration times [measured] */
+    float sensorAnalogGain[6];                        /**< analog gains of the sensor [measured] */
+    QvDatabaseFloatRange_t sensorAnalogGainRange[6];  /**< limits of the analog gains [measured] */
+    float sensorDigitalGain[6];                       /**< digital gains of the sensor [measured] */
+    QvDatabaseFloatRange_t sensorDigitalGainRange[6]; /**< limits of the digital gains [measured] */
+    QvDatabaseRawChannelFloat_t wbGain[6];            /**< white balance gains of the raw channels [measured] */
+    float dualConvGain[6];                            /**< dual conversion gains [measured] */
+    QvDatabaseRawChannelFloat_t ispDgain;             /**< digital gain of the ISP [measured] */
+    QvDatabaseRawChannelFloat_t ispWbGain;            /**< white balance gain of the ISP [measured] */
+    float luxIndex;                                   /**< lux index [measured] */
+    float totalGain;                                  /**< total gain [measured] */
+    float edrValue;                                   /**< EDR value [measured] */
+    QvDatabaseMetaCcmStatus_t ccmConfig;              /**< state of the colour correction [measured] */
+    QvDatabaseMetaMeanLuma_t meanLuma[6];             /**< mean values of the windows [measured] */
+    uint8_t bitWidth;                                 /**< bit width; written and never read [bit; measured] */
+    uint32_t width;                                   /**< columns of the frame; written, never read [px; measured] */
+    uint32_t height;                                  /**< rows of the frame; written, never read [px; measured] */
+    uint8_t bayerPattern;                             /**< Bayer pattern; written and never read [measured] */
+    uint8_t sensorMode;                               /**< sensor mode; written and never read [measured] */
     size_t tableIndex;                                /**< index of a table; in no document */
     size_t tableNumber;                               /**< number of tables, default 1; in no document */
 } QvDatabaseMeta_t;

@@ -21,29 +21,29 @@ extern "C" {
 /** The frames that the driver takes, the object "input" of the driver. */
 typedef struct QvDatabaseMetaDriver_Input {
     char bayerPattern[10];  /**< name of the Bayer pattern */
-    uint16_t bit;           /**< bits of a pixel */
-    uint16_t crop[4];       /**< crop region, four numbers */
+    uint16_t bit;           /**< bits of the input, known to the simulator alone */
+    uint16_t crop[4];       /**< crop region, four numbers in the order of the simulator */
     uint16_t frames;        /**< number of frames */
-    uint16_t height;        /**< rows, pixels */
+    uint16_t height;        /**< number of rows [px] */
     char path[10][256];     /**< input files; all 10 texts are written, empty ones too */
-    char metadataInfo[256]; /**< metadata information */
+    char metadataInfo[256]; /**< metadata information, as text */
     uint16_t startFrame;    /**< first frame */
-    uint16_t width;         /**< columns, pixels */
+    uint16_t width;         /**< number of columns [px] */
 } QvDatabaseMetaDriver_Input_t;
 static_assert(sizeof(QvDatabaseMetaDriver_Input_t) == 2844, "the layout is part of the interface");
 
 /** The files that the driver makes, the object "output" of the driver. */
 typedef struct QvDatabaseMetaDriver_Output {
     uint16_t dumpYuvVideo;  /**< YUV video is dumped; a number, not a boolean */
-    uint16_t height;        /**< rows, pixels */
+    uint16_t height;        /**< number of rows [px] */
     char jpgFile[256];      /**< name of the JPEG file */
     char path[256];         /**< path of the output */
     char videoFile[256];    /**< name of the video file */
-    uint16_t width;         /**< columns, pixels */
+    uint16_t width;         /**< number of columns [px] */
     char yuvFile[256];      /**< name of the YUV file */
     char format[256];       /**< name of the output format */
-    uint16_t dataBits;      /**< bits of a sample; key "dataBits" */
-    uint16_t yuvOrder;      /**< order of the YUV samples; key "yuvOrder" */
+    uint16_t dataBits;      /**< data bits, known to the simulator alone; key "dataBits" */
+    uint16_t yuvOrder;      /**< YUV order; key "yuvOrder" */
     uint16_t alpha;         /**< alpha setting */
     uint16_t dumpStatistic; /**< statistics are dumped, a number; key "dumpStatistic" */
 } QvDatabaseMetaDriver_Output_t;
@@ -58,7 +58,7 @@ typedef struct QvDatabaseMetaDriver {
     uint16_t id;
     /** frames it takes */
     QvDatabaseMetaDriver_Input_t input;
-    /** switch for relocated noise reduction; key "nr_reloc" shared with `MISC` */
+    /** flag; when read, `MISC` takes its own from the same key "nr_reloc" */
     bool nrReloc;
     /** files it makes */
     QvDatabaseMetaDriver_Output_t output;

@@ -22,10 +22,10 @@ extern "C" {
     QvDatabase_reset puts the defaults back. */
 typedef struct QvDatabaseMisc {
     char ispVersion[40];    /**< name of the ISP core; default "QVP1200L_V2407" */
-    bool nrReloc;           /**< switch for relocated noise reduction; simulator key "nr_reloc" shared with `MD` */
+    bool nrReloc;           /**< switch; simulator key "nr_reloc", from which `MD` takes its own too */
     bool isPipeline;        /**< pipeline flag; in no text form */
-    bool dpccRawEnable;     /**< switch for defect pixel correction on raw data */
-    char versionNumber[20]; /**< default "6.8.25.2"; in "version": a loaded document's version replaces it */
+    bool dpccRawEnable;     /**< switch of the raw defect pixel correction */
+    char versionNumber[20]; /**< document version; default "6.8.25.2"; that of a loaded "version" replaces it */
     char exportDate[20];    /**< time of the last save as JSON; in "version", written and never read */
 } QvDatabaseMisc_t;
 static_assert(sizeof(QvDatabaseMisc_t) == 83, "the layout is part of the interface");

@@ -34,14 +34,14 @@ typedef enum QvDatabaseOutputType {
 
 /** One output path. */
 typedef struct QvDatabaseOutputPath {
-    uint16_t bayerPattern;               /**< Bayer pattern */
-    uint16_t bitsIndex;                  /**< index of the bit width */
-    size_t bufferLength;                 /**< bytes of a frame buffer; in no text form */
+    uint16_t bayerPattern;               /**< Bayer pattern, numbered by the pipeline */
+    uint16_t bitsIndex;                  /**< index of the bits, numbered by the pipeline */
+    size_t bufferLength;                 /**< length of a buffer; in no text form */
     bool isCrop;                         /**< frames are cropped */
-    QvDatabaseRectangle_t cropRectangle; /**< region to crop to, pixels; default empty */
+    QvDatabaseRectangle_t cropRectangle; /**< region to crop to, pixels; default empty [window] */
     bool enable;                         /**< path is in use; default true for paths 0 to 3, false for 4 and 5 */
-    uint16_t format;                     /**< pixel format; default 3, 0, 17, 17, 5, 5 for paths 0 to 5 */
-    QvDatabaseRectangle_t rectangle;     /**< region of the image, pixels; default 1920 x 1080, empty for path 1 */
+    uint16_t format;                     /**< pipeline's format number; default 3, 0, 17, 17, 5, 5 for paths 0 to 5 */
+    QvDatabaseRectangle_t rectangle;     /**< image region, pixels; default 1920 x 1080, empty for path 1 [window] */
     uint32_t formatV4l2;                 /**< pixel format as V4L2 numbers it; in no text form */
     bool isInitialized;                  /**< path has been set up; in no text form */
 } QvDatabaseOutputPath_t;
@@ -52,7 +52,7 @@ static_assert(sizeof(QvDatabaseOutputPath_t) == 48, "the layout is part of the i
 typedef struct QvDatabaseOutput {
     QvDatabaseOutputPath_t paths[6]; /**< one for each output type */
     size_t snapshotNumber;           /**< number of snapshots; not in initialization files */
-    size_t pathIndex;                /**< path in use; in no text form */
+    size_t pathIndex;                /**< index of a path; in no text form [0..5; QvDatabaseOutputType_t] */
 } QvDatabaseOutput_t;
 static_assert(sizeof(QvDatabaseOutput_t) == 304, "the layout is part of the interface");
 

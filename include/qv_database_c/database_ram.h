@@ -18,9 +18,9 @@ extern "C" {
 /** Objects that live while the database is open (category `RAM`). No file carries them, and QvDatabase_reset leaves
     them alone. */
 typedef struct QvDatabaseRam {
-    /** queue of file buffers; open puts it there, close releases it; the caller's to use */
+    /** queue of file buffers; open puts it there, close releases it; the library puts nothing in it */
     QvCommonBufferQueueHandle_t hBufferQueueFile;
-    /** answer of a sensor query, null at first; owned by who stores it, close leaves it alone */
+    /** JSON value of a sensor query, null at first; owned by who stores it, close leaves it alone */
     QvJsonValue_t* pJSensorQuery;
 } QvDatabaseRam_t;
 static_assert(sizeof(QvDatabaseRam_t) == 16, "the layout is part of the interface");

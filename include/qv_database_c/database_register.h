@@ -28,7 +28,7 @@ typedef enum QvDatabaseRegisterType {
     */
 typedef struct QvDatabaseRegister {
     char address[10];              /**< address, kept as the document's text */
-    bool isReadAction;             /**< the action reads the register */
+    bool isReadAction;             /**< marks a read action; the library triggers nothing by it */
     QvDatabaseRegisterType_t type; /**< whose register it is, default the ISP's; not checked when read */
     char value[10];                /**< value, kept as the document's text */
 } QvDatabaseRegister_t;

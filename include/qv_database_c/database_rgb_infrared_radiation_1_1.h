@@ -24,7 +24,7 @@ typedef struct QvDatabaseRgbInfraredRadiation_1_1 {
     uint16_t dpccTh[4];      /**< four thresholds of the block's defect pixel correction */
     uint32_t irThr;          /**< infrared threshold; key "ir_threshold" in the simulator document */
     uint32_t lThr;           /**< threshold l; key "l_threshold" in the simulator document */
-    uint16_t irBayerPattern; /**< pattern of the RGB-infrared pixels; key "irbayer_pattern" in the simulator document */
+    uint16_t irBayerPattern; /**< infrared Bayer pattern; key "irbayer_pattern" in the simulator document */
     uint16_t outRgbPattern;  /**< RGB pattern of the output */
 
     bool isAlreadyEnabled; /**< for the layers above; no text form carries it */

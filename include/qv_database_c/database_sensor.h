@@ -24,18 +24,18 @@
 extern "C" {
 #endif
 
-/** How a sensor mode makes its dynamic range. */
+/** Kind of a sensor mode. */
 typedef enum QvDatabaseSensor_Type {
-    QvDatabaseSensor_Type_Linear = 0,       /**< single exposure */
-    QvDatabaseSensor_Type_StitchingHdr = 1, /**< HDR stitched from several exposures */
-    QvDatabaseSensor_Type_NativeHdr = 2,    /**< HDR made by the sensor itself */
+    QvDatabaseSensor_Type_Linear = 0,       /**< linear */
+    QvDatabaseSensor_Type_StitchingHdr = 1, /**< stitching HDR */
+    QvDatabaseSensor_Type_NativeHdr = 2,    /**< native HDR */
 } QvDatabaseSensor_Type_t;
 
-/** Compression of the pixel values of a mode. */
+/** Compression in a mode. */
 typedef struct QvDatabaseSensor_Compress {
     bool enable;   /**< compression is on */
-    uint32_t xBit; /**< bit count x of the compression */
-    uint32_t yBit; /**< bit count y of the compression */
+    uint32_t xBit; /**< bit setting x of the compression */
+    uint32_t yBit; /**< bit setting y of the compression */
 } QvDatabaseSensor_Compress_t;
 static_assert(sizeof(QvDatabaseSensor_Compress_t) == 12, "the layout is part of the interface");
 
@@ -43,17 +43,17 @@ static_assert(sizeof(QvDatabaseSensor_Compress_t) == 12, "the layout is part of 
 typedef struct QvDatabaseSensor_Mode {
     uint16_t autoFocusMode;               /**< autofocus mode */
     uint16_t bayerPattern;                /**< Bayer pattern */
-    uint32_t bitWidth;                    /**< bits of a pixel */
-    QvDatabaseSensor_Compress_t compress; /**< compression of the pixel values */
-    uint16_t fpsMax;                      /**< highest frame rate, frames per second */
+    uint32_t bitWidth;                    /**< bit width [bit] */
+    QvDatabaseSensor_Compress_t compress; /**< compression in this mode */
+    uint16_t fpsMax;                      /**< highest frame rate [1/s] */
     uint16_t nativeMode;                  /**< native HDR mode */
-    QvDatabaseRectangle_t rectangle;      /**< region of the image, pixels */
+    QvDatabaseRectangle_t rectangle;      /**< region of the image, pixels [window] */
     uint16_t stitchingMode;               /**< stitching HDR mode */
     QvDatabaseSensor_Type_t type;         /**< linear or HDR; not checked when read */
 } QvDatabaseSensor_Mode_t;
 static_assert(sizeof(QvDatabaseSensor_Mode_t) == 40, "the layout is part of the interface");
 
-/** The pattern that the sensor puts out in place of the image. */
+/** Test pattern of the sensor. */
 typedef struct QvDatabaseSensor_TestPattern {
     bool enable;   /**< the pattern is on */
     uint16_t type; /**< which pattern */
@@ -68,12 +68,12 @@ typedef struct QvDatabaseSensorRange {
 } QvDatabaseSensorRange_t;
 static_assert(sizeof(QvDatabaseSensorRange_t) == 12, "the layout is part of the interface");
 
-/** What exposure control may set in a driver mode, four ranges each. Documents carry it outward only: it is written and
-    never read. */
+/** Gain and integration time ranges of a driver mode, four each. Documents carry them outward only: they are written
+    and never read. */
 typedef struct QvDatabaseSensorAeInfo {
-    QvDatabaseSensorRange_t aGainRange[4];   /**< analog gains */
-    QvDatabaseSensorRange_t dGainRange[4];   /**< digital gains */
-    QvDatabaseSensorRange_t intTimeRange[4]; /**< integration times */
+    QvDatabaseSensorRange_t aGainRange[4];   /**< ranges of the analog gain; written and never read */
+    QvDatabaseSensorRange_t dGainRange[4];   /**< ranges of the digital gain; written and never read */
+    QvDatabaseSensorRange_t intTimeRange[4]; /**< ranges of the integration time; written and never read */
 } QvDatabaseSensorAeInfo_t;
 static_assert(sizeof(QvDatabaseSensorAeInfo_t) == 144, "the layout is part of the interface");
 
@@ -81,14 +81,14 @@ static_assert(sizeof(QvDatabaseSensorAeInfo_t) == 144, "the layout is part of th
     back gives -1. */
 typedef struct QvDatabaseSensor_DrvModeInfo {
     uint32_t index;                  /**< index of the mode */
-    uint32_t width;                  /**< columns, pixels */
-    uint32_t height;                 /**< rows, pixels */
+    uint32_t width;                  /**< number of columns [px] */
+    uint32_t height;                 /**< number of rows [px] */
     int32_t sensorType;              /**< sensor type */
     int32_t stitchingMode;           /**< stitching HDR mode */
     int32_t nativeMode;              /**< native HDR mode */
-    uint32_t bitWidth;               /**< bits of a pixel */
+    uint32_t bitWidth;               /**< bit width [bit] */
     int32_t bayerPattern;            /**< Bayer pattern */
-    uint32_t maxFps;                 /**< highest frame rate, frames per second */
+    uint32_t maxFps;                 /**< highest frame rate [1/s] */
     int32_t afMode;                  /**< autofocus mode */
     uint32_t dataType;               /**< data type */
     uint32_t itfType;                /**< interface type */
@@ -98,7 +98,7 @@ static_assert(sizeof(QvDatabaseSensor_DrvModeInfo_t) == 192, "the layout is part
 
 /** One sensor that can be chosen, with the modes of its driver. */
 typedef struct QvDatabaseSensor_ListInfo {
-    uint32_t number;                                 /**< entries in use of drvModeInfos; as many are written */
+    uint32_t number;                                 /**< number in use and written [0..20; count-of drvModeInfos] */
     char name[20];                                   /**< name of the sensor */
     QvDatabaseSensor_DrvModeInfo_t drvModeInfos[20]; /**< modes of the driver; read as far as the document goes */
 } QvDatabaseSensor_ListInfo_t;
@@ -117,7 +117,7 @@ static_assert(sizeof(QvDatabaseSensor_ConnectPortInfo_t) == 24, "the layout is p
 typedef struct QvDatabaseSensor {
     /** index of the mode in use */
     uint16_t modeIdx;
-    /** entries in use of modes; says nothing about what is read or written */
+    /** entries in use of modes; says nothing about what is read or written [0..20; count-of modes] */
     size_t modeNumber;
     /** modes of the sensor; all 20 are written whatever modeNumber says */
     QvDatabaseSensor_Mode_t modes[20];
@@ -125,15 +125,15 @@ typedef struct QvDatabaseSensor {
     char driverName[20];
     /** test pattern; read from "testPattern" or, where that is absent, "pattern"; written as "testPattern" */
     QvDatabaseSensor_TestPattern_t testPattern;
-    /** entries in use of listInfos; as many are written */
+    /** entries in use of listInfos; as many are written [0..30; count-of listInfos] */
     uint16_t listInfoNumber;
-    /** sensors that can be chosen; read as far as the document goes */
+    /** sensors that a driver can offer; read as far as the document goes */
     QvDatabaseSensor_ListInfo_t listInfos[30];
-    /** entries in use of connectPortInfos; as many are written */
+    /** entries in use of connectPortInfos; as many are written [0..2; count-of connectPortInfos] */
     uint16_t connectPortInfoNumber;
     /** connected sensors; read as far as the document goes */
     QvDatabaseSensor_ConnectPortInfo_t connectPortInfos[2];
-    /** class name in the simulator document; not terminated when it is full */
+    /** class name, "classname" in the simulator document; not terminated when it is full */
     char class_[20];
     /** enable flag of the simulator document; in no other text form */
     bool enable;

@@ -25,7 +25,7 @@ typedef enum QvDatabaseSettingProtocol {
     QvDatabase_reset leaves them alone. */
 typedef struct QvDatabaseSetting {
     bool isReset;                         /**< free for the caller; the library neither reads nor writes it */
-    QvDatabaseSettingProtocol_t protocol; /**< form of saved JSON files, default Standard */
+    QvDatabaseSettingProtocol_t protocol; /**< form of saved JSON files, default Standard; only 0 is Simulator */
 } QvDatabaseSetting_t;
 static_assert(sizeof(QvDatabaseSetting_t) == 8, "the layout is part of the interface");
 

@@ -25,7 +25,7 @@ extern "C" {
 typedef struct QvDatabaseTransmitFs {
     bool isBmp;                 /**< frames are BMP files */
     size_t frameCount;          /**< number of frames */
-    bool isInputBlock;          /**< input is blocking */
+    bool isInputBlock;          /**< block flag of the input */
     char inputFolder[256];      /**< folder of the input frames */
     size_t inputFrameBegin;     /**< first input frame */
     size_t inputFrameEnd;       /**< end of the input frames */
@@ -46,20 +46,20 @@ static_assert(sizeof(QvDatabaseTransmitHttp_t) == 2, "the layout is part of the 
 
 /** Stream by RTMP. */
 typedef struct QvDatabaseTransmitRtmp {
-    char nginxIp[16];    /**< dotted IPv4 address of the server; default the loopback address */
+    char nginxIp[16];    /**< dotted IPv4 address, at most 15 characters; default the loopback address */
     uint16_t portStream; /**< port of the stream; default 1935 */
 } QvDatabaseTransmitRtmp_t;
 static_assert(sizeof(QvDatabaseTransmitRtmp_t) == 18, "the layout is part of the interface");
 
 /** Ports of the transport by TCP. */
 typedef struct QvDatabaseTransmitTcp {
-    bool isDump;             /**< traffic is dumped; in no text form */
-    uint16_t portControl;    /**< control traffic; default 2000 */
-    uint16_t portInject;     /**< injected frames; default 2001 */
-    uint16_t portMeta;       /**< metadata; default 2005 */
-    uint16_t portRaw;        /**< raw frames; default 2002 */
-    uint16_t portStatistics; /**< statistics; default 2003 */
-    uint16_t portStream;     /**< stream; default 45679 */
+    bool isDump;             /**< dump flag; in no text form */
+    uint16_t portControl;    /**< port of the control traffic; default 2000 */
+    uint16_t portInject;     /**< port of injected frames; default 2001 */
+    uint16_t portMeta;       /**< port of the metadata; default 2005 */
+    uint16_t portRaw;        /**< port of raw frames; default 2002 */
+    uint16_t portStatistics; /**< port of the statistics; default 2003 */
+    uint16_t portStream;     /**< port of the stream; default 45679 */
 } QvDatabaseTransmitTcp_t;
 static_assert(sizeof(QvDatabaseTransmitTcp_t) == 14, "the layout is part of the interface");
 
@@ -78,7 +78,7 @@ typedef struct QvDatabaseTransmit {
     bool isStreamable;             /**< streaming is possible; default true; a member of the record's object itself */
     QvDatabaseTransmitTcp_t tcp;   /**< TCP */
     QvDatabaseTransmitUart_t uart; /**< UART */
-    bool isExit;                   /**< the system is to end; in no text form */
+    bool isExit;                   /**< exit flag; in no text form */
 } QvDatabaseTransmit_t;
 static_assert(sizeof(QvDatabaseTransmit_t) == 1664, "the layout is part of the interface");
 

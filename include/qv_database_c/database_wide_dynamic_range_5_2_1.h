@@ -19,7 +19,7 @@ extern "C" {
     `AWDR_5_2_1` holds the automatic parameters. */
 typedef struct QvDatabaseWideDynamicRange_5_2_1 {
     bool enable;          /**< switches the block on; a number, 1 or 0, in the simulator document */
-    uint8_t strength;     /**< strength */
+    uint8_t strength;     /**< strength of the block */
     uint8_t highStrength; /**< high strength */
     uint16_t lowStrength; /**< low strength */
     int16_t contrast;     /**< contrast; may be negative, also in documents */
@@ -36,9 +36,9 @@ typedef struct QvDatabaseWideDynamicRange_5_2_1 {
     uint8_t darkAttentionLevel; /**< dark attention level */
     uint16_t fixedWeight;       /**< fixed weight */
     uint8_t wdrCurveSelect;     /**< selection of the curve */
-    uint8_t logWeight;          /**< weight of the log curve */
-    float logAnchorXLog;        /**< log x of the log curve's anchor */
-    uint16_t logAnchorSlope;    /**< slope at the log curve's anchor */
+    uint8_t logWeight;          /**< log part: weight */
+    float logAnchorXLog;        /**< log part: x of the anchor, log */
+    uint16_t logAnchorSlope;    /**< log part: slope of the anchor */
     float ratioActual;          /**< actual ratio */
     float curve2Thr;            /**< threshold of curve 2 */
     float curve2LoSat;          /**< low saturation of curve 2 */
@@ -63,19 +63,19 @@ typedef struct QvDatabaseWideDynamicRange_5_2_1 {
     float lightYellowThrLog[4];  /**< light: four log thresholds of yellow */
     float lightCyanThrLog[4];    /**< light: four log thresholds of cyan */
     float lightMagentaThrLog[4]; /**< light: four log thresholds of magenta */
-    float hlcBaseLog;            /**< HLC log base */
+    float hlcBaseLog;            /**< HLC base, log */
     uint8_t hlcSlope;            /**< HLC slope */
     bool lightEn;                /**< switches the light part on */
 
     uint8_t dampMode;         /**< damping mode */
-    uint8_t dampCurveCoef;    /**< damping of the curve: coefficient */
-    uint8_t dampCurveMax;     /**< damping of the curve: upper limit */
-    uint8_t dampCurveMin;     /**< damping of the curve: lower limit */
-    uint8_t dampAvgCoef;      /**< damping of the average: coefficient */
-    uint8_t dampAvgMax;       /**< damping of the average: upper limit */
-    uint8_t dampAvgMin;       /**< damping of the average: lower limit */
-    uint8_t dampCoefDecLimit; /**< limit of a coefficient's decrease */
-    uint8_t dampCoefIncLimit; /**< limit of a coefficient's increase */
+    uint8_t dampCurveCoef;    /**< damping: curve coefficient */
+    uint8_t dampCurveMax;     /**< damping: upper curve limit */
+    uint8_t dampCurveMin;     /**< damping: lower curve limit */
+    uint8_t dampAvgCoef;      /**< damping: average coefficient */
+    uint8_t dampAvgMax;       /**< damping: upper average limit */
+    uint8_t dampAvgMin;       /**< damping: lower average limit */
+    uint8_t dampCoefDecLimit; /**< damping: limit of the coefficient, dec */
+    uint8_t dampCoefIncLimit; /**< damping: limit of the coefficient, inc */
     uint8_t dampFilterSize;   /**< size of the damping filter */
     float dampHiThrLog;       /**< upper damping threshold, log */
     float dampLoThrLog;       /**< lower damping threshold, log */
@@ -84,8 +84,8 @@ typedef struct QvDatabaseWideDynamicRange_5_2_1 {
     uint8_t wdrLightnessWeight; /**< weight of the lightness */
     uint8_t wdrColorWeight[3];  /**< three colour weights */
 
-    uint32_t gammaUpCurveX[65]; /**< x of the 65 points of the gamma-up curve */
-    uint32_t gammaUpCurveY[65]; /**< y of the 65 points of the gamma-up curve */
+    uint32_t gammaUpCurveX[65]; /**< x of the 65 points of the gamma-up curve [curve-x gammaUpCurveY] */
+    uint32_t gammaUpCurveY[65]; /**< y of the 65 points of the gamma-up curve [curve-y gammaUpCurveX] */
 
     bool isStatistics; /**< for the layers above; no text form carries it */
     char class_[20];   /**< class name in the simulator document; not terminated when it is full */

@@ -1,4 +1,4 @@
-#include <qv_database_c/protocol_simulator.h>
+#include <qv_database_c/protocol_simulator_codecs.h>
 
 #include <string_view>
 

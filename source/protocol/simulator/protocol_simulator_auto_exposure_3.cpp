@@ -1,5 +1,5 @@
 #include <qv_database_c/database_auto_exposure_3.h>
-#include <qv_database_c/protocol_simulator.h>
+#include <qv_database_c/protocol_simulator_codecs.h>
 
 #include "database_walk.h"
 

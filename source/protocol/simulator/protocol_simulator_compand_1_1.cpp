@@ -1,7 +1,7 @@
 #include <cstdint>
 
 #include <qv_database_c/database_compand_1_1.h>
-#include <qv_database_c/protocol_simulator.h>
+#include <qv_database_c/protocol_simulator_codecs.h>
 
 #include "database_walk.h"
 

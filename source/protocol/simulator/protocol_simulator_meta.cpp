@@ -1,5 +1,5 @@
 #include <qv_database_c/database_meta.h>
-#include <qv_database_c/protocol_simulator.h>
+#include <qv_database_c/protocol_simulator_codecs.h>
 #include <qv_json_c/json_path.h>
 
 #include "database_trace.h"

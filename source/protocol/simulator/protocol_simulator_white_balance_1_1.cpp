@@ -1,5 +1,5 @@
 #include <qv_database_c/database_white_balance_1_1.h>
-#include <qv_database_c/protocol_simulator.h>
+#include <qv_database_c/protocol_simulator_codecs.h>
 
 #include "database_walk.h"
 
