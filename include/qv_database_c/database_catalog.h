@@ -138,7 +138,7 @@ typedef struct QvDatabaseCatalogField {
     const char* pCounter;                   /**< C member that holds its length; null where none does */
     size_t counterOffset;                   /**< bytes from the begin of the same record */
     size_t counterWidth;                    /**< bytes; 0 where there is no counter */
-    QvDatabaseCatalogDirection_t direction; /**< which codec carries it */
+    QvDatabaseCatalogDirection_t direction; /**< which codec carries it; within a record, that of the record too */
     bool isTwin;                  /**< an older key of the field before it, read only where that one is absent */
     const char* pRecord;          /**< C type of a nested record; null for other elements */
     const char* pMeaning;         /**< what the member means; null for an object that only groups */

@@ -1,0 +1,531 @@
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <functional>
+
+#include <qv_database_c/database_catalog.h>
+#include <qv_database_c/database_records.h>
+
+#include "test_support.h"
+
+using namespace qv::test;
+
+namespace {
+
+template <class T>
+T sized()
+{
+    T record{};
+    record.size = sizeof record;
+    return record;
+}
+
+/// A field on a walk, with its path through the last element of each list and the place that the walk adds up.
+struct Leaf {
+    std::string path; ///< behind the category
+    std::size_t offset;
+    bool isOnHeap;
+    bool isWritten; ///< by a save: not where a record above it is only read
+    QvDatabaseCatalogField_t field;
+
+    bool isScalar() const { return field.element < QvDatabaseCatalogElement_Record; }
+};
+
+std::vector<QvDatabaseCatalogCategory_t> categoriesOf(QvDatabaseCatalogDocument_t document)
+{
+    std::vector<QvDatabaseCatalogCategory_t> all;
+    auto category = sized<QvDatabaseCatalogCategory_t>();
+    for (std::size_t i = 0; QvDatabaseCatalog_category(document, i, &category) == 0; ++i) {
+        all.push_back(category);
+    }
+    return all;
+}
+
+std::vector<Leaf> leavesOf(QvDatabaseCatalogDocument_t document, const char* pKey)
+{
+    std::vector<Leaf> all;
+    std::vector<Leaf> parents;
+    auto cursor = sized<QvDatabaseCatalogCursor_t>();
+    auto field = sized<QvDatabaseCatalogField_t>();
+    EXPECT_EQ(QvDatabaseCatalog_walk(document, pKey, &cursor), 0);
+    while (QvDatabaseCatalog_next(&cursor, &field) == 0) {
+        parents.resize(field.depth);
+        Leaf leaf{"", 0, false, true, field};
+        if (!parents.empty()) {
+            leaf = parents.back();
+            leaf.field = field;
+        }
+        leaf.path += std::string(".") + field.pKey;
+        leaf.offset += field.offset;
+        leaf.isWritten = leaf.isWritten && field.direction != QvDatabaseCatalogDirection_ReadOnly;
+        std::size_t number = 1;
+        for (std::size_t i = 0; i < field.rank; ++i) {
+            const std::size_t last = field.extents[i] == 0 ? 0 : field.extents[i] - 1;
+            leaf.path += "[" + std::to_string(last) + "]";
+            number *= last + 1;
+        }
+        if (field.count == QvDatabaseCatalogCount_Heap) {
+            leaf.isOnHeap = true;
+            leaf.offset = 0;
+        } else if (field.count != QvDatabaseCatalogCount_Members) {
+            leaf.offset += (number - 1) * field.width;
+        }
+        if (field.count == QvDatabaseCatalogCount_Members) {
+            QvDatabaseCatalog_skip(&cursor); // its numbers have no names
+        }
+        parents.push_back(leaf);
+        all.push_back(leaf);
+    }
+    return all;
+}
+
+QvDatabaseCatalogPlace_t placeOf(QvDatabaseCatalogDocument_t document, const std::string& path, int status = 0)
+{
+    auto place = sized<QvDatabaseCatalogPlace_t>();
+    EXPECT_EQ(QvDatabaseCatalog_find(document, path.c_str(), &place), status) << path;
+    return place;
+}
+
+TEST(Catalog, listsEachCategoryWhereItStands)
+{
+    std::size_t image = 0;
+    for (const auto& category : categoriesOf(QvDatabaseCatalogDocument_Image)) {
+        EXPECT_EQ(category.imageOffset, image) << category.pKey;
+        image += category.recordSize;
+    }
+    EXPECT_EQ(image, 564730U);
+    std::string places;
+    for (const auto& category : categoriesOf(QvDatabaseCatalogDocument_Memory)) {
+        const std::string key = category.pKey;
+        for (int i = 0; i < QvDatabaseCatalogDocument_Sum; ++i) {
+            const auto document = static_cast<QvDatabaseCatalogDocument_t>(i);
+            bool isListed = false;
+            for (const auto& other : categoriesOf(document)) {
+                isListed = isListed || key == other.pKey;
+            }
+            EXPECT_EQ(isListed, (category.documents >> i & 1U) != 0) << key << " " << i;
+        }
+    }
+    for (const auto& category : categoriesOf(QvDatabaseCatalogDocument_Simulator)) {
+        places += std::string(category.pKey) + " " + category.pPlace + " ";
+        EXPECT_EQ(category.pClass == nullptr, category.pClassKey == nullptr);
+    }
+    EXPECT_TRUE(places.starts_with("A2DNR_5_2 /root/* A3DNR_2_1 /root/* ")) << places;
+    EXPECT_TRUE(places.ends_with("WDR_5_2_1 /root/*/driver/* MD /root/* MT /root/metadata ")) << places;
+}
+
+TEST(Catalog, leadsEachPathToThePlaceThatAWalkAddsUp)
+{
+    std::size_t number = 0;
+    for (int i = 0; i < QvDatabaseCatalogDocument_Sum; ++i) {
+        const auto document = static_cast<QvDatabaseCatalogDocument_t>(i);
+        for (const auto& category : categoriesOf(document)) {
+            for (const Leaf& leaf : leavesOf(document, category.pKey)) {
+                const std::string path = category.pKey + leaf.path;
+                ASSERT_TRUE(leaf.isOnHeap || leaf.offset + leaf.field.width <= category.recordSize) << path;
+                if (leaf.field.count == QvDatabaseCatalogCount_Members) {
+                    continue;
+                }
+                const auto place = placeOf(document, path);
+                ASSERT_EQ(place.offset, leaf.offset) << path;
+                ASSERT_EQ(place.length, leaf.field.width) << path;
+                ASSERT_EQ(place.reached, path.size());
+                auto field = sized<QvDatabaseCatalogField_t>();
+                ASSERT_EQ(QvDatabaseCatalog_field(&place, &field), 0) << path;
+                ASSERT_EQ(std::memcmp(&field, &leaf.field, sizeof field), 0) << path;
+                ASSERT_TRUE(field.pName != nullptr || field.pRecord != nullptr) << path;
+                ++number;
+            }
+        }
+    }
+    EXPECT_GT(number, 3000U);
+}
+
+/// What a document holds where the record holds this element.
+double written(const Leaf& leaf, const QvDatabaseCatalogPlace_t& place, const void* pRecord)
+{
+    double number = 0;
+    EXPECT_EQ(QvDatabaseCatalog_number(&place, pRecord, &number), 0) << leaf.path;
+    if (leaf.field.element == QvDatabaseCatalogElement_Float && leaf.field.written != leaf.field.element) {
+        return std::bit_cast<std::uint32_t>(static_cast<float>(number));
+    }
+    return number;
+}
+
+/// A document's value at a path of the catalog.
+QvJsonValue_t* valueAt(QvJsonValue_t* pValue, std::string path)
+{
+    for (char& c : path) {
+        c = c == '[' ? '.' : c;
+    }
+    std::erase(path, ']');
+    std::size_t at = 1;
+    while (at <= path.size()) {
+        const std::size_t end = std::min(path.find('.', at), path.size());
+        const std::string step = path.substr(at, end - at);
+        pValue = pValue->type == QvJsonValueType_Array ? QvJsonValue_item(pValue, std::stoul(step))
+                                                       : QvJsonValue_member(pValue, step.c_str());
+        at = end + 1;
+    }
+    return pValue;
+}
+
+/// The object of a category in a saved document.
+QvJsonValue_t* objectOf(QvJsonValue_t* pDocument, const QvDatabaseCatalogCategory_t& category)
+{
+    const std::string place = category.pPlace;
+    QvJsonValue_t* pValue = nullptr;
+    if (place.find('*') == std::string::npos) {
+        EXPECT_EQ(QvJsonPath(pDocument, place.c_str(), &pValue), 0);
+        return pValue;
+    }
+    QvJsonValue_t* pRoot = QvJsonValue_member(pDocument, "root");
+    QvJsonValue_t* pDriver = QvJsonValue_item(pRoot, QvJsonValue_size(pRoot) - 1);
+    if (category.pClass == nullptr) {
+        return pDriver;
+    }
+    QvJsonValue_t* pList = place == "/root/*" ? pRoot : QvJsonValue_member(pDriver, "driver");
+    for (std::size_t i = 0; i < QvJsonValue_size(pList); ++i) {
+        pValue = QvJsonValue_item(pList, i);
+        const char* pClass = QvJsonValue_asString(QvJsonValue_member(pValue, category.pClassKey));
+        if (pClass != nullptr && std::strcmp(pClass, category.pClass) == 0) {
+            return pValue;
+        }
+    }
+    ADD_FAILURE() << "no object of class " << category.pClass;
+    return nullptr;
+}
+
+/// Gives the last element of each list a value of its own, and puts every list in use.
+void fill(QvDatabaseCatalogDocument_t document, const std::string& key, const std::vector<Leaf>& leaves, void* pRecord)
+{
+    std::size_t seed = 0;
+    for (const Leaf& leaf : leaves) {
+        if (!leaf.isScalar()) {
+            continue;
+        }
+        const auto place = placeOf(document, key + leaf.path);
+        ++seed;
+        int status = 0;
+        if (leaf.field.element == QvDatabaseCatalogElement_Text) {
+            status = QvDatabaseCatalog_setText(&place, pRecord, ("t" + std::to_string(seed)).c_str());
+        } else {
+            const bool isBool = leaf.field.element == QvDatabaseCatalogElement_Bool;
+            const double number = std::min(isBool ? 1 : static_cast<double>(1 + seed % 120), leaf.field.maximum);
+            status = QvDatabaseCatalog_setNumber(&place, pRecord, number);
+        }
+        EXPECT_EQ(status, 0) << key << leaf.path;
+    }
+    for (const Leaf& leaf : leaves) {
+        if (leaf.field.counterWidth != 0) {
+            const std::uint64_t length = std::max<std::size_t>(leaf.field.extents[0], 1);
+            const std::size_t last = leaf.isOnHeap ? 0 : leaf.field.extents[0] - 1;
+            char* pOwner = static_cast<char*>(pRecord) + leaf.offset - last * leaf.field.width - leaf.field.offset;
+            std::memcpy(pOwner + leaf.field.counterOffset, &length, leaf.field.counterWidth);
+        }
+    }
+}
+
+void holdAgainstDocument(QvDatabaseCatalogDocument_t document, const char* pName,
+                         const std::function<std::string(const Database&)>& save)
+{
+    const Database database;
+    database.record<QvDatabaseSetting_t>("ST").protocol = document == QvDatabaseCatalogDocument_Simulator
+                                                              ? QvDatabaseSettingProtocol_Simulator
+                                                              : QvDatabaseSettingProtocol_Standard;
+    QvDatabaseRegister_t item{};
+    database.record<QvDatabaseDump_t>("DUMP") = {&item, 1};
+    std::vector<std::pair<QvDatabaseCatalogCategory_t, std::vector<Leaf>>> all;
+    for (const auto& category : categoriesOf(document)) {
+        if (category.isWritten && std::strcmp(category.pPlace, "/root/metadata") != 0) {
+            all.emplace_back(category, leavesOf(document, category.pKey));
+            fill(document, category.pKey, all.back().second, &database.record<char>(category.pKey));
+        }
+    }
+    const JsonValue saved = parseJson(save(database));
+    std::size_t number = 0;
+    for (const auto& [category, leaves] : all) {
+        QvJsonValue_t* pObject = objectOf(saved.get(), category);
+        ASSERT_NE(pObject, nullptr);
+        for (const Leaf& leaf : leaves) {
+            const bool isClass = category.pClassKey != nullptr && leaf.path == std::string(".") + category.pClassKey;
+            if (!leaf.isScalar() || isClass || !leaf.isWritten) {
+                continue;
+            }
+            QvJsonValue_t* pValue = valueAt(pObject, leaf.path);
+            const std::string where = std::string(pName) + " " + category.pKey + leaf.path;
+            if (leaf.field.direction == QvDatabaseCatalogDirection_ReadWhileWriting) {
+                EXPECT_TRUE(QvJsonValue_isEmpty(pValue)) << where;
+                continue;
+            }
+            const auto place = placeOf(document, category.pKey + leaf.path);
+            const void* pRecord = &database.record<char>(category.pKey);
+            ++number;
+            if (leaf.field.element == QvDatabaseCatalogElement_Text) {
+                char text[300];
+                ASSERT_EQ(QvDatabaseCatalog_text(&place, pRecord, text, sizeof text, nullptr), 0) << where;
+                EXPECT_STREQ(QvJsonValue_asString(pValue), text) << where;
+                continue;
+            }
+            EXPECT_EQ(pValue->type == QvJsonValueType_Boolean, leaf.field.written == QvDatabaseCatalogElement_Bool)
+                << where;
+            EXPECT_EQ(QvJsonValue_asFloat(pValue), written(leaf, place, pRecord)) << where;
+        }
+    }
+    EXPECT_GT(number, 20U);
+    database.record<QvDatabaseDump_t>("DUMP") = {};
+}
+
+TEST(Catalog, namesEachFieldAsTheDocumentsDo)
+{
+    const auto text = [](const Database& database) { return database.savedText(); };
+    holdAgainstDocument(QvDatabaseCatalogDocument_Tuning, "tuning", text);
+    holdAgainstDocument(QvDatabaseCatalogDocument_Simulator, "simulator", text);
+    holdAgainstDocument(QvDatabaseCatalogDocument_Calibration, "calibration", text);
+    holdAgainstDocument(QvDatabaseCatalogDocument_Meta, "meta", [](const Database& database) {
+        const TemporaryFolder folder;
+        EXPECT_EQ(QvDatabase_metaSave(database.handle(), (folder / "meta.json").c_str()), 0);
+        return readFile(folder / "meta.json");
+    });
+}
+
+TEST(Catalog, tellsWhereAPathWentWrongAndWhatCouldStandThere)
+{
+    constexpr auto kTuning = QvDatabaseCatalogDocument_Tuning;
+    constexpr auto kSimulator = QvDatabaseCatalogDocument_Simulator;
+    constexpr auto kCalibration = QvDatabaseCatalogDocument_Calibration;
+    constexpr auto kInitialization = QvDatabaseCatalogDocument_Initialization;
+    const struct {
+        QvDatabaseCatalogDocument_t document;
+        const char* path;
+        const char* mark; ///< a caret below the first character that leads nowhere
+        QvDatabaseCatalogStop_t stop;
+        const char* sibling; ///< the first member that could stand there
+    } cases[] = {
+        {kTuning, "AE_4.setPoint", "^", QvDatabaseCatalogStop_Category, nullptr},
+        {kTuning, "", "^", QvDatabaseCatalogStop_Syntax, nullptr},
+        {kTuning, "AE_3.setPont", "     ^", QvDatabaseCatalogStop_Member, "enable"},
+        {kTuning, "AE_3.", "     ^", QvDatabaseCatalogStop_Syntax, "enable"},
+        {kTuning, "AE_3[0]", "    ^", QvDatabaseCatalogStop_Index, "enable"},
+        {kTuning, "A2DNR_5_2.tables[3].gian", "                    ^", QvDatabaseCatalogStop_Member, "gain"},
+        {kTuning, "A2DNR_5_2.tables.gain", "                ^", QvDatabaseCatalogStop_List, nullptr},
+        {kTuning, "A2DNR_5_2.tables[20]", "                ^", QvDatabaseCatalogStop_OutOfRange, nullptr},
+        {kTuning, "A2DNR_5_2.tables[1][0]", "                   ^", QvDatabaseCatalogStop_Index, nullptr},
+        {kTuning, "A2DNR_5_2.tables[x]", "                ^", QvDatabaseCatalogStop_Syntax, nullptr},
+        {kTuning, "A2DNR_5_2.tables[-1]", "                ^", QvDatabaseCatalogStop_Syntax, nullptr},
+        {kTuning, "A2DNR_5_2.tables[1", "                ^", QvDatabaseCatalogStop_Syntax, nullptr},
+        {kTuning, "A2DNR_5_2.tables[1]x", "                   ^", QvDatabaseCatalogStop_Syntax, nullptr},
+        {kTuning, "AE_3.enable.x", "           ^", QvDatabaseCatalogStop_Scalar, nullptr},
+        {kTuning, "SS.driverName[0]", "             ^", QvDatabaseCatalogStop_Index, nullptr},
+        {kSimulator, "ExpV2.windows.width", "             ^", QvDatabaseCatalogStop_Scalar, nullptr},
+        {kSimulator, "ExpV2.windows[4]", "             ^", QvDatabaseCatalogStop_OutOfRange, nullptr},
+        {kCalibration, "sensr.CC", "^", QvDatabaseCatalogStop_Member, "header"},
+        {kCalibration, "sensor.CC[14]", "         ^", QvDatabaseCatalogStop_OutOfRange, nullptr},
+        {kInitialization, "IPT.paths[3].enable", "    ^", QvDatabaseCatalogStop_Member, "framerate"},
+    };
+    for (const auto& [document, path, mark, stop, sibling] : cases) {
+        const auto place = placeOf(document, path, 10);
+        EXPECT_EQ(place.reached, std::strlen(mark) - 1) << path;
+        EXPECT_EQ(place.stop, stop) << path;
+        auto cursor = sized<QvDatabaseCatalogCursor_t>();
+        auto field = sized<QvDatabaseCatalogField_t>();
+        ASSERT_EQ(QvDatabaseCatalog_siblings(&place, &cursor), sibling == nullptr ? 10 : 0) << path;
+        if (sibling != nullptr) {
+            ASSERT_EQ(QvDatabaseCatalog_next(&cursor, &field), 0) << path;
+            EXPECT_STREQ(field.pKey, sibling) << path;
+        }
+        double number = 0;
+        char record[23328] = {};
+        EXPECT_EQ(QvDatabaseCatalog_number(&place, record, &number), 13) << path;
+    }
+}
+
+TEST(Catalog, givesListsAndRowsAndNumbersOfTheDocumentsForm)
+{
+    const auto list = placeOf(QvDatabaseCatalogDocument_Tuning, "A2DNR_5_2.tables[1].lumaCurveX[3]");
+    EXPECT_EQ(list.offset, offsetof(QvDatabaseAuto2DNoiseReduction_5_2_t, tables[1].lumaCurveX[3]));
+    EXPECT_EQ(list.rank, 1U);
+    EXPECT_EQ(list.extents[0], 12U);
+    EXPECT_EQ(list.length, 24U);
+    // A flat array that stands in rows has an index for each dimension there, and one in memory.
+    const auto row = placeOf(QvDatabaseCatalogDocument_Calibration, "sensor.CC[3].ccMatrix[1][2]");
+    EXPECT_EQ(row.offset, offsetof(QvDatabaseCalibration_t, sensor.cc[3].ccMatrix[5]));
+    EXPECT_EQ(placeOf(QvDatabaseCatalogDocument_Memory, "CLB.sensor.cc[3].ccMatrix[5]").offset, row.offset);
+    // A record that stands as a list of its numbers.
+    EXPECT_EQ(placeOf(QvDatabaseCatalogDocument_Simulator, "AES_2.windows[2]").offset,
+              offsetof(QvDatabaseAutoExposureStatistics_2_t, rectangle.width));
+    EXPECT_EQ(placeOf(QvDatabaseCatalogDocument_Simulator, "AES_2.windows").rank, 1U);
+    // Keys of an initialization file are flat.
+    EXPECT_EQ(placeOf(QvDatabaseCatalogDocument_Initialization, "IPT.paths[1].rectangle.offset.x").offset,
+              offsetof(QvDatabaseInput_t, paths[1].rectangle.offset.x));
+}
+
+TEST(Catalog, readsAndStoresOneElementAndNothingElse)
+{
+    const Database database;
+    auto& sensor = database.record<QvDatabaseSensor_t>("SS");
+    auto& exposure = database.record<QvDatabaseAutoExposure_3_t>("AE_3");
+    auto& setting = database.record<QvDatabaseSetting_t>("ST");
+    auto& transmit = database.record<QvDatabaseTransmit_t>("TM");
+    const struct {
+        const char* path;
+        const char* text;
+        int status;
+        const char* after; ///< what the element then reads as
+    } cases[] = {
+        {"AE_3.enable", "true", 0, "true"},
+        {"AE_3.enable", "2", 7, "true"},
+        {"AE_3.enable", "0", 0, "false"},
+        {"AE_3.roiNum", "25", 0, "25"},
+        {"AE_3.roiNum", "26", 6, "25"}, // the type would hold it, the list has no more
+        {"AE_3.roiNum", "256", 6, "25"},
+        {"AE_3.roiNum", "-1", 6, "25"},
+        {"AE_3.roiNum", "2.5", 7, "25"},
+        {"AE_3.roiNum", "99999999999999999999", 6, "25"},
+        {"AE_3.roiNum", "", 7, "25"},
+        {"AE_3.setPoint", "16777217.0000000001", 0, "16777218"}, // rounded once
+        {"AE_3.setPoint", "0.1", 0, "0.1"},
+        {"AE_3.setPoint", "1e39", 6, "0.1"},
+        {"AE_3.setPoint", "nan", 6, "0.1"},
+        {"AE_3.setPoint", "1x", 7, "0.1"},
+        {"AE_3.roiWindow[24][4]", "-2.5", 0, "-2.5"},
+        {"SS.listInfos[29].drvModeInfos[19].sensorType", "-2147483648", 0, "-2147483648"},
+        {"SS.listInfos[29].drvModeInfos[19].sensorType", "-2147483649", 6, "-2147483648"},
+        {"SS.driverName", "imx477", 0, "imx477"},
+        {"ST.protocol", "Simulator", 0, "0"},
+        {"ST.protocol", "QvDatabaseSettingProtocol_Standard", 0, "1"},
+        {"ST.protocol", "Nothing", 7, "1"},
+        {"TM.fs.frameCount", "18446744073709551615", 0, "18446744073709551615"},
+        {"TM.fs.frameCount", "18446744073709551616", 6, "18446744073709551615"},
+        {"TM.rtmp.nginxIp", "192.168.100.1000", 6, "127.0.0.1"}, // no room for the terminator
+        {"TM.rtmp.nginxIp", "192.168.100.100", 0, "192.168.100.100"},
+    };
+    for (const auto& [path, text, status, after] : cases) {
+        const auto place = placeOf(QvDatabaseCatalogDocument_Memory, path);
+        char* pRecord = &database.record<char>(place.pKey);
+        auto category = sized<QvDatabaseCatalogCategory_t>();
+        auto cursor = sized<QvDatabaseCatalogCursor_t>();
+        ASSERT_EQ(QvDatabaseCatalog_walk(QvDatabaseCatalogDocument_Memory, place.pKey, &cursor), 0);
+        for (std::size_t i = 0; category.pKey == nullptr || std::strcmp(category.pKey, place.pKey) != 0; ++i) {
+            ASSERT_EQ(QvDatabaseCatalog_category(QvDatabaseCatalogDocument_Memory, i, &category), 0);
+        }
+        std::string before(pRecord, category.recordSize);
+        EXPECT_EQ(QvDatabaseCatalog_setText(&place, pRecord, text), status) << path << " = " << text;
+        char found[64];
+        std::size_t length = 0;
+        EXPECT_EQ(QvDatabaseCatalog_text(&place, pRecord, found, sizeof found, &length), 0) << path;
+        EXPECT_STREQ(found, after) << path << " = " << text;
+        EXPECT_EQ(length, std::strlen(after));
+        EXPECT_EQ(QvDatabaseCatalog_text(&place, pRecord, found, length, nullptr), 6);
+        before.replace(place.offset, place.length, pRecord + place.offset, place.length);
+        EXPECT_TRUE(before == std::string(pRecord, category.recordSize)) << path << " touched its neighbours";
+    }
+    EXPECT_EQ(exposure.roiWindow[24][4], -2.5F);
+    EXPECT_EQ(sensor.listInfos[29].drvModeInfos[19].sensorType, INT32_MIN);
+    EXPECT_EQ(setting.protocol, QvDatabaseSettingProtocol_Standard);
+    EXPECT_EQ(transmit.fs.frameCount, SIZE_MAX);
+
+    const struct {
+        const char* path;
+        double number;
+        int status;
+    } numbers[] = {
+        {"AE_3.enable", 1, 0},
+        {"AE_3.enable", 0.5, 6},
+        {"AE_3.roiNum", 3, 0},
+        {"AE_3.roiNum", 3.5, 6},
+        {"AE_3.roiNum", -1, 6},
+        {"AE_3.roiNum", NAN, 6},
+        {"AE_3.setPoint", 1e39, 6},
+        {"AE_3.setPoint", INFINITY, 6},
+        {"TM.fs.frameCount", 0x1p63, 0},
+        {"TM.fs.frameCount", 0x1p64, 6},
+        {"SS.driverName", 1, 13},
+        {"SS.modes", 1, 13},
+        {"AE_3", 1, 13},
+    };
+    for (const auto& [path, number, status] : numbers) {
+        const auto place = placeOf(QvDatabaseCatalogDocument_Memory, path);
+        char* pRecord = &database.record<char>(place.pKey);
+        EXPECT_EQ(QvDatabaseCatalog_setNumber(&place, pRecord, number), status) << path << " = " << number;
+        double found = 0;
+        if (status == 0) {
+            EXPECT_EQ(QvDatabaseCatalog_number(&place, pRecord, &found), 0) << path;
+            EXPECT_EQ(found, number) << path;
+        }
+    }
+}
+
+TEST(Catalog, followsAListOnTheHeapAsFarAsItGoes)
+{
+    QvDatabaseRegister_t registers[2] = {};
+    QvDatabaseDump_t dump = {registers, 2};
+    const auto place = placeOf(QvDatabaseCatalogDocument_Tuning, "DUMP.registers[1].address");
+    EXPECT_EQ(QvDatabaseCatalog_setText(&place, &dump, "0x1F"), 0);
+    EXPECT_STREQ(registers[1].address, "0x1F");
+    dump.registerNumber = 1;
+    EXPECT_EQ(QvDatabaseCatalog_setText(&place, &dump, "0x2F"), 6);
+    dump = {nullptr, 2};
+    EXPECT_EQ(QvDatabaseCatalog_setText(&place, &dump, "0x2F"), 6);
+    EXPECT_STREQ(registers[1].address, "0x1F");
+}
+
+TEST(Catalog, knowsTheFactsOfTheHeaders)
+{
+    const auto fieldAt = [](const char* pPath) {
+        const auto place = placeOf(QvDatabaseCatalogDocument_Memory, pPath);
+        auto field = sized<QvDatabaseCatalogField_t>();
+        EXPECT_EQ(QvDatabaseCatalog_field(&place, &field), 0);
+        return field;
+    };
+    const auto rate = fieldAt("SS.modes[0].fpsMax");
+    EXPECT_STREQ(rate.pUnit, "1/s");
+    EXPECT_EQ(rate.maximum, INFINITY);
+    const auto count = fieldAt("A2DNR_5_2.tableNumber");
+    EXPECT_EQ(count.role, QvDatabaseCatalogRole_CountOf);
+    EXPECT_STREQ(count.pOther, "tables");
+    EXPECT_EQ(count.minimum, 0);
+    EXPECT_EQ(count.maximum, 20);
+    EXPECT_STREQ(fieldAt("2DNR_5_2.lumaCurveX").pOther, "lumaCurveY");
+    const auto map = fieldAt("LSC_4.matrix");
+    EXPECT_EQ(map.role, QvDatabaseCatalogRole_Map);
+    EXPECT_EQ(map.roleRows * map.roleColumns, 33U * 33U);
+    const auto type = fieldAt("OPT.pathIndex");
+    auto value = sized<QvDatabaseCatalogValue_t>();
+    EXPECT_EQ(type.valueNumber, 6U); // how many there are is no value
+    EXPECT_EQ(QvDatabaseCatalog_value(&type, 3, &value), 0);
+    EXPECT_STREQ(value.pShort, "RawHdr");
+    EXPECT_EQ(value.value, 3);
+    EXPECT_EQ(QvDatabaseCatalog_value(&type, 6, &value), 8);
+}
+
+TEST(Catalog, refusesStructsOfNoSizeAndWhatIsPastTheEnd)
+{
+    auto category = sized<QvDatabaseCatalogCategory_t>();
+    EXPECT_EQ(QvDatabaseCatalog_category(QvDatabaseCatalogDocument_Sum, 0, &category), 8);
+    EXPECT_EQ(QvDatabaseCatalog_category(QvDatabaseCatalogDocument_Meta, 1, &category), 8);
+    EXPECT_EQ(QvDatabaseCatalog_document(QvDatabaseCatalogDocument_Sum), nullptr);
+    category.size = 8;
+    EXPECT_EQ(QvDatabaseCatalog_category(QvDatabaseCatalogDocument_Meta, 0, &category), 13);
+    auto cursor = sized<QvDatabaseCatalogCursor_t>();
+    EXPECT_EQ(QvDatabaseCatalog_walk(QvDatabaseCatalogDocument_Tuning, "CLB", &cursor), 10);
+    EXPECT_EQ(QvDatabaseCatalog_walk(QvDatabaseCatalogDocument_Tuning, "AE_3", &cursor), 0);
+    QvDatabaseCatalogField_t unsizedField{};
+    EXPECT_EQ(QvDatabaseCatalog_next(&cursor, &unsizedField), 13);
+    auto field = sized<QvDatabaseCatalogField_t>();
+    EXPECT_EQ(QvDatabaseCatalog_next(&cursor, &field), 0);
+    EXPECT_STREQ(field.pKey, "enable") << "a refused call must not step on";
+    // A newer program's struct is larger; what the library doesn't know stays as it is.
+    struct {
+        QvDatabaseCatalogField_t field;
+        char more[16];
+    } newer{{}, "as before"};
+    newer.field.size = sizeof newer;
+    EXPECT_EQ(QvDatabaseCatalog_next(&cursor, &newer.field), 0);
+    EXPECT_EQ(newer.field.size, sizeof newer);
+    EXPECT_STREQ(newer.more, "as before");
+}
+
+} // namespace
