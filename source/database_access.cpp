@@ -177,14 +177,14 @@ int QvDatabaseAccess_bool(QvJsonValue_t* pValue, bool* pData, const char* pKey)
     return kSuccess;
 }
 
-int QvDatabaseAccess_bools(QvJsonValue_t* pValue, bool* pData, size_t length, const char* pKey)
+int QvDatabaseAccess_bools(QvJsonValue_t* pValue, bool* pData, std::size_t length, const char* pKey)
 {
     return readMember(pValue, pKey, {length}, [pData](QvJsonValue_t* pList, std::size_t i, std::size_t at) {
         pData[at] = QvJsonValue_itemAsBoolean(pList, i);
     });
 }
 
-int QvDatabaseAccess_chars(QvJsonValue_t* pValue, char* pData, size_t length, const char* pKey)
+int QvDatabaseAccess_chars(QvJsonValue_t* pValue, char* pData, std::size_t length, const char* pKey)
 {
     QvJsonValue_t* pMember = QvJsonValue_member(pValue, pKey);
     if (QvJsonValue_isEmpty(pMember)) {
@@ -197,7 +197,8 @@ int QvDatabaseAccess_chars(QvJsonValue_t* pValue, char* pData, size_t length, co
     return kSuccess;
 }
 
-int QvDatabaseAccess_chars22(QvJsonValue_t* pValue, char* pData, size_t length, size_t length2, const char* pKey)
+int QvDatabaseAccess_chars22(QvJsonValue_t* pValue, char* pData, std::size_t length, std::size_t length2,
+                             const char* pKey)
 {
     return readMember(pValue, pKey, {length}, [=](QvJsonValue_t* pList, std::size_t i, std::size_t at) {
         const char* pText = QvJsonValue_itemAsString(pList, i);
@@ -217,7 +218,7 @@ int QvDatabaseAccess_double(QvJsonValue_t* pValue, double* pData, const char* pK
     return kSuccess;
 }
 
-int QvDatabaseAccess_doubles(QvJsonValue_t* pValue, double* pData, size_t length, const char* pKey)
+int QvDatabaseAccess_doubles(QvJsonValue_t* pValue, double* pData, std::size_t length, const char* pKey)
 {
     return readMember(pValue, pKey, {length}, [pData](QvJsonValue_t* pList, std::size_t i, std::size_t at) {
         pData[at] = QvJsonValue_itemAsFloat(pList, i);
@@ -234,28 +235,29 @@ int QvDatabaseAccess_float(QvJsonValue_t* pValue, float* pData, const char* pKey
     return kSuccess;
 }
 
-int QvDatabaseAccess_floats(QvJsonValue_t* pValue, float* pData, size_t length, const char* pKey)
+int QvDatabaseAccess_floats(QvJsonValue_t* pValue, float* pData, std::size_t length, const char* pKey)
 {
     return readMember(pValue, pKey, {length}, floatStore(pData));
 }
 
-int QvDatabaseAccess_floats21(QvJsonValue_t* pValue, float* pData, size_t /*length*/, const char* pKey)
+int QvDatabaseAccess_floats21(QvJsonValue_t* pValue, float* pData, std::size_t /*length*/, const char* pKey)
 {
     return readRows(pValue, pData, SIZE_MAX, pKey);
 }
 
-int QvDatabaseAccess_floats22(QvJsonValue_t* pValue, float* pData, size_t length, size_t length2, const char* pKey)
+int QvDatabaseAccess_floats22(QvJsonValue_t* pValue, float* pData, std::size_t length, std::size_t length2,
+                              const char* pKey)
 {
     return readMember(pValue, pKey, {length, length2}, floatStore(pData));
 }
 
-int QvDatabaseAccess_floats33(QvJsonValue_t* pValue, float* pData, size_t length, size_t length2, size_t length3,
-                              const char* pKey)
+int QvDatabaseAccess_floats33(QvJsonValue_t* pValue, float* pData, std::size_t length, std::size_t length2,
+                              std::size_t length3, const char* pKey)
 {
     return readMember(pValue, pKey, {length, length2, length3}, floatStore(pData));
 }
 
-int QvDatabaseAccess_integer(QvJsonValue_t* pValue, void* pData, size_t stride, const char* pKey)
+int QvDatabaseAccess_integer(QvJsonValue_t* pValue, void* pData, std::size_t stride, const char* pKey)
 {
     QvJsonValue_t* pMember = QvJsonValue_member(pValue, pKey);
     if (QvJsonValue_isEmpty(pMember)) {
@@ -265,25 +267,26 @@ int QvDatabaseAccess_integer(QvJsonValue_t* pValue, void* pData, size_t stride, 
     return kSuccess;
 }
 
-int QvDatabaseAccess_integers(QvJsonValue_t* pValue, void* pData, size_t stride, size_t length, const char* pKey)
+int QvDatabaseAccess_integers(QvJsonValue_t* pValue, void* pData, std::size_t stride, std::size_t length,
+                              const char* pKey)
 {
     return readMember(pValue, pKey, {length}, integerStore(pData, stride));
 }
 
-int QvDatabaseAccess_intergers22(QvJsonValue_t* pValue, void* pData, size_t stride, size_t length, size_t length2,
-                                 const char* pKey)
+int QvDatabaseAccess_intergers22(QvJsonValue_t* pValue, void* pData, std::size_t stride, std::size_t length,
+                                 std::size_t length2, const char* pKey)
 {
     return readMember(pValue, pKey, {length, length2}, integerStore(pData, stride));
 }
 
-int QvDatabaseAccess_intergers33(QvJsonValue_t* pValue, void* pData, size_t stride, size_t length, size_t length2,
-                                 size_t length3, const char* pKey)
+int QvDatabaseAccess_intergers33(QvJsonValue_t* pValue, void* pData, std::size_t stride, std::size_t length,
+                                 std::size_t length2, std::size_t length3, const char* pKey)
 {
     return readMember(pValue, pKey, {length, length2, length3}, integerStore(pData, stride));
 }
 
-int QvDatabaseAccess_objects(QvJsonValue_t* pValue, void* pData, size_t stride, size_t length, const char* pKey,
-                             Parse_t* pParse)
+int QvDatabaseAccess_objects(QvJsonValue_t* pValue, void* pData, std::size_t stride, std::size_t length,
+                             const char* pKey, Parse_t* pParse)
 {
     QvJsonValue_t* pMember = QvJsonValue_member(pValue, pKey);
     if (QvJsonValue_isEmpty(pMember)) {
@@ -296,8 +299,8 @@ int QvDatabaseAccess_objects(QvJsonValue_t* pValue, void* pData, size_t stride, 
     return kSuccess;
 }
 
-int QvDatabaseAccess_calloc(QvJsonValue_t* pValue, QvJsonValue_t** ppValue2, void** ppData, size_t stride,
-                            size_t* pLength, const char* pKey)
+int QvDatabaseAccess_calloc(QvJsonValue_t* pValue, QvJsonValue_t** ppValue2, void** ppData, std::size_t stride,
+                            std::size_t* pLength, const char* pKey)
 {
     *ppValue2 = QvJsonValue_member(pValue, pKey);
     const std::size_t number = QvJsonValue_size(*ppValue2);
@@ -319,7 +322,7 @@ int QvDatabaseAccess_bool_(QvJsonValue_t* pValue, bool* pData, const char* pKey)
     return traced(QV_HERE, QvJsonValue_addBooleanToObject(pValue, pKey, isTrue(pData)));
 }
 
-int QvDatabaseAccess_bools_(QvJsonValue_t* pValue, bool* pData, size_t length, const char* pKey)
+int QvDatabaseAccess_bools_(QvJsonValue_t* pValue, bool* pData, std::size_t length, const char* pKey)
 {
     return writeFlat(pValue, pKey, length, QV_HERE, [pData](QvJsonValue_t* pList, std::size_t at) {
         return QvJsonValue_addBooleanToArray(pList, isTrue(pData + at));
@@ -331,7 +334,8 @@ int QvDatabaseAccess_chars_(QvJsonValue_t* pValue, char* pData, const char* pKey
     return traced(QV_HERE, QvJsonValue_addStringToObject(pValue, pKey, pData));
 }
 
-int QvDatabaseAccess_chars22_(QvJsonValue_t* pValue, char* pData, size_t length, size_t length2, const char* pKey)
+int QvDatabaseAccess_chars22_(QvJsonValue_t* pValue, char* pData, std::size_t length, std::size_t length2,
+                              const char* pKey)
 {
     return writeNested(pValue, pKey, {length}, QV_HERE, [=](QvJsonValue_t* pList, std::size_t at) {
         return QvJsonValue_addStringToArray(pList, pData + at * length2);
@@ -343,7 +347,7 @@ int QvDatabaseAccess_double_(QvJsonValue_t* pValue, double* pData, const char* p
     return traced(QV_HERE, QvJsonValue_addFloatToObject(pValue, pKey, *pData));
 }
 
-int QvDatabaseAccess_doubles_(QvJsonValue_t* pValue, double* pData, size_t length, const char* pKey)
+int QvDatabaseAccess_doubles_(QvJsonValue_t* pValue, double* pData, std::size_t length, const char* pKey)
 {
     return writeFlat(pValue, pKey, length, QV_HERE, [pData](QvJsonValue_t* pList, std::size_t at) {
         return QvJsonValue_addFloatToArray(pList, pData[at]);
@@ -355,54 +359,56 @@ int QvDatabaseAccess_float_(QvJsonValue_t* pValue, float* pData, const char* pKe
     return traced(QV_HERE, QvJsonValue_addFloatToObject(pValue, pKey, QvCommonConvert_float2Double(*pData)));
 }
 
-int QvDatabaseAccess_floats_(QvJsonValue_t* pValue, float* pData, size_t length, const char* pKey)
+int QvDatabaseAccess_floats_(QvJsonValue_t* pValue, float* pData, std::size_t length, const char* pKey)
 {
     return writeFlat(pValue, pKey, length, QV_HERE, floatAdd(pData));
 }
 
-int QvDatabaseAccess_floats21_(QvJsonValue_t* pValue, float* pData, size_t length, const char* pKey, size_t stride)
+int QvDatabaseAccess_floats21_(QvJsonValue_t* pValue, float* pData, std::size_t length, const char* pKey,
+                               std::size_t stride)
 {
     const std::size_t rows = stride == 0 ? 0 : length / stride;
     return writeNested(pValue, pKey, {rows, stride}, QV_HERE, floatAdd(pData));
 }
 
-int QvDatabaseAccess_floats22_(QvJsonValue_t* pValue, float* pData, size_t length, size_t length2, const char* pKey)
+int QvDatabaseAccess_floats22_(QvJsonValue_t* pValue, float* pData, std::size_t length, std::size_t length2,
+                               const char* pKey)
 {
     return writeNested(pValue, pKey, {length, length2}, QV_HERE, floatAdd(pData));
 }
 
-int QvDatabaseAccess_floats33_(QvJsonValue_t* pValue, float* pData, size_t length, size_t length2, size_t length3,
-                               const char* pKey)
+int QvDatabaseAccess_floats33_(QvJsonValue_t* pValue, float* pData, std::size_t length, std::size_t length2,
+                               std::size_t length3, const char* pKey)
 {
     return writeNested(pValue, pKey, {length, length2, length3}, QV_HERE, floatAdd(pData));
 }
 
-int QvDatabaseAccess_integer_(QvJsonValue_t* pValue, bool isSigned, void* pData, size_t stride, const char* pKey)
+int QvDatabaseAccess_integer_(QvJsonValue_t* pValue, bool isSigned, void* pData, std::size_t stride, const char* pKey)
 {
     const auto value = QvCommonConvert_integer2Binary_(isSigned, pData, stride, 0);
     return traced(QV_HERE, QvJsonValue_addIntegerToObject(pValue, pKey, value));
 }
 
-int QvDatabaseAccess_integers_(QvJsonValue_t* pValue, bool isSigned, void* pData, size_t stride, size_t length,
-                               const char* pKey)
+int QvDatabaseAccess_integers_(QvJsonValue_t* pValue, bool isSigned, void* pData, std::size_t stride,
+                               std::size_t length, const char* pKey)
 {
     return writeFlat(pValue, pKey, length, QV_HERE, integerAdd(isSigned, pData, stride));
 }
 
-int QvDatabaseAccess_intergers22_(QvJsonValue_t* pValue, bool isSigned, void* pData, size_t stride, size_t length,
-                                  size_t length2, const char* pKey)
+int QvDatabaseAccess_intergers22_(QvJsonValue_t* pValue, bool isSigned, void* pData, std::size_t stride,
+                                  std::size_t length, std::size_t length2, const char* pKey)
 {
     return writeNested(pValue, pKey, {length, length2}, QV_HERE, integerAdd(isSigned, pData, stride));
 }
 
-int QvDatabaseAccess_intergers33_(QvJsonValue_t* pValue, bool isSigned, void* pData, size_t stride, size_t length,
-                                  size_t length2, size_t length3, const char* pKey)
+int QvDatabaseAccess_intergers33_(QvJsonValue_t* pValue, bool isSigned, void* pData, std::size_t stride,
+                                  std::size_t length, std::size_t length2, std::size_t length3, const char* pKey)
 {
     return writeNested(pValue, pKey, {length, length2, length3}, QV_HERE, integerAdd(isSigned, pData, stride));
 }
 
-int QvDatabaseAccess_objects_(QvJsonValue_t* pValue, void* pData, size_t stride, size_t length, const char* pKey,
-                              Serialize_t* pSerialize)
+int QvDatabaseAccess_objects_(QvJsonValue_t* pValue, void* pData, std::size_t stride, std::size_t length,
+                              const char* pKey, Serialize_t* pSerialize)
 {
     QvJsonValue_t* pList = QvJsonValue_member(pValue, pKey);
     for (std::size_t i = 0; i < length; ++i) {

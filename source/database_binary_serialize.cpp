@@ -7,7 +7,7 @@
 
 using namespace qv::database;
 
-int QvDatabaseBinary_serialize(QvDatabaseHandle_t handle, QvCommonBuffer_t* pBuffer, size_t* pTotalSize)
+int QvDatabaseBinary_serialize(QvDatabaseHandle_t handle, QvCommonBuffer_t* pBuffer, std::size_t* pTotalSize)
 {
     if (handle == 0) {
         return kBadArgument;

@@ -148,7 +148,7 @@ const char* QvDatabaseCatalog_document(QvDatabaseCatalogDocument_t document)
     return index < std::size(kDocuments) ? kDocuments[index] : nullptr;
 }
 
-int QvDatabaseCatalog_category(QvDatabaseCatalogDocument_t document, size_t index,
+int QvDatabaseCatalog_category(QvDatabaseCatalogDocument_t document, std::size_t index,
                                QvDatabaseCatalogCategory_t* pCategory)
 {
     if (pCategory == nullptr) {
@@ -236,7 +236,7 @@ int QvDatabaseCatalog_skip(QvDatabaseCatalogCursor_t* pCursor)
     return kSuccess;
 }
 
-int QvDatabaseCatalog_value(const QvDatabaseCatalogField_t* pField, size_t index, QvDatabaseCatalogValue_t* pValue)
+int QvDatabaseCatalog_value(const QvDatabaseCatalogField_t* pField, std::size_t index, QvDatabaseCatalogValue_t* pValue)
 {
     if (pField == nullptr || pValue == nullptr || pField->size < sizeof *pField) {
         return kBadArgument;

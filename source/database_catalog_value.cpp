@@ -232,8 +232,8 @@ int QvDatabaseCatalog_setNumber(const QvDatabaseCatalogPlace_t* pPlace, void* pR
     return storeNumber(slot, number);
 }
 
-int QvDatabaseCatalog_text(const QvDatabaseCatalogPlace_t* pPlace, const void* pRecord, char* pText, size_t capacity,
-                           size_t* pLength)
+int QvDatabaseCatalog_text(const QvDatabaseCatalogPlace_t* pPlace, const void* pRecord, char* pText,
+                           std::size_t capacity, std::size_t* pLength)
 {
     Slot slot;
     const int status = locate(pPlace, pRecord, slot);

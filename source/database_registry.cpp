@@ -194,7 +194,7 @@ int QvDatabase_query(QvDatabaseHandle_t handle, const char* pCategory, void** pp
     return kSuccess;
 }
 
-const QvDatabaseCategory_t* QvDatabase_category(size_t index)
+const QvDatabaseCategory_t* QvDatabase_category(std::size_t index)
 {
     static const auto kList = [] {
         struct {

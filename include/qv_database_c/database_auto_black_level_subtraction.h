@@ -9,9 +9,8 @@
 #include <stddef.h>
 #include <stdint.h>
 
+#include <qv_database_c/qv_database_export.h>
 #include <qv_json_c/json_value.h>
-
-#include "qv_database_export.h"
 
 #ifdef __cplusplus
 extern "C" {

@@ -13,9 +13,8 @@
 #include <stdint.h>
 
 #include <qv_common_c/common_logger.h>
+#include <qv_database_c/qv_database_export.h>
 #include <qv_json_c/json_value.h>
-
-#include "qv_database_export.h"
 
 #ifdef __cplusplus
 extern "C" {

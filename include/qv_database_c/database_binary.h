@@ -9,9 +9,8 @@
 #include <stddef.h>
 
 #include <qv_common_c/common_buffer.h>
-
-#include "database_base.h"
-#include "qv_database_export.h"
+#include <qv_database_c/database_base.h>
+#include <qv_database_c/qv_database_export.h>
 
 #ifdef __cplusplus
 extern "C" {

@@ -26,7 +26,7 @@
 #include <stddef.h>
 #include <stdint.h>
 
-#include "qv_database_export.h"
+#include <qv_database_c/qv_database_export.h>
 
 #ifdef __cplusplus
 extern "C" {

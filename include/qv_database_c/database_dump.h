@@ -7,10 +7,9 @@
 #include <assert.h>
 #include <stddef.h>
 
+#include <qv_database_c/database_register.h>
+#include <qv_database_c/qv_database_export.h>
 #include <qv_json_c/json_value.h>
-
-#include "database_register.h"
-#include "qv_database_export.h"
 
 #ifdef __cplusplus
 extern "C" {

@@ -6,9 +6,8 @@
 #define QV_DATABASE_C_DATABASE_INITIALIZATION_H
 
 #include <qv_common_c/common_buffer.h>
-
-#include "database_base.h"
-#include "qv_database_export.h"
+#include <qv_database_c/database_base.h>
+#include <qv_database_c/qv_database_export.h>
 
 #ifdef __cplusplus
 extern "C" {

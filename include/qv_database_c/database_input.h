@@ -12,10 +12,9 @@
 #include <stddef.h>
 #include <stdint.h>
 
+#include <qv_database_c/database_base.h>
+#include <qv_database_c/qv_database_export.h>
 #include <qv_json_c/json_value.h>
-
-#include "database_base.h"
-#include "qv_database_export.h"
 
 #ifdef __cplusplus
 extern "C" {

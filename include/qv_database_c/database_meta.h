@@ -16,11 +16,10 @@
 #include <stdint.h>
 
 #include <qv_common_c/common_buffer.h>
+#include <qv_database_c/database_base.h>
+#include <qv_database_c/qv_database_export.h>
 #include <qv_json_c/json_value.h>
 #include <qv_json_c/json_writer.h>
-
-#include "database_base.h"
-#include "qv_database_export.h"
 
 #ifdef __cplusplus
 extern "C" {

@@ -12,7 +12,7 @@
 #include <stdbool.h>
 #include <stdint.h>
 
-#include "qv_database_export.h"
+#include <qv_database_c/qv_database_export.h>
 
 #ifdef __cplusplus
 extern "C" {

@@ -8,9 +8,8 @@
 #define QV_DATABASE_C_DATABASE_TEXT_H
 
 #include <qv_common_c/common_buffer.h>
-
-#include "database_base.h"
-#include "qv_database_export.h"
+#include <qv_database_c/database_base.h>
+#include <qv_database_c/qv_database_export.h>
 
 #ifdef __cplusplus
 extern "C" {

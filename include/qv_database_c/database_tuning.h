@@ -5,10 +5,9 @@
 #ifndef QV_DATABASE_C_DATABASE_TUNING_H
 #define QV_DATABASE_C_DATABASE_TUNING_H
 
+#include <qv_database_c/database_base.h>
+#include <qv_database_c/qv_database_export.h>
 #include <qv_json_c/json_value.h>
-
-#include "database_base.h"
-#include "qv_database_export.h"
 
 #ifdef __cplusplus
 extern "C" {

@@ -6,9 +6,8 @@
 #include <assert.h>
 #include <stdbool.h>
 
+#include <qv_database_c/qv_database_export.h>
 #include <qv_json_c/json_value.h>
-
-#include "qv_database_export.h"
 
 #ifdef __cplusplus
 extern "C" {

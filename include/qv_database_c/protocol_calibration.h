@@ -10,10 +10,9 @@
 
 #include <qv_common_c/common_buffer.h>
 #include <qv_common_c/common_dqueue.h>
+#include <qv_database_c/database_calibration.h>
+#include <qv_database_c/qv_database_export.h>
 #include <qv_json_c/json_value.h>
-
-#include "database_calibration.h"
-#include "qv_database_export.h"
 
 #ifdef __cplusplus
 extern "C" {

@@ -12,15 +12,14 @@
 #ifndef QV_DATABASE_C_PROTOCOL_INITIALIZATION_H
 #define QV_DATABASE_C_PROTOCOL_INITIALIZATION_H
 
+#include <qv_database_c/database_c_model.h>
+#include <qv_database_c/database_device.h>
+#include <qv_database_c/database_input.h>
+#include <qv_database_c/database_output.h>
+#include <qv_database_c/database_sensor.h>
+#include <qv_database_c/database_transmit.h>
+#include <qv_database_c/qv_database_export.h>
 #include <qv_initialization/initialization_section.h>
-
-#include "database_c_model.h"
-#include "database_device.h"
-#include "database_input.h"
-#include "database_output.h"
-#include "database_sensor.h"
-#include "database_transmit.h"
-#include "qv_database_export.h"
 
 #ifdef __cplusplus
 extern "C" {

@@ -4,7 +4,7 @@
 #ifndef QV_DATABASE_C_PROTOCOL_SIMULATOR_H
 #define QV_DATABASE_C_PROTOCOL_SIMULATOR_H
 
-#include "database_records.h"
-#include "protocol_simulator_codecs.h"
+#include <qv_database_c/database_records.h>
+#include <qv_database_c/protocol_simulator_codecs.h>
 
 #endif

@@ -29,7 +29,7 @@ struct Row {
     std::size_t size = 0;
 };
 
-TEST(Binary, everyRecordStandsAtItsPlaceInBothDirections)
+TEST(Binary, EveryRecordStandsAtItsPlaceInBothDirections)
 {
     const Database source;
     const Database target;
@@ -61,7 +61,7 @@ TEST(Binary, everyRecordStandsAtItsPlaceInBothDirections)
     }
 }
 
-TEST(Binary, fieldsDeepInsideLargeRecordsStandWhereTheLayoutPutsThem)
+TEST(Binary, FieldsDeepInsideLargeRecordsStandWhereTheLayoutPutsThem)
 {
     const Database database;
     auto& edges = database.record<QvDatabaseAutoEdgeEnhance_2_t>("AEE_2");
@@ -82,7 +82,7 @@ TEST(Binary, fieldsDeepInsideLargeRecordsStandWhereTheLayoutPutsThem)
     EXPECT_EQ(image[446202 + 116768 + 24 + 4], 'P');
 }
 
-TEST(Binary, aFileThatEndsEarlyKeepsWhatWasReadAndFails)
+TEST(Binary, AFileThatEndsEarlyKeepsWhatWasReadAndFails)
 {
     const Database source;
     const Database target;
@@ -101,7 +101,7 @@ TEST(Binary, aFileThatEndsEarlyKeepsWhatWasReadAndFails)
     EXPECT_EQ(traces.lines().size(), 4U); // and one line for each record that was read
 }
 
-TEST(Binary, worksFromTheCursorOnAndLeavesAloneWhatItDoesNotHold)
+TEST(Binary, WorksFromTheCursorOnAndLeavesAloneWhatItDoesNotHold)
 {
     const Database database;
     std::size_t total = 100;

@@ -48,7 +48,7 @@ std::vector<float> list(const float (&values)[N])
     return {values, values + N};
 }
 
-TEST_F(Calibration, listsAreCountedInEightBitsFirstAndComparedThen)
+TEST_F(Calibration, ListsAreCountedInEightBitsFirstAndComparedThen)
 {
     // What stands around a list, the items its array takes, the byte of the raw image that counts them.
     constexpr std::tuple<const char*, const char*, std::size_t, std::size_t> kLists[] = {
@@ -82,7 +82,7 @@ TEST_F(Calibration, listsAreCountedInEightBitsFirstAndComparedThen)
     EXPECT_EQ(QvJsonValue_size(QvJsonValue_member(pSensor, "CC")), 15U);
 }
 
-TEST_F(Calibration, aListThatIsTooLongEndsTheReadingBeforeItsItems)
+TEST_F(Calibration, AListThatIsTooLongEndsTheReadingBeforeItsItems)
 {
     EXPECT_EQ(read(R"({"header": {"creator": "me"}, "sensor": {"BLS": [{"name": "b"}], "CC": )" +
                    repeated(R"({"name": "n"})", 15) + R"(, "DPF": [{}]}, "system": {"AFPS": {"aFpsDefault": "s"}}})"),
@@ -94,7 +94,7 @@ TEST_F(Calibration, aListThatIsTooLongEndsTheReadingBeforeItsItems)
     EXPECT_EQ(std::string(clb.sensor.cc[0].name) + clb.sensor.cc[1].name, "n");
 }
 
-TEST_F(Calibration, bayerNoiseIsReadAsOftenAsBlackLevelsAre)
+TEST_F(Calibration, BayerNoiseIsReadAsOftenAsBlackLevelsAre)
 {
     clb.sensor.bnr[0] = {3.0F, 4.0F};
     EXPECT_EQ(readSensor(R"("BLS": [{}], "BNR": [])"), 0);
@@ -106,7 +106,7 @@ TEST_F(Calibration, bayerNoiseIsReadAsOftenAsBlackLevelsAre)
     EXPECT_EQ(clb.sensor.bnr[0].pB, 9.0F);
 }
 
-TEST_F(Calibration, textsThatFillTheirFieldRunOnButNotPastTheRecord)
+TEST_F(Calibration, TextsThatFillTheirFieldRunOnButNotPastTheRecord)
 {
     const std::string fifty(50, 'x');
     const std::string system = R"("system": {"AFPS": {"aFpsDefault": ")" + fifty + "\"}}}";
@@ -116,7 +116,7 @@ TEST_F(Calibration, textsThatFillTheirFieldRunOnButNotPastTheRecord)
     expectWritten("\"creator\": \"" + fifty + "imx477\"|\"aFpsDefault\": \"" + fifty + "\\u0001Z\"");
 }
 
-TEST_F(Calibration, eachKeyGoesOutInItsOwnForm)
+TEST_F(Calibration, EachKeyGoesOutInItsOwnForm)
 {
     clb.sensor.awb.sensorGains = clb.sensor.bls[0].sensorGains = 0.5F;
     const std::string text = R"("AF": {"tbd": -1}, "AWB": {"sensorGains": 1, "SensorGains": 1, "illumination": [
@@ -139,7 +139,7 @@ TEST_F(Calibration, eachKeyGoesOutInItsOwnForm)
                   "            }],");
 }
 
-TEST_F(Calibration, listsLongerThanTheirFieldAreCutButRowsRunOn)
+TEST_F(Calibration, ListsLongerThanTheirFieldAreCutButRowsRunOn)
 {
     const std::string many = repeated("7", 3000);
     const std::string grid = repeated(repeated("9", 140), 40);
@@ -165,7 +165,7 @@ TEST_F(Calibration, listsLongerThanTheirFieldAreCutButRowsRunOn)
     EXPECT_EQ(last, 1.0F) << "rows run on to the end of the record";
 }
 
-TEST_F(Calibration, rawImagesFollowEachOtherInABuffer)
+TEST_F(Calibration, RawImagesFollowEachOtherInABuffer)
 {
     std::strcpy(clb.header.sensorName, "one");
     std::strcpy(clb.system.afpsDefault, "rate");
@@ -188,7 +188,7 @@ TEST_F(Calibration, rawImagesFollowEachOtherInABuffer)
     EXPECT_EQ(QvDatabaseProtocolCalibrationBinary_parse(&buffer, nullptr), 13);
 }
 
-TEST_F(Calibration, theSampleIsReportedAndSurvivesASaveOverAnotherOne)
+TEST_F(Calibration, TheSampleIsReportedAndSurvivesASaveOverAnotherOne)
 {
     const auto infoOf = [this](const Database& database) {
         traces.clear();
@@ -216,7 +216,7 @@ TEST_F(Calibration, theSampleIsReportedAndSurvivesASaveOverAnotherOne)
     EXPECT_TRUE(loaded.isLoaded);
 }
 
-TEST(CalibrationText, theScannerTakesWhatStandsBetweenTheFirstBrackets)
+TEST(CalibrationText, TheScannerTakesWhatStandsBetweenTheFirstBrackets)
 {
     // Items go up to white space or "]"; a status stands in place of them where there can be none.
     constexpr std::string_view kCases[] = {
@@ -255,7 +255,7 @@ TEST(CalibrationText, theScannerTakesWhatStandsBetweenTheFirstBrackets)
     }
 }
 
-TEST(CalibrationText, matrixAndShadingComeOutOfTheSample)
+TEST(CalibrationText, MatrixAndShadingComeOutOfTheSample)
 {
     std::string text = readFile(sample("imx477_calibration.txt"));
     std::string odd = "ctm [1e1 -2 +.5 5,6 six] successional_color_offset [1 2 3 4] LSC_SECT_SIZE_X [70000 -1 12.9]"

@@ -88,7 +88,7 @@ QvDatabaseCatalogPlace_t placeOf(QvDatabaseCatalogDocument_t document, const std
     return place;
 }
 
-TEST(Catalog, listsEachCategoryWhereItStands)
+TEST(Catalog, ListsEachCategoryWhereItStands)
 {
     std::size_t image = 0;
     for (const auto& category : categoriesOf(QvDatabaseCatalogDocument_Image)) {
@@ -116,7 +116,7 @@ TEST(Catalog, listsEachCategoryWhereItStands)
     EXPECT_TRUE(places.ends_with("WDR_5_2_1 /root/*/driver/* MD /root/* MT /root/metadata ")) << places;
 }
 
-TEST(Catalog, leadsEachPathToThePlaceThatAWalkAddsUp)
+TEST(Catalog, LeadsEachPathToThePlaceThatAWalkAddsUp)
 {
     std::size_t number = 0;
     for (int i = 0; i < QvDatabaseCatalogDocument_Sum; ++i) {
@@ -278,7 +278,7 @@ void holdAgainstDocument(QvDatabaseCatalogDocument_t document, const char* pName
     database.record<QvDatabaseDump_t>("DUMP") = {};
 }
 
-TEST(Catalog, namesEachFieldAsTheDocumentsDo)
+TEST(Catalog, NamesEachFieldAsTheDocumentsDo)
 {
     const auto text = [](const Database& database) { return database.savedText(); };
     holdAgainstDocument(QvDatabaseCatalogDocument_Tuning, "tuning", text);
@@ -291,7 +291,7 @@ TEST(Catalog, namesEachFieldAsTheDocumentsDo)
     });
 }
 
-TEST(Catalog, tellsWhereAPathWentWrongAndWhatCouldStandThere)
+TEST(Catalog, TellsWhereAPathWentWrongAndWhatCouldStandThere)
 {
     constexpr auto kTuning = QvDatabaseCatalogDocument_Tuning;
     constexpr auto kSimulator = QvDatabaseCatalogDocument_Simulator;
@@ -342,7 +342,7 @@ TEST(Catalog, tellsWhereAPathWentWrongAndWhatCouldStandThere)
     }
 }
 
-TEST(Catalog, givesListsAndRowsAndNumbersOfTheDocumentsForm)
+TEST(Catalog, GivesListsAndRowsAndNumbersOfTheDocumentsForm)
 {
     const auto list = placeOf(QvDatabaseCatalogDocument_Tuning, "A2DNR_5_2.tables[1].lumaCurveX[3]");
     EXPECT_EQ(list.offset, offsetof(QvDatabaseAuto2DNoiseReduction_5_2_t, tables[1].lumaCurveX[3]));
@@ -362,7 +362,7 @@ TEST(Catalog, givesListsAndRowsAndNumbersOfTheDocumentsForm)
               offsetof(QvDatabaseInput_t, paths[1].rectangle.offset.x));
 }
 
-TEST(Catalog, readsAndStoresOneElementAndNothingElse)
+TEST(Catalog, ReadsAndStoresOneElementAndNothingElse)
 {
     const Database database;
     auto& sensor = database.record<QvDatabaseSensor_t>("SS");
@@ -458,7 +458,7 @@ TEST(Catalog, readsAndStoresOneElementAndNothingElse)
     }
 }
 
-TEST(Catalog, followsAListOnTheHeapAsFarAsItGoes)
+TEST(Catalog, FollowsAListOnTheHeapAsFarAsItGoes)
 {
     QvDatabaseRegister_t registers[2] = {};
     QvDatabaseDump_t dump = {registers, 2};
@@ -472,7 +472,7 @@ TEST(Catalog, followsAListOnTheHeapAsFarAsItGoes)
     EXPECT_STREQ(registers[1].address, "0x1F");
 }
 
-TEST(Catalog, knowsTheFactsOfTheHeaders)
+TEST(Catalog, KnowsTheFactsOfTheHeaders)
 {
     const auto fieldAt = [](const char* pPath) {
         const auto place = placeOf(QvDatabaseCatalogDocument_Memory, pPath);
@@ -501,7 +501,7 @@ TEST(Catalog, knowsTheFactsOfTheHeaders)
     EXPECT_EQ(QvDatabaseCatalog_value(&type, 6, &value), 8);
 }
 
-TEST(Catalog, refusesStructsOfNoSizeAndWhatIsPastTheEnd)
+TEST(Catalog, RefusesStructsOfNoSizeAndWhatIsPastTheEnd)
 {
     auto category = sized<QvDatabaseCatalogCategory_t>();
     EXPECT_EQ(QvDatabaseCatalog_category(QvDatabaseCatalogDocument_Sum, 0, &category), 8);

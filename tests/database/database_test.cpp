@@ -33,7 +33,7 @@ int query(QvDatabaseHandle_t handle, const char* pKey, void* pData = nullptr)
     return QvDatabase_query(handle, pKey, &pData);
 }
 
-TEST(Database, openingPrintsTheBannerAndBadArgumentsPrintNothing)
+TEST(Database, OpeningPrintsTheBannerAndBadArgumentsPrintNothing)
 {
     Traces traces;
     QvDatabaseOpenParam_t param{};
@@ -53,7 +53,7 @@ TEST(Database, openingPrintsTheBannerAndBadArgumentsPrintNothing)
     EXPECT_EQ(takeLines(traces), "");
 }
 
-TEST(Database, everyCategoryIsListedOnceWithItsSize)
+TEST(Database, EveryCategoryIsListedOnceWithItsSize)
 {
     const Database database;
     std::string listed;
@@ -65,7 +65,7 @@ TEST(Database, everyCategoryIsListedOnceWithItsSize)
     EXPECT_EQ(listed, kSizes);
 }
 
-TEST(Database, aKeyThatMissesGoesToTheLoggerWhoseStatusCounts)
+TEST(Database, AKeyThatMissesGoesToTheLoggerWhoseStatusCounts)
 {
     struct Log {
         int status = 0;
@@ -101,7 +101,7 @@ TEST(Database, aKeyThatMissesGoesToTheLoggerWhoseStatusCounts)
     EXPECT_EQ(traces.count(QvCommonTracerLevel_Error, "QvDatabase_query: bad arguments(13)"), 1U);
 }
 
-TEST(Database, infoCountsWhatTheCalibrationHolds)
+TEST(Database, InfoCountsWhatTheCalibrationHolds)
 {
     const Database database;
     auto& [header, sensor, system, isLoaded] = database.record<QvDatabaseCalibration_t>("CLB");

@@ -10,7 +10,7 @@ using namespace qv::test;
 
 namespace {
 
-TEST(Failures, aCalibrationListOverCapacityKeepsWhatWasReadBeforeIt)
+TEST(Failures, ACalibrationListOverCapacityKeepsWhatWasReadBeforeIt)
 {
     const Database database;
     auto& calibration = database.record<QvDatabaseCalibration_t>("CLB");
@@ -32,7 +32,7 @@ TEST(Failures, aCalibrationListOverCapacityKeepsWhatWasReadBeforeIt)
     EXPECT_EQ(traces.count(QvCommonTracerLevel_Error, "QvDatabase_load: too short or over capacity(6)"), 1U);
 }
 
-TEST(Failures, aCountLeftTooLargeIsFollowedInsideTheRecordOnly)
+TEST(Failures, ACountLeftTooLargeIsFollowedInsideTheRecordOnly)
 {
     const Database database;
     auto& calibration = database.record<QvDatabaseCalibration_t>("CLB");
@@ -49,7 +49,7 @@ TEST(Failures, aCountLeftTooLargeIsFollowedInsideTheRecordOnly)
     EXPECT_EQ(QvDatabase_info(database.handle()), 0);
 }
 
-TEST(Failures, aTextThatBeginsLikeATagIsACalibrationThatFails)
+TEST(Failures, ATextThatBeginsLikeATagIsACalibrationThatFails)
 {
     const Database database;
     auto& calibration = database.record<QvDatabaseCalibration_t>("CLB");
@@ -61,7 +61,7 @@ TEST(Failures, aTextThatBeginsLikeATagIsACalibrationThatFails)
     EXPECT_EQ(traces.count(QvCommonTracerLevel_Error, "calibration_textParse: syntax error(7)"), 1U);
 }
 
-TEST(Failures, anImageOfAnythingSavesAsADocumentOfBoundedSize)
+TEST(Failures, AnImageOfAnythingSavesAsADocumentOfBoundedSize)
 {
     const Database database;
     const Traces traces(QvCommonTracerLevel_Error);
@@ -70,7 +70,7 @@ TEST(Failures, anImageOfAnythingSavesAsADocumentOfBoundedSize)
     EXPECT_LT(database.savedText().size(), 50'000'000U);
 }
 
-TEST(Failures, aShadingTableThatIsMissingKeepsThoseBeforeIt)
+TEST(Failures, AShadingTableThatIsMissingKeepsThoseBeforeIt)
 {
     QvDatabaseLensShadingCorrection_4_t record{};
     std::string text = "LSC_SECT_SIZE_X [1] LSC_SECT_SIZE_Y [2] LSC_SAMPLES_red [3] LSC_SAMPLES_greenAtRedLine [4] "
@@ -87,7 +87,7 @@ TEST(Failures, aShadingTableThatIsMissingKeepsThoseBeforeIt)
     EXPECT_EQ(traces.count(QvCommonTracerLevel_Error, "key or bracket not found(15)"), 2U);
 }
 
-TEST(Failures, aQueueThatTheApplicationClosedDoesNotKeepTheDatabaseOpen)
+TEST(Failures, AQueueThatTheApplicationClosedDoesNotKeepTheDatabaseOpen)
 {
     QvDatabaseOpenParam_t param{};
     QvDatabaseHandle_t handle = 0;
@@ -100,7 +100,7 @@ TEST(Failures, aQueueThatTheApplicationClosedDoesNotKeepTheDatabaseOpen)
     EXPECT_EQ(handle, 0U);
 }
 
-TEST(Failures, metadataThatCannotBeReadTouchesNothing)
+TEST(Failures, MetadataThatCannotBeReadTouchesNothing)
 {
     const Database database;
     const TemporaryFolder folder;

@@ -65,7 +65,7 @@ std::string changesOf(const std::string& text)
     return changedLines(database);
 }
 
-TEST(InitializationDocument, theDefaultsGoOutWordForWord)
+TEST(InitializationDocument, TheDefaultsGoOutWordForWord)
 {
     EXPECT_EQ(Database().savedText("x.ini"), defaultDocument());
 }
@@ -123,7 +123,7 @@ std::string document(const std::string& section, const std::string& key, const s
     return "[" + section + "]\n" + key + (key.empty() ? "" : " = ") + value;
 }
 
-TEST(InitializationDocument, aKeyReachesItsFieldAndNothingElse)
+TEST(InitializationDocument, AKeyReachesItsFieldAndNothingElse)
 {
     int number = 0;
     for (const FieldList& list : kFields) {
@@ -160,7 +160,7 @@ TEST(InitializationDocument, aKeyReachesItsFieldAndNothingElse)
     EXPECT_EQ(number, 30 + 3 + 29 + 78 + 4 + 23);
 }
 
-TEST(InitializationDocument, filesByHandAreReadLeniently)
+TEST(InitializationDocument, FilesByHandAreReadLeniently)
 {
     const std::pair<const char*, const char*> kCases[] = {
         {"", ""},
@@ -197,7 +197,7 @@ TEST(InitializationDocument, filesByHandAreReadLeniently)
     EXPECT_EQ(database.record<QvDatabaseInput_t>("IPT").framerate, 29.97F);
 }
 
-TEST(InitializationDocument, longTextsRunOnButNotPastTheRecord)
+TEST(InitializationDocument, LongTextsRunOnButNotPastTheRecord)
 {
     const std::string address = "rtmp.nginxIp = aaaaaaaaaaaaaaaa";
     const std::string port = "rtmp.portStream = 25443"; // "cc"
@@ -216,7 +216,7 @@ TEST(InitializationDocument, longTextsRunOnButNotPastTheRecord)
                   "|testPattern.enable = true|testPattern.type = 25700|");
 }
 
-TEST(InitializationDocument, awkwardTextsSurvive)
+TEST(InitializationDocument, AwkwardTextsSurvive)
 {
     for (const char* pText : {"",
                               " ",
@@ -249,7 +249,7 @@ TEST(InitializationDocument, awkwardTextsSurvive)
     }
 }
 
-TEST(InitializationDocument, theSampleGoesFromOneFormToTheOtherAndBack)
+TEST(InitializationDocument, TheSampleGoesFromOneFormToTheOtherAndBack)
 {
     const Database json;
     ASSERT_EQ(json.load(sample("imx477.json")), 0);

@@ -29,7 +29,7 @@ struct MetaDatabase : Database {
     }
 };
 
-TEST(Meta, theFullFormHoldsItsMembersInOrder)
+TEST(Meta, TheFullFormHoldsItsMembersInOrder)
 {
     MetaDatabase database;
     EXPECT_EQ(database.meta.tableNumber, 1U);
@@ -72,7 +72,7 @@ TEST(Meta, theFullFormHoldsItsMembersInOrder)
               database.metaSaved(QvDatabaseSettingProtocol_Standard));
 }
 
-TEST(Meta, whatADocumentLacksKeepsItsValue)
+TEST(Meta, WhatADocumentLacksKeepsItsValue)
 {
     const auto pMeta = std::make_unique<QvDatabaseMeta_t>();
     std::memset(pMeta.get(), 1, sizeof *pMeta);
@@ -99,7 +99,7 @@ TEST(Meta, whatADocumentLacksKeepsItsValue)
     EXPECT_EQ(QvDatabaseMeta_parse(nullptr, pMeta.get()), 13);
 }
 
-TEST(Meta, theContentOfAFileTellsItsForm)
+TEST(Meta, TheContentOfAFileTellsItsForm)
 {
     Traces traces;
     const std::pair<const char*, int> kCases[] = {
@@ -131,7 +131,7 @@ TEST(Meta, theContentOfAFileTellsItsForm)
     EXPECT_EQ(QvDatabase_metaSave(database.handle(), "/nowhere/meta.json"), 3);
 }
 
-TEST(Meta, aSaveFollowsTheSetting)
+TEST(Meta, ASaveFollowsTheSetting)
 {
     const MetaDatabase database;
     database.meta.chipId = 4;

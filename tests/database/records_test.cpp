@@ -67,7 +67,7 @@ std::string list(std::size_t length, const std::string& item, const std::string&
     return "[" + text;
 }
 
-TEST(Records, aDocumentFillsExactlyTheBytesOfItsMembers)
+TEST(Records, ADocumentFillsExactlyTheBytesOfItsMembers)
 {
     QvDatabase3DNoiseReduction_2_1_t record{};
     read(QvDatabase3DNoiseReduction_2_1_parse, record, R"({"enable": true, "motionDilateEn": 1, "strength": 200,
@@ -84,7 +84,7 @@ TEST(Records, aDocumentFillsExactlyTheBytesOfItsMembers)
                   list(17, "0", "258,3,") + R"(,"rangeT":7})");
 }
 
-TEST(Records, membersThatAreMissingLeaveALineEachAndTheFieldAsItWas)
+TEST(Records, MembersThatAreMissingLeaveALineEachAndTheFieldAsItWas)
 {
     QvDatabase2DNoiseReduction_5_2_t record{};
     record.sigma = 3.5F;
@@ -97,7 +97,7 @@ TEST(Records, membersThatAreMissingLeaveALineEachAndTheFieldAsItWas)
     EXPECT_EQ(record.sigma, 3.5F);
 }
 
-TEST(Records, blocksKeepTheirOddSpellingsSignsAndOrders)
+TEST(Records, BlocksKeepTheirOddSpellingsSignsAndOrders)
 {
     QvDatabaseDeMosaic_2_t demosaic{};
     demosaic.dmscSkinCbThrMin = -1;
@@ -136,7 +136,7 @@ TEST(Records, blocksKeepTheirOddSpellingsSignsAndOrders)
     EXPECT_EQ(exposure.antiFlickerMode, 1);
 }
 
-TEST(Records, exposureControlRemembersThatItWasRead)
+TEST(Records, ExposureControlRemembersThatItWasRead)
 {
     EXPECT_EQ(defaults(QvDatabaseExposureControl_2_reset, QvDatabaseExposureControl_2_serialize),
               R"({"gain":{"analog":)" + list(4, "1.000000") + R"(,"digital":)" + list(4, "1.000000") +
@@ -149,7 +149,7 @@ TEST(Records, exposureControlRemembersThatItWasRead)
     EXPECT_FALSE(record.isParse);
 }
 
-TEST(Records, aScheduleHasAsManyRowsAsItsLastDocument)
+TEST(Records, AScheduleHasAsManyRowsAsItsLastDocument)
 {
     QvDatabaseAutoGreenEquilibration_t record{};
     read(QvDatabaseAutoGreenEquilibration_parse, record,
@@ -178,7 +178,7 @@ std::string rowKeys(Serialize<R> pSerialize)
     return keys(written(pSerialize, *pRecord)).substr(std::strlen("enable tables "));
 }
 
-TEST(Records, rowsOfSchedulesHaveOrdersOfTheirOwn)
+TEST(Records, RowsOfSchedulesHaveOrdersOfTheirOwn)
 {
     EXPECT_EQ(rowKeys(QvDatabaseAutoGammaCorrection_2_serialize), "curve gain hdr ");
     EXPECT_EQ(rowKeys(QvDatabaseAutoColorNoiseReduction_2_2_serialize),
@@ -186,7 +186,7 @@ TEST(Records, rowsOfSchedulesHaveOrdersOfTheirOwn)
     EXPECT_EQ(rowKeys(QvDatabaseAuto2DNoiseReduction_5_2_serialize), "gain sigma strength lumaCurveX lumaCurveY ");
 }
 
-TEST(Records, edgeEnhanceSchedulesWriteAnEmptyHdrAndNumbersForSwitches)
+TEST(Records, EdgeEnhanceSchedulesWriteAnEmptyHdrAndNumbersForSwitches)
 {
     const auto pRecord = std::make_unique<QvDatabaseAutoEdgeEnhance_2_t>();
     read(QvDatabaseAutoEdgeEnhance_2_parse, *pRecord,
@@ -204,7 +204,7 @@ TEST(Records, edgeEnhanceSchedulesWriteAnEmptyHdrAndNumbersForSwitches)
     EXPECT_EQ(QvDatabaseAutoEdgeEnhance_2_dataChanged(nullptr), 13);
 }
 
-TEST(Records, statisticsLeaveThroughWritersOfTheirOwn)
+TEST(Records, StatisticsLeaveThroughWritersOfTheirOwn)
 {
     QvDatabaseHistogram_t histogram{};
     QvDatabaseHistogram_2_t histogram2{};
@@ -226,7 +226,7 @@ TEST(Records, statisticsLeaveThroughWritersOfTheirOwn)
               1U);
 }
 
-TEST(Records, sensorListsEndAtTheirCapacitiesAndTheirCountsStandAlone)
+TEST(Records, SensorListsEndAtTheirCapacitiesAndTheirCountsStandAlone)
 {
     const auto pRecord = std::make_unique<QvDatabaseSensor_t>();
     const std::string modes = list(21, R"({"afMode": -1, "aeInfo": {"aGainRange": [{"min": 1}]}})");
@@ -272,7 +272,7 @@ std::string rectangle(const std::string& height, const std::string& width)
     return R"("rectangle":{"height":)" + height + R"(,"offset":{"x":0,"y":0},"width":)" + width + "}";
 }
 
-TEST(Records, defaultsAreThoseThatAFreshDatabaseWrites)
+TEST(Records, DefaultsAreThoseThatAFreshDatabaseWrites)
 {
     EXPECT_EQ(defaults(QvDatabaseBlackLevelSubtraction_reset, QvDatabaseBlackLevelSubtraction_serialize),
               R"({"overrideCaliEn":true,"bls":[0,0,0,0],"bitWidth":12})");
@@ -321,7 +321,7 @@ TEST(Records, defaultsAreThoseThatAFreshDatabaseWrites)
     EXPECT_EQ(std::string(reinterpret_cast<char*>(&meta), sizeof meta), zero);
 }
 
-TEST(Records, registersGrowWithAFillThatBeginsInsideTheFirst)
+TEST(Records, RegistersGrowWithAFillThatBeginsInsideTheFirst)
 {
     QvDatabaseDump_t dump{};
     read(QvDatabaseDump_parse, dump, R"({"registers": [{"address": "0x11", "isReadAction": true, "type": 1,
@@ -345,7 +345,7 @@ TEST(Records, registersGrowWithAFillThatBeginsInsideTheFirst)
               R"({"address":"0123456789\u0001","isReadAction":true,"type":0,"value":"0x1"})");
 }
 
-TEST(Records, valueRecordsHoldBitPatternsOneKeyTwiceAndSignedPoints)
+TEST(Records, ValueRecordsHoldBitPatternsOneKeyTwiceAndSignedPoints)
 {
     QvDatabaseGain_t gain{1.0F, 0.0F, 0.0F, -2.0F};
     QvDatabaseRange_t range{1.0F, 2.0F};
@@ -374,7 +374,7 @@ void refusesNull(Parse<R> pParse, Serialize<R> pSerialize, int (*pReset)(R*))
 
 #define QV_REFUSES_NULL(stem) refusesNull(stem##_parse, stem##_serialize, stem##_reset)
 
-TEST(Records, nullIsRefusedByEveryKindOfCodec)
+TEST(Records, NullIsRefusedByEveryKindOfCodec)
 {
     QV_REFUSES_NULL(QvDatabase3DNoiseReduction_2_1);
     QV_REFUSES_NULL(QvDatabaseExposureControl_2);

@@ -36,7 +36,7 @@ std::string bytes(const Database& database, const std::string& key)
     return {&database.record<char>(key.c_str()), QvDatabase_category(index)->size};
 }
 
-TEST(Reset, takesItsOwnCategoriesBackToDefaultsAndLeavesTheOthers)
+TEST(Reset, TakesItsOwnCategoriesBackToDefaultsAndLeavesTheOthers)
 {
     const Database fresh;
     const Database database;
@@ -62,7 +62,7 @@ TEST(Reset, takesItsOwnCategoriesBackToDefaultsAndLeavesTheOthers)
     database.record<QvDatabaseDump_t>("DUMP") = {}; // it holds no array to release
 }
 
-TEST(Reset, keepsTheProtocolSoThatTheNextSaveIsASimulatorDocument)
+TEST(Reset, KeepsTheProtocolSoThatTheNextSaveIsASimulatorDocument)
 {
     const Database database;
     EXPECT_EQ(database.loadText(R"({"tuning": {"GE": {"threshold": 2.5}, "FC": {"position": 420}}})"), 0);

@@ -86,7 +86,7 @@ std::string keysOf(QvJsonValue_t* pObject)
     return keys;
 }
 
-TEST(Simulator, aClassStringNamesOneCategory)
+TEST(Simulator, AClassStringNamesOneCategory)
 {
     for (const bool isAuto : {true, false}) {
         std::istringstream classes(isAuto ? kAutoClasses : kManualClasses);
@@ -101,7 +101,7 @@ TEST(Simulator, aClassStringNamesOneCategory)
     }
 }
 
-TEST(Simulator, aDocumentHoldsEachClassOnceInOrder)
+TEST(Simulator, ADocumentHoldsEachClassOnceInOrder)
 {
     const UserDatabase database;
     std::memset(&database.record<char>("2DNR_5_2") + 61, 'x', 84 - 61); // no zero byte behind the class string's begin
@@ -127,7 +127,7 @@ TEST(Simulator, aDocumentHoldsEachClassOnceInOrder)
     }
 }
 
-TEST(Simulator, theSampleComesBackWithEveryFieldThatBothFormsCarry)
+TEST(Simulator, TheSampleComesBackWithEveryFieldThatBothFormsCarry)
 {
     const UserDatabase source;
     const UserDatabase ones;
@@ -174,7 +174,7 @@ TEST(Simulator, theSampleComesBackWithEveryFieldThatBothFormsCarry)
     EXPECT_FALSE(ones.record<QvDatabaseMisc_t>("MISC").nrReloc);
 }
 
-TEST(Simulator, whatNamesNoClassOfItsPlaceChangesNothing)
+TEST(Simulator, WhatNamesNoClassOfItsPlaceChangesNothing)
 {
     for (const char* pRoot :
          {"[]", "{}", "5", "\"A2dnrv5_1\"", "[5, null, [], {}]", R"({"classname": "A2dnrv5_1", "nr_reloc": true})",
@@ -192,7 +192,7 @@ TEST(Simulator, whatNamesNoClassOfItsPlaceChangesNothing)
     EXPECT_EQ(QvDatabaseProtocolSimulator_serialize(Database().handle(), nullptr), 13);
 }
 
-TEST(Simulator, laterObjectsOverlayEarlierOnes)
+TEST(Simulator, LaterObjectsOverlayEarlierOnes)
 {
     const Database database;
     EXPECT_EQ(database.loadText(R"({"root": [{"classname": "unknown"}, {"classname": "Af", "mode": 1, "maxFocal": 9},
@@ -210,7 +210,7 @@ TEST(Simulator, laterObjectsOverlayEarlierOnes)
     EXPECT_TRUE(bls.bitWidth == 12 && bls.overrideCaliEn);
 }
 
-TEST(Simulator, theWindowsOfTheStatisticsAreZeroedWhereTheDocumentLacksThem)
+TEST(Simulator, TheWindowsOfTheStatisticsAreZeroedWhereTheDocumentLacksThem)
 {
     const std::pair<const char*, const char*> kCases[] = {
         {R"({"windows": [1, 65538, 3, 40000, 5]})", "[1, 2, 3, 40000]"},
@@ -228,7 +228,7 @@ TEST(Simulator, theWindowsOfTheStatisticsAreZeroedWhereTheDocumentLacksThem)
     }
 }
 
-TEST(Simulator, zerosOfTheExpansionCurveRepeatTheValueBeforeThem)
+TEST(Simulator, ZerosOfTheExpansionCurveRepeatTheValueBeforeThem)
 {
     QvDatabaseCompand_1_1_t record{};
     record.expandCurveY[60] = 9;
@@ -246,7 +246,7 @@ TEST(Simulator, zerosOfTheExpansionCurveRepeatTheValueBeforeThem)
               std::string::npos);
 }
 
-TEST(Simulator, schedulesCountTheObjectsOfTheirList)
+TEST(Simulator, SchedulesCountTheObjectsOfTheirList)
 {
     const auto pRecord = std::make_unique<QvDatabaseAuto2DNoiseReduction_5_2_t>();
     const auto read = [&](const std::string& text) {
@@ -271,7 +271,7 @@ TEST(Simulator, schedulesCountTheObjectsOfTheirList)
     EXPECT_EQ(std::string(pRecord->class_, 20), "abcdefghijklmnopqrst");
 }
 
-TEST(Simulator, manualBlocksHoldTheirSwitchAsANumber)
+TEST(Simulator, ManualBlocksHoldTheirSwitchAsANumber)
 {
     QvDatabaseDigitalGain_t gain{.enable = true,
                                  .digitalGainB = 1,

@@ -17,7 +17,7 @@ QvDatabaseGreenEquilibration_t& green(const Database& database)
     return database.record<QvDatabaseGreenEquilibration_t>("GE");
 }
 
-TEST(Text, theEndOfTheNameAloneChoosesTheForm)
+TEST(Text, TheEndOfTheNameAloneChoosesTheForm)
 {
     const Database database;
     const Traces traces;
@@ -45,7 +45,7 @@ TEST(Text, theEndOfTheNameAloneChoosesTheForm)
     EXPECT_EQ(QvDatabase_save(database.handle(), nullptr), 13);
 }
 
-TEST(Text, whatCannotBeReadIsReportedWithItsPlaceAndTouchesNothing)
+TEST(Text, WhatCannotBeReadIsReportedWithItsPlaceAndTouchesNothing)
 {
     const Database database;
     const TemporaryFolder folder;
@@ -69,7 +69,7 @@ TEST(Text, whatCannotBeReadIsReportedWithItsPlaceAndTouchesNothing)
     EXPECT_EQ(green(database).threshold, 0.0F);
 }
 
-TEST(Text, aDocumentWithNothingInItChangesNothing)
+TEST(Text, ADocumentWithNothingInItChangesNothing)
 {
     const Database database;
     const std::string before = database.savedText("image");
@@ -82,7 +82,7 @@ TEST(Text, aDocumentWithNothingInItChangesNothing)
     EXPECT_TRUE(database.savedText("image") == before);
 }
 
-TEST(Text, anotherVersionIsTakenWithAWarningWhoseLabelsAreReversed)
+TEST(Text, AnotherVersionIsTakenWithAWarningWhoseLabelsAreReversed)
 {
     const Database database;
     auto& misc = database.record<QvDatabaseMisc_t>("MISC");
@@ -110,7 +110,7 @@ TEST(Text, anotherVersionIsTakenWithAWarningWhoseLabelsAreReversed)
         std::string::npos);
 }
 
-TEST(Text, aSaveStampsTheDateAndWritesTheMembersInOrder)
+TEST(Text, ASaveStampsTheDateAndWritesTheMembersInOrder)
 {
     const Database database;
     const std::string text = database.savedText();
@@ -124,7 +124,7 @@ TEST(Text, aSaveStampsTheDateAndWritesTheMembersInOrder)
     EXPECT_EQ(text.find("\n  \"root\": "), std::string::npos);
 }
 
-TEST(Text, theMembersAreReadInAnOrderOfTheirOwn)
+TEST(Text, TheMembersAreReadInAnOrderOfTheirOwn)
 {
     const Database database;
     // Tuning has the last word wherever it stands, and the simulator's content is read beside it.

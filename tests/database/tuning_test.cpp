@@ -39,7 +39,7 @@ void compare(const std::filesystem::path& path, QvJsonValue_t* pLeft, QvJsonValu
     }
 }
 
-TEST(Tuning, aSaveHoldsAllCategoriesInOrderButTheStatistics)
+TEST(Tuning, ASaveHoldsAllCategoriesInOrderButTheStatistics)
 {
     const Database database;
     EXPECT_EQ(database.loadText(R"({"tuning": {"AES_2": {"inputSelect": 3}}})"), 0);
@@ -56,7 +56,7 @@ TEST(Tuning, aSaveHoldsAllCategoriesInOrderButTheStatistics)
               "LSC_4 ALSC_4 RGBIR_1_1 TL WB_1_1 AWB_3 WDR_5_2_1 AWDR_5_2_1 AWM DUMP MISC C_MODEL DVC IPT OPT SS TM ");
 }
 
-TEST(Tuning, aLoadOverlaysWhatItNamesAndPassesOverTheRest)
+TEST(Tuning, ALoadOverlaysWhatItNamesAndPassesOverTheRest)
 {
     const Database database;
     const auto& green = database.record<QvDatabaseGreenEquilibration_t>("GE");
@@ -76,7 +76,7 @@ TEST(Tuning, aLoadOverlaysWhatItNamesAndPassesOverTheRest)
     EXPECT_EQ(database.record<QvDatabaseSetting_t>("ST").protocol, QvDatabaseSettingProtocol_Standard);
 }
 
-TEST(Tuning, noMemberOfARealDocumentIsPassedOver)
+TEST(Tuning, NoMemberOfARealDocumentIsPassedOver)
 {
     const Database database;
     const std::string text = readFile(sample("imx477.json"));
@@ -92,7 +92,7 @@ TEST(Tuning, noMemberOfARealDocumentIsPassedOver)
     EXPECT_TRUE(other.savedText().substr(behindDate) == saved.substr(behindDate));
 }
 
-TEST(Tuning, anImageCarriesAllOfARealDocumentButWhatItHasNoPlaceFor)
+TEST(Tuning, AnImageCarriesAllOfARealDocumentButWhatItHasNoPlaceFor)
 {
     const Database database;
     const Database other;
