@@ -28,17 +28,25 @@ bool isTrue(const bool* pData)
     return byte != 0;
 }
 
-/// Calls store(list, index in the list, index in the record) for each element that document and record both hold. The
-/// index in the record follows from the extents alone, so a short row leaves the rows behind it in their places.
+/// The items of a list, one behind the other.
+std::span<QvJsonValue_t> itemsOf(QvJsonValue_t* pList)
+{
+    const std::size_t number = QvJsonValue_size(pList);
+    return number == 0 ? std::span<QvJsonValue_t>{} : std::span{pList->holder.pArray->pValues, number};
+}
+
+/// Calls store(item, index in the record) for each element that document and record both hold. The index in the record
+/// follows from the extents alone, so a short row leaves the rows behind it in their places.
 template <class Store>
 void readList(QvJsonValue_t* pList, Extents extents, std::size_t base, const Store& store)
 {
-    const std::size_t number = std::min(extents.front(), QvJsonValue_size(pList));
+    const std::span<QvJsonValue_t> items = itemsOf(pList);
+    const std::size_t number = std::min(extents.front(), items.size());
     for (std::size_t i = 0; i < number; ++i) {
         if (extents.size() == 1) {
-            store(pList, i, base + i);
+            store(items[i], base + i);
         } else {
-            readList(QvJsonValue_item(pList, i), extents.subspan(1), (base + i) * extents[1], store);
+            readList(&items[i], extents.subspan(1), (base + i) * extents[1], store);
         }
     }
 }
@@ -116,11 +124,20 @@ int traced(const Place& place, int status)
     return status == kSuccess ? status : traceFailure(place, status);
 }
 
+/// A number as a float. Most are of their own kind and need no call; what becomes of the others the JSON library says.
+inline double floatOf(QvJsonValue_t& item)
+{
+    return item.type == QvJsonValueType_Float ? item.holder._float : QvJsonValue_asFloat(&item);
+}
+
+inline ssize_t integerOf(QvJsonValue_t& item)
+{
+    return item.type == QvJsonValueType_Integer ? item.holder.integer : QvJsonValue_asInteger(&item);
+}
+
 auto floatStore(float* pData)
 {
-    return [pData](QvJsonValue_t* pList, std::size_t i, std::size_t at) {
-        pData[at] = static_cast<float>(QvJsonValue_itemAsFloat(pList, i));
-    };
+    return [pData](QvJsonValue_t& item, std::size_t at) { pData[at] = static_cast<float>(floatOf(item)); };
 }
 
 auto floatAdd(const float* pData)
@@ -130,11 +147,30 @@ auto floatAdd(const float* pData)
     };
 }
 
-auto integerStore(void* pData, std::size_t stride)
+/// Stores the low bytes of integers of type T.
+template <class T>
+auto narrowStore(void* pData)
 {
-    return [pData, stride](QvJsonValue_t* pList, std::size_t i, std::size_t at) {
-        QvCommonConvert_integer2Binary(pData, stride, at, QvJsonValue_itemAsInteger(pList, i));
+    return [pData](QvJsonValue_t& item, std::size_t at) {
+        const auto value = static_cast<T>(integerOf(item));
+        std::memcpy(static_cast<char*>(pData) + at * sizeof(T), &value, sizeof(T));
     };
+}
+
+/// Reads a list of integers. The widths that fill the documents have a loop each, the others ask the conversion.
+int readIntegers(QvJsonValue_t* pValue, const char* pKey, std::initializer_list<std::size_t> extents, void* pData,
+                 std::size_t stride)
+{
+    switch (stride) {
+    case sizeof(std::uint8_t):
+        return readMember(pValue, pKey, extents, narrowStore<std::uint8_t>(pData));
+    case sizeof(std::uint16_t):
+        return readMember(pValue, pKey, extents, narrowStore<std::uint16_t>(pData));
+    default:
+        return readMember(pValue, pKey, extents, [pData, stride](QvJsonValue_t& item, std::size_t at) {
+            QvCommonConvert_integer2Binary(pData, stride, at, integerOf(item));
+        });
+    }
 }
 
 auto integerAdd(bool isSigned, void* pData, std::size_t stride)
@@ -154,10 +190,9 @@ int readRows(QvJsonValue_t* pValue, float* pData, std::size_t limit, const char*
     }
     const std::size_t rows = QvJsonValue_size(pMember);
     for (std::size_t i = 0; i < rows; ++i) {
-        QvJsonValue_t* pRow = QvJsonValue_item(pMember, i);
-        const std::size_t columns = QvJsonValue_size(pRow);
-        for (std::size_t j = 0; j < columns && j + i * columns < limit; ++j) {
-            pData[j + i * columns] = static_cast<float>(QvJsonValue_itemAsFloat(pRow, j));
+        const std::span<QvJsonValue_t> row = itemsOf(QvJsonValue_item(pMember, i));
+        for (std::size_t j = 0; j < row.size() && j + i * row.size() < limit; ++j) {
+            pData[j + i * row.size()] = static_cast<float>(floatOf(row[j]));
         }
     }
     return kSuccess;
@@ -179,9 +214,8 @@ int QvDatabaseAccess_bool(QvJsonValue_t* pValue, bool* pData, const char* pKey)
 
 int QvDatabaseAccess_bools(QvJsonValue_t* pValue, bool* pData, std::size_t length, const char* pKey)
 {
-    return readMember(pValue, pKey, {length}, [pData](QvJsonValue_t* pList, std::size_t i, std::size_t at) {
-        pData[at] = QvJsonValue_itemAsBoolean(pList, i);
-    });
+    return readMember(pValue, pKey, {length},
+                      [pData](QvJsonValue_t& item, std::size_t at) { pData[at] = QvJsonValue_asBoolean(&item); });
 }
 
 int QvDatabaseAccess_chars(QvJsonValue_t* pValue, char* pData, std::size_t length, const char* pKey)
@@ -200,8 +234,8 @@ int QvDatabaseAccess_chars(QvJsonValue_t* pValue, char* pData, std::size_t lengt
 int QvDatabaseAccess_chars22(QvJsonValue_t* pValue, char* pData, std::size_t length, std::size_t length2,
                              const char* pKey)
 {
-    return readMember(pValue, pKey, {length}, [=](QvJsonValue_t* pList, std::size_t i, std::size_t at) {
-        const char* pText = QvJsonValue_itemAsString(pList, i);
+    return readMember(pValue, pKey, {length}, [=](QvJsonValue_t& item, std::size_t at) {
+        const char* pText = QvJsonValue_asString(&item);
         if (pText != nullptr) {
             std::strncpy(pData + at * length2, pText, length2);
         }
@@ -220,9 +254,8 @@ int QvDatabaseAccess_double(QvJsonValue_t* pValue, double* pData, const char* pK
 
 int QvDatabaseAccess_doubles(QvJsonValue_t* pValue, double* pData, std::size_t length, const char* pKey)
 {
-    return readMember(pValue, pKey, {length}, [pData](QvJsonValue_t* pList, std::size_t i, std::size_t at) {
-        pData[at] = QvJsonValue_itemAsFloat(pList, i);
-    });
+    return readMember(pValue, pKey, {length},
+                      [pData](QvJsonValue_t& item, std::size_t at) { pData[at] = floatOf(item); });
 }
 
 int QvDatabaseAccess_float(QvJsonValue_t* pValue, float* pData, const char* pKey)
@@ -270,19 +303,19 @@ int QvDatabaseAccess_integer(QvJsonValue_t* pValue, void* pData, std::size_t str
 int QvDatabaseAccess_integers(QvJsonValue_t* pValue, void* pData, std::size_t stride, std::size_t length,
                               const char* pKey)
 {
-    return readMember(pValue, pKey, {length}, integerStore(pData, stride));
+    return readIntegers(pValue, pKey, {length}, pData, stride);
 }
 
 int QvDatabaseAccess_intergers22(QvJsonValue_t* pValue, void* pData, std::size_t stride, std::size_t length,
                                  std::size_t length2, const char* pKey)
 {
-    return readMember(pValue, pKey, {length, length2}, integerStore(pData, stride));
+    return readIntegers(pValue, pKey, {length, length2}, pData, stride);
 }
 
 int QvDatabaseAccess_intergers33(QvJsonValue_t* pValue, void* pData, std::size_t stride, std::size_t length,
                                  std::size_t length2, std::size_t length3, const char* pKey)
 {
-    return readMember(pValue, pKey, {length, length2, length3}, integerStore(pData, stride));
+    return readIntegers(pValue, pKey, {length, length2, length3}, pData, stride);
 }
 
 int QvDatabaseAccess_objects(QvJsonValue_t* pValue, void* pData, std::size_t stride, std::size_t length,

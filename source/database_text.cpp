@@ -9,13 +9,13 @@
 #include <qv_database_c/database_misc.h>
 #include <qv_database_c/database_setting.h>
 #include <qv_database_c/database_tuning.h>
-#include <qv_database_c/protocol_calibration.h>
 #include <qv_database_c/protocol_simulator_codecs.h>
 
 #include "database_registry.h"
 #include "database_status.h"
 #include "database_trace.h"
 #include "database_walk.h"
+#include "protocol_calibration.h"
 
 namespace qv::database::text {
 namespace {
@@ -37,8 +37,10 @@ using namespace qv::database;
 
 namespace {
 
-/// Calibration begins from a clean record at each load, unlike every other category.
-int calibration_textParse(const Context_t* pContext, QvCommonBuffer_t* pBuffer)
+/// Calibration begins from a clean record at each load, unlike every other category. Its reader takes a text. A document
+/// that has been parsed is not parsed once more for that: its tree gives the same record, status and traces, and a load
+/// would take nearly twice as long. A text that is none (pDocument is null) goes to the reader, whose status it gets.
+int calibration_textParse(const Context_t* pContext, QvCommonBuffer_t* pBuffer, QvJsonValue_t* pDocument)
 {
     if (pContext == nullptr || pBuffer == nullptr) {
         return kBadArgument;
@@ -47,7 +49,8 @@ int calibration_textParse(const Context_t* pContext, QvCommonBuffer_t* pBuffer)
     QV_TRY(findRecord(pContext, "CLB", &pData));
     auto* pRecord = static_cast<QvDatabaseCalibration_t*>(pData);
     QV_TRY(QvDatabaseProtocolCalibration_reset(pRecord));
-    QV_TRY(QvDatabaseProtocolCalibration_parse(pBuffer->pBegin, pRecord));
+    QV_TRY(pDocument == nullptr ? QvDatabaseProtocolCalibration_parse(pBuffer->pBegin, pRecord)
+                                : parseCalibration(pDocument, pRecord));
     pRecord->isLoaded = true;
     return kSuccess;
 }
@@ -106,7 +109,7 @@ int parseMembers(QvDatabaseHandle_t handle, QvJsonValue_t* pDocument, QvCommonBu
     }
     pMember = QvJsonValue_member(pDocument, "header");
     if (!QvJsonValue_isEmpty(pMember)) {
-        QV_TRY_AS(pFunction, calibration_textParse(contextOf(handle), pBuffer));
+        QV_TRY_AS(pFunction, calibration_textParse(contextOf(handle), pBuffer, pDocument));
     }
     pMember = QvJsonValue_member(pDocument, "tuning");
     if (!QvJsonValue_isEmpty(pMember)) {
@@ -140,7 +143,7 @@ int QvDatabaseText_parse(QvDatabaseHandle_t handle, QvCommonBuffer_t* pBuffer)
     }
     const Context_t* pContext = contextOf(handle);
     if (pBuffer->pBegin != nullptr && *pBuffer->pBegin == '<') {
-        return calibration_textParse(pContext, pBuffer);
+        return calibration_textParse(pContext, pBuffer, nullptr);
     }
     QvJsonValue_t* pDocument = nullptr;
     QV_TRY(QvJsonReader_parse(pContext->hJsonReader, pBuffer->pBegin, pBuffer->pBegin + pBuffer->size, &pDocument));

@@ -1,3 +1,4 @@
+#include <cctype>
 #include <cstring>
 #include <numeric>
 #include <sstream>
@@ -214,6 +215,89 @@ TEST_F(Calibration, TheSampleIsReportedAndSurvivesASaveOverAnotherOne)
     ASSERT_EQ(second.loadText(first.savedText()), 0);
     EXPECT_EQ(sections(second.savedText()), sections(readFile(sample("imx477.json"))));
     EXPECT_TRUE(loaded.isLoaded);
+}
+
+/// What a calibration text came to: status, record and traces, without the lines of the levels above the parser.
+struct Outcome {
+    int status;
+    std::string record;
+    std::vector<std::string> traces;
+
+    bool operator==(const Outcome&) const = default;
+};
+
+std::vector<std::string> parserTraces(const Traces& traces)
+{
+    std::vector<std::string> lines;
+    for (const TraceLine& line : traces.lines()) {
+        if (line.text.find("database_text.cpp") == std::string::npos &&
+            line.text.find("qv_database.cpp") == std::string::npos) {
+            lines.push_back(line.text);
+        }
+    }
+    return lines;
+}
+
+// A load walks the tree that it has; the parser of texts makes one of its own. Both are the same to their callers.
+TEST(CalibrationText, ALoadGivesWhatTheParserOfTextsGives)
+{
+    std::vector<std::string> texts = {
+        readFile(sample("imx477.json")),
+        R"({"header": {"creator": "x"}, "sensor": {"BLS": [{"name": "a"}], "BNR": [{}]}, "system": {"AFPS": {}}})",
+        R"({"header": {"creator": 5, "resolution": 7}, "sensor": [1, 2], "system": "x"})",
+        R"({"header": {"resolution": {"a": 1}}, "sensor": {"AWB": 1, "CC": "x", "LSC": [[], 5, null]}})",
+        R"({"header": [1], "sensor": {"CC": [{"ccMatrix": [[1], 2, "x"], "wb": 3, "name": [5]}]}})",
+    };
+    for (const auto& [before, behind] : std::initializer_list<std::pair<const char*, const char*>>{
+             {R"("resolution": )", ""}, {R"("resolution": [{"framerate": )", "}]"}}) {
+        texts.push_back(std::string(R"({"header": {)") + before + repeated("{}", 6) + behind + "}}");
+    }
+    for (const char* pList : {"BLS", "BNR", "CAC", "CC", "DPF", "LSC", "globals", "illumination"}) {
+        const bool isInAwb = std::islower(*pList) != 0;
+        for (const std::size_t number : {15U, 255U, 256U}) {
+            const std::string members = std::string("\"") + pList + "\": " + repeated(R"({"name": "n"})", number);
+            texts.push_back(R"({"header": {"creator": "x"}, "sensor": {)" +
+                            (isInAwb ? "\"AWB\": {" + members + "}" : members) + "}}");
+        }
+    }
+    std::size_t failures = 0;
+    std::size_t traces = 0;
+    for (const std::string& text : texts) {
+        const Database database;
+        auto& record = database.record<QvDatabaseCalibration_t>("CLB");
+        const auto recordBytes = [&] { return std::string(reinterpret_cast<const char*>(&record), sizeof record); };
+        // Without the other members, whose traces would stand between.
+        const JsonValue document = parseJson(text);
+        for (const char* pKey : {"version", "tuning"}) {
+            QvJsonValue_t* pMember = QvJsonValue_member(document.get(), pKey);
+            QvJsonValue_delete(&pMember);
+        }
+        const std::string calibration = jsonText(document.get());
+
+        Outcome parsedText{};
+        {
+            const Traces lines;
+            EXPECT_EQ(QvDatabaseProtocolCalibration_reset(&record), 0);
+            parsedText.status = QvDatabaseProtocolCalibration_parse(calibration.c_str(), &record);
+            parsedText.record = recordBytes();
+            parsedText.traces = parserTraces(lines);
+        }
+        Outcome loaded{};
+        {
+            const Traces lines;
+            loaded.status = database.loadText(calibration);
+            EXPECT_EQ(record.isLoaded, loaded.status == 0) << text.substr(0, 80);
+            record.isLoaded = false;
+            loaded.record = recordBytes();
+            loaded.traces = parserTraces(lines);
+        }
+        EXPECT_TRUE(parsedText == loaded) << text.substr(0, 80) << ": " << parsedText.status << " and " << loaded.status
+                                          << ", " << parsedText.traces.size() << " and " << loaded.traces.size();
+        failures += parsedText.status == 6 ? 1U : 0U;
+        traces += parsedText.traces.size();
+    }
+    EXPECT_GE(failures, 15U);
+    EXPECT_GE(traces, 200U);
 }
 
 TEST(CalibrationText, TheScannerTakesWhatStandsBetweenTheFirstBrackets)

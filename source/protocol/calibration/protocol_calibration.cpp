@@ -1,11 +1,17 @@
 #include <cstring>
 
-#include <qv_database_c/protocol_calibration.h>
 #include <qv_json_c/json_reader.h>
 
 #include "database_status.h"
 #include "database_trace.h"
 #include "database_walk.h"
+#include "protocol_calibration.h"
+
+int qv::database::parseCalibration(QvJsonValue_t* pDocument, QvDatabaseCalibration_t* pConfig)
+{
+    QV_TRY_AS("QvDatabaseProtocolCalibration_parse", QvDatabaseProtocolCalibrationJson_parse(pDocument, pConfig));
+    return kSuccess;
+}
 
 using namespace qv::database;
 
@@ -20,7 +26,10 @@ int QvDatabaseProtocolCalibration_parse(const char* pText, QvDatabaseCalibration
     QvJsonValue_t* pDocument = nullptr;
     QV_TRY(QvJsonReader_parse(hReader, pText, pText + std::strlen(pText), &pDocument));
     QV_TRY(QvJsonReader_close(&hReader));
-    QV_TRY(QvDatabaseProtocolCalibrationJson_parse(pDocument, pConfig));
+    const int status = parseCalibration(pDocument, pConfig);
+    if (status != kSuccess) {
+        return status;
+    }
     QV_TRY(QvJsonValue_delete(&pDocument));
     return kSuccess;
 }

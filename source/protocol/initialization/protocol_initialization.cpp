@@ -104,6 +104,21 @@ int traceRow(const Table& table, const Field& field, const char* pVerb, int stat
     return traceFailure({table.file, field.line, function}, status);
 }
 
+/// The row of a key. Files mostly hold the members in the order of the rows, so the search begins at the row behind the
+/// last hit, which `next` remembers.
+const Field* findRow(const Table& table, const char* pKey, std::size_t& next)
+{
+    const std::size_t number = table.rows.size();
+    for (std::size_t i = 0; i < number; ++i) {
+        const std::size_t row = (next + i) % number;
+        if (QvCommonArgument_match(pKey, table.rows[row].key)) {
+            next = row + 1;
+            return &table.rows[row];
+        }
+    }
+    return nullptr;
+}
+
 int writeMember(const Table& table, const Field& field, std::string_view value, QvInitializationSection_t* pSection)
 {
     QvInitializationMember_t* pMember = nullptr;
@@ -134,6 +149,7 @@ int writeMember(const Table& table, const Field& field, std::string_view value, 
 int readSection(const Table& table, QvInitializationSection_t* pSection, void* pRecord)
 {
     char* pBegin = static_cast<char*>(pRecord);
+    std::size_t next = 0;
     const std::size_t number = QvCommonDQueue_length(pSection->hMember);
     for (std::size_t i = 0; i < number; ++i) {
         void* pElement = nullptr;
@@ -142,10 +158,9 @@ int readSection(const Table& table, QvInitializationSection_t* pSection, void* p
             return traceRow(table, table.rows.front(), kReading, status);
         }
         auto* pMember = static_cast<QvInitializationMember_t*>(pElement);
-        for (const Field& field : table.rows) {
-            if (QvCommonArgument_match(pMember->pKey, field.key) && pMember->pValue != nullptr) {
-                readValue(field, pMember->pValue, pBegin + field.offset, table.size - field.offset);
-            }
+        const Field* pField = findRow(table, pMember->pKey, next);
+        if (pField != nullptr && pMember->pValue != nullptr) {
+            readValue(*pField, pMember->pValue, pBegin + pField->offset, table.size - pField->offset);
         }
         status = QvCommonDQueue_pushBack(pSection->hMember, &pElement);
         if (status != kSuccess) {
