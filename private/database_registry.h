@@ -13,13 +13,20 @@ namespace qv::database {
 /// One category: its key, what it takes to make its record, and the codecs of the documents that carry it.
 struct Category {
     const char* key;
-    const char* record;          ///< name of the C type
-    std::size_t size;            ///< bytes of the record, here and in a binary image
-    int (*reset)(void* pRecord); ///< puts the defaults in; 13 for null
+    const char* record;            ///< name of the C type
+    std::size_t size;              ///< bytes of the record, here and in a binary image
+    int (*reset)(void* pRecord);   ///< puts the defaults in; 13 for null
+    bool isResetUnguarded = false; ///< the reset takes no null record
     Codec tuning = {};
     Codec simulator = {};
     SectionCodec initialization = {};
 
+    constexpr Category unguarded() const
+    {
+        Category category = *this;
+        category.isResetUnguarded = true;
+        return category;
+    }
     constexpr Category simulated(Codec codec) const
     {
         Category category = *this;

@@ -12,6 +12,7 @@
 
 #include <qv_common_c/common_convert.h>
 
+#include "database_shortage.h"
 #include "database_status.h"
 #include "database_trace.h"
 
@@ -98,7 +99,7 @@ int writeList(QvJsonValue_t* pList, Extents extents, std::size_t base, const Pla
 template <class Add>
 int writeFlat(QvJsonValue_t* pValue, const char* pKey, std::size_t length, const Place& place, const Add& add)
 {
-    return writeList(QvJsonValue_member(pValue, pKey), {&length, 1}, 0, place, add);
+    return writeList(writableMember(pValue, pKey), {&length, 1}, 0, place, add);
 }
 
 /// A list of lists is an array of its own, also with no elements.
@@ -443,7 +444,7 @@ int QvDatabaseAccess_intergers33_(QvJsonValue_t* pValue, bool isSigned, void* pD
 int QvDatabaseAccess_objects_(QvJsonValue_t* pValue, void* pData, std::size_t stride, std::size_t length,
                               const char* pKey, Serialize_t* pSerialize)
 {
-    QvJsonValue_t* pList = QvJsonValue_member(pValue, pKey);
+    QvJsonValue_t* pList = writableMember(pValue, pKey);
     for (std::size_t i = 0; i < length; ++i) {
         QvJsonValue_t* pItem = nullptr;
         QV_TRY(QvJsonValue_create(QvJsonValueType_Object, &pItem));

@@ -4,6 +4,7 @@
 
 #include "database_initialization.h"
 #include "database_registry.h"
+#include "database_shortage.h"
 #include "database_status.h"
 #include "database_trace.h"
 
@@ -18,6 +19,9 @@ int QvDatabaseInitialization_serialize(QvDatabaseHandle_t handle, QvCommonBuffer
         QvInitializationSection_t* pSection = nullptr;
         QV_TRY(QvInitializationSection_create(&pSection));
         pSection->pHeader = strdup(pKey);
+        if (pSection->pHeader == nullptr) {
+            noteShortage(); // the section goes on without a name
+        }
         const Category* pCategory = nullptr;
         void* pRecord = nullptr;
         int status = queryCategory(handle, pKey, &pCategory, &pRecord);

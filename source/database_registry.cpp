@@ -24,7 +24,7 @@ template <auto kReset>
 constexpr Category category(const char* pKey, const char* pRecord, Codec tuning = {})
 {
     using R = decltype(resetRecordOf(kReset));
-    return {pKey, pRecord, sizeof(R), [](void* pData) { return kReset(static_cast<R*>(pData)); }, tuning};
+    return {pKey, pRecord, sizeof(R), [](void* pData) { return kReset(static_cast<R*>(pData)); }, false, tuning};
 }
 
 #define QV_CATEGORY(key, record, reset) category<&reset>(key, #record)
@@ -40,14 +40,14 @@ constexpr Category category(const char* pKey, const char* pRecord, Codec tuning 
 // clang-format off
 constexpr Category kCategories[] = {
     QV_CATEGORY("CLB", QvDatabaseCalibration_t, QvDatabaseProtocolCalibration_reset),
-    QV_TUNED("2DNR_5_2", QvDatabase2DNoiseReduction_5_2).simulated(QV_CLASS(2DNoiseReduction_5_2)),
+    QV_TUNED("2DNR_5_2", QvDatabase2DNoiseReduction_5_2).unguarded().simulated(QV_CLASS(2DNoiseReduction_5_2)),
     QV_TUNED("A2DNR_5_2", QvDatabaseAuto2DNoiseReduction_5_2).simulated(QV_CLASS(auto2DNoiseReduction_5_2)),
     QV_UNTUNED("3AI_2", QvDatabase3AInterface_2).simulated(QV_CLASS(3AInterface_2)),
     QV_TUNED("3DNR_2_1", QvDatabase3DNoiseReduction_2_1).simulated(QV_CLASS(3DNoiseReduction_2_1)),
     QV_TUNED("A3DNR_2_1", QvDatabaseAuto3DNoiseReduction_2_1).simulated(QV_CLASS(auto3DNoiseReduction_2_1)),
     QV_TUNED("BLS", QvDatabaseBlackLevelSubtraction).simulated(QV_CLASS(blackLevelSubtraction)),
     QV_TUNED("ABLS", QvDatabaseAutoBlackLevelSubtraction).simulated(QV_CLASS(autoBlackLevelSubtraction)),
-    QV_TUNED("C_MODEL", QvDatabaseCModel).sectioned(QV_SECTION(cModel)),
+    QV_TUNED("C_MODEL", QvDatabaseCModel).unguarded().sectioned(QV_SECTION(cModel)),
     QV_TUNED("CCM_1_1", QvDatabaseColorCorrectionMatrix_1_1).simulated(QV_CLASS(colorCorrectionMatrix_1_1)),
     QV_TUNED("ACCM_1_1", QvDatabaseAutoColorCorrectionMatrix_1_1).simulated(QV_CLASS(AutoColorCorrectionMatrix_1_1)),
     QV_TUNED("CNR_2_2", QvDatabaseColorNoiseReduction_2_2).simulated(QV_CLASS(colorNoiseReduction_2_2)),
@@ -90,7 +90,7 @@ constexpr Category kCategories[] = {
     QV_TUNED("OPT", QvDatabaseOutput).sectioned(QV_SECTION(output)),
     QV_UNTUNED("RGT", QvDatabaseRegister),
     QV_TUNED("RGBIR_1_1", QvDatabaseRgbInfraredRadiation_1_1).simulated(QV_CLASS(rgbInfraredRadiation_1_1)),
-    QV_TUNED("SS", QvDatabaseSensor).simulated(QV_CLASS(sensor)).sectioned(QV_SECTION(sensor)),
+    QV_TUNED("SS", QvDatabaseSensor).unguarded().simulated(QV_CLASS(sensor)).sectioned(QV_SECTION(sensor)),
     QV_UNTUNED("ST", QvDatabaseSetting),
     QV_TUNED("TL", QvDatabaseTile),
     QV_TUNED("TM", QvDatabaseTransmit).sectioned(QV_SECTION(transmit)),
@@ -129,8 +129,9 @@ const Category* findCategory(const char* pKey)
 int registerCategories(const Context_t* pContext)
 {
     for (const Category& row : kCategories) {
-        // A reset answers a null record with 13, which is the test of the allocation.
+        // A reset answers a null record with 13, which is the test of the allocation, but for those that test nothing.
         std::unique_ptr<void, decltype(&std::free)> pRecord{std::calloc(1, row.size), &std::free};
+        QV_TRY(pRecord == nullptr && row.isResetUnguarded ? kNoMemory : kSuccess);
         QV_TRY(row.reset(pRecord.get()));
         std::unique_ptr<void, decltype(&std::free)> pHolder{std::calloc(1, sizeof(QvCommonMapSlot_t)), &std::free};
         QV_TRY(pHolder == nullptr ? kNoMemory : kSuccess);

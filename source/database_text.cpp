@@ -12,6 +12,7 @@
 #include <qv_database_c/protocol_simulator_codecs.h>
 
 #include "database_registry.h"
+#include "database_shortage.h"
 #include "database_status.h"
 #include "database_trace.h"
 #include "database_walk.h"
@@ -163,7 +164,7 @@ int QvDatabaseText_serialize(QvDatabaseHandle_t handle, QvCommonBuffer_t* pBuffe
     QvJsonValue_t* pDocument = nullptr;
     QV_TRY(QvJsonValue_create(QvJsonValueType_Object, &pDocument));
     // Nor is it where the version fails, whose member is gone then.
-    QV_TRY(version_serialize(handle, QvJsonValue_member(pDocument, "version")));
+    QV_TRY(version_serialize(handle, writableMember(pDocument, "version")));
     int status = serializeMembers(handle, pDocument, __func__);
     if (status == kSuccess) {
         status = QvJsonWriter_stringify(contextOf(handle)->hJsonWriter, pDocument, &pBuffer->pBegin);

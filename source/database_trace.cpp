@@ -5,11 +5,22 @@
 #include <qv_common_c/common_error.h>
 #include <qv_common_c/common_tracer.h>
 
+#include "database_shortage.h"
+#include "database_status.h"
+
 namespace qv::database {
 namespace {
 
+void noteStatus(int status)
+{
+    if (status == kNoMemory) {
+        noteShortage();
+    }
+}
+
 void traceStatus(QvCommonTracerLevel_t level, const Place& place, int status)
 {
+    noteStatus(status);
     QvCommonTracer_prefixSet(hTracer, level, place.file, place.line, place.function);
     std::fprintf(QvCommonTracer_file(hTracer), "%s(%d)\n", QvCommonError_text(status), status);
 }
@@ -29,6 +40,7 @@ void traceWarning(const Place& place, int status)
 
 void traceMember(const Place& place, const char* pKey, int status)
 {
+    noteStatus(status);
     QvCommonTracer_prefixSet(hTracer, QvCommonTracerLevel_Debug, place.file, place.line, place.function);
     std::fprintf(QvCommonTracer_file(hTracer), "(%s) %s(%d)\n", pKey, QvCommonError_text(status), status);
 }

@@ -1,6 +1,7 @@
 #include <qv_database_c/database_tuning.h>
 
 #include "database_registry.h"
+#include "database_shortage.h"
 #include "database_status.h"
 #include "database_trace.h"
 #include "database_tuning.h"
@@ -12,7 +13,7 @@ int QvDatabaseTuning_serialize(QvDatabaseHandle_t handle, QvJsonValue_t* pValue)
     if (handle == 0 || pValue == nullptr) {
         return kBadArgument;
     }
-    QvJsonValue_t* pTuning = QvJsonValue_member(pValue, "tuning");
+    QvJsonValue_t* pTuning = writableMember(pValue, "tuning");
     for (const TuningRow& row : kTuningRows) {
         if (!row.isWritten) {
             continue;
@@ -20,7 +21,7 @@ int QvDatabaseTuning_serialize(QvDatabaseHandle_t handle, QvJsonValue_t* pValue)
         const Category* pCategory = nullptr;
         void* pRecord = nullptr;
         QV_TRY(queryCategory(handle, row.key, &pCategory, &pRecord));
-        QV_TRY(pCategory->tuning.serialize(pRecord, QvJsonValue_member(pTuning, row.key)));
+        QV_TRY(pCategory->tuning.serialize(pRecord, writableMember(pTuning, row.key)));
     }
     return kSuccess;
 }

@@ -8,6 +8,7 @@
 #include <qv_common_c/common_convert.h>
 
 #include "database_access.h"
+#include "database_shortage.h"
 #include "database_trace.h"
 
 namespace qv::database {
@@ -352,7 +353,7 @@ int writeRecords(const Field& field, const Block& block, QvJsonValue_t* pValue)
     if (field.count == Count::Schedule) {
         return writeSchedule(field, block, pValue);
     }
-    QvJsonValue_t* pMember = QvJsonValue_member(pValue, field.key);
+    QvJsonValue_t* pMember = writableMember(pValue, field.key);
     if (field.count == Count::One) {
         return writeFields(*field.table, block.item(field, 0), pMember);
     }
@@ -367,8 +368,8 @@ int writeRecords(const Field& field, const Block& block, QvJsonValue_t* pValue)
         // An item behind the array is whatever the record holds there. Texts and lists end with it, or a record of a
         // few kilobytes could ask for gigabytes of text.
         const bool isBehind = field.count == Count::Measured && i >= field.extents[0];
-        status = writeFields(*field.table, {pItem, isBehind ? pItem + field.width : items.pEnd},
-                             QvJsonValue_item(pMember, i));
+        status =
+            writeFields(*field.table, {pItem, isBehind ? pItem + field.width : items.pEnd}, writableItem(pMember, i));
     }
     return status;
 }

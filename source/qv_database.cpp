@@ -20,6 +20,7 @@
 #include <qv_database_c/protocol_simulator_codecs.h>
 
 #include "database_registry.h"
+#include "database_shortage.h"
 #include "database_status.h"
 #include "database_trace.h"
 
@@ -73,6 +74,9 @@ int serializeImage(QvDatabaseHandle_t handle, QvCommonBuffer_t* pBuffer)
         return status;
     }
     pBuffer->pBegin = static_cast<char*>(std::calloc(1, total));
+    if (pBuffer->pBegin == nullptr) {
+        return kNoMemory;
+    }
     pBuffer->size = total;
     pBuffer->isAllocated = true;
     return QvDatabaseBinary_serialize(handle, pBuffer, nullptr);
@@ -101,6 +105,7 @@ int QvDatabase_open(QvDatabaseOpenParam_t* pParam, QvDatabaseHandle_t* pHandle)
     std::fprintf(infoStream(), "ISP Version: %s\n", kIspVersion);
     auto* pContext = static_cast<Context_t*>(std::calloc(1, sizeof(Context_t)));
     *pHandle = reinterpret_cast<QvDatabaseHandle_t>(pContext);
+    QV_TRY(pContext == nullptr ? kNoMemory : kSuccess);
     pContext->openParam = *pParam;
     std::snprintf(pContext->description, sizeof pContext->description, "Database");
 
@@ -206,7 +211,9 @@ int QvDatabase_save(QvDatabaseHandle_t handle, const char* pFilename)
     QvCommonBuffer_t* pBuffer = nullptr;
     QV_TRY(QvCommonBuffer_create(&pBuffer));
     Buffer owner(pBuffer);
+    clearShortage();
     QV_TRY(serialize(handle, pFilename, pBuffer));
+    QV_TRY(isShort() ? kNoMemory : kSuccess); // a document that lacks something must not replace the one there
     QV_TRY(QvCommonBuffer_save2(pBuffer, pFilename, 0));
     pBuffer = owner.release();
     QV_TRY(QvCommonBuffer_delete(&pBuffer));
@@ -242,11 +249,15 @@ int QvDatabase_metaSave(QvDatabaseHandle_t handle, const char* pFilename)
     QvJsonValue_t* pDocument = nullptr;
     QV_TRY(QvJsonValue_create(QvJsonValueType_Null, &pDocument));
     QvDatabaseSetting_t* pSetting = nullptr;
+    clearShortage();
     int status = queryRecord(handle, "ST", &pSetting);
     if (status == kSuccess) {
         status = pSetting->protocol == QvDatabaseSettingProtocol_Simulator
                      ? QvDatabaseProtocolSimulator_meta_serialize(pMeta, pDocument)
                      : QvDatabaseMeta_serialize(pMeta, pDocument);
+    }
+    if (status == kSuccess && isShort()) {
+        status = kNoMemory; // as in a save of the whole
     }
     if (status == kSuccess) {
         status = QvJsonWriter_save(contextOf(handle)->hJsonWriter, pDocument, pFilename);

@@ -30,6 +30,9 @@ int QvDatabaseProtocolCalibrationBinary_serialize(QvDatabaseCalibration_t* pConf
         return kBadArgument;
     }
     pBuffer->pBegin = static_cast<char*>(std::calloc(1, kSize));
+    if (pBuffer->pBegin == nullptr) {
+        return kNoMemory;
+    }
     pBuffer->size = kSize;
     pBuffer->isAllocated = true;
     std::memcpy(pBuffer->pBegin, pConfig, kSize);

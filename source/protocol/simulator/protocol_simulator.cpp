@@ -5,6 +5,7 @@
 #include <qv_json_c/json_path.h>
 
 #include "database_registry.h"
+#include "database_shortage.h"
 #include "database_status.h"
 #include "database_trace.h"
 #include "protocol_simulator.h"
@@ -134,7 +135,7 @@ int serialize(QvDatabaseHandle_t handle, QvJsonValue_t* pRoot)
     QvJsonValue_t* pDriver = nullptr;
     QV_TRY(addObject(pRoot, &pDriver));
     QV_TRY(writeCategory(handle, kDriverKeys[0], pDriver));
-    QV_TRY(manual_serialize(handle, QvJsonValue_member(pDriver, "driver")));
+    QV_TRY(manual_serialize(handle, writableMember(pDriver, "driver")));
     const int status = writeCategory(handle, kDriverKeys[1], pDriver);
     return status == kSuccess || status == kMemberMissing ? status : QV_FAIL(status);
 }
@@ -161,6 +162,6 @@ int QvDatabaseProtocolSimulator_serialize(QvDatabaseHandle_t handle, QvJsonValue
     if (handle == 0 || pValue == nullptr) {
         return kBadArgument;
     }
-    QV_TRY(serialize(handle, QvJsonValue_member(pValue, "root")));
+    QV_TRY(serialize(handle, writableMember(pValue, "root")));
     return kSuccess;
 }
