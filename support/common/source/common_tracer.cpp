@@ -42,7 +42,9 @@ struct Position {
 
 constexpr Position kNoPosition = {0, QvCommonTracerLevel_Info, nullptr, 0, nullptr, false};
 
-constinit thread_local Position position = kNoPosition;
+// The model puts it into what each thread has from its start. In a library that is loaded later it would otherwise be
+// made at a thread's first trace, and the C library aborts the process when it finds no memory for it.
+[[gnu::tls_model("initial-exec")]] constinit thread_local Position position = kNoPosition;
 
 QvCommonTracerLevel_t levelOfThread()
 {

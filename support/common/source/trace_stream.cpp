@@ -1,6 +1,7 @@
 #include "trace_stream.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace qv::common {
 
@@ -9,8 +10,21 @@ FILE* sinkStream()
     // A stream that was opened for reading only refuses output at the door: fprintf looks at that flag before it looks
     // at the format, so a line that nobody wants costs a call and no formatting. (A stream of its own, with or without
     // a buffer, would format first and drop afterwards.) The refusals set errno, which tracing doesn't keep anyway.
-    static FILE* const pSink = fopencookie(nullptr, "r", cookie_io_functions_t{});
-    return pSink != nullptr ? pSink : stderr;
+    static std::atomic<FILE*> sink = nullptr;
+    FILE* pSink = sink.load(std::memory_order_acquire);
+    if (pSink != nullptr) {
+        return pSink;
+    }
+    FILE* pNew = fopencookie(nullptr, "r", cookie_io_functions_t{});
+    if (pNew == nullptr) {
+        // Only for now: a shortage of memory may pass.
+        return stderr;
+    }
+    if (!sink.compare_exchange_strong(pSink, pNew, std::memory_order_acq_rel)) {
+        std::fclose(pNew);
+        return pSink;
+    }
+    return pNew;
 }
 
 LineStream::~LineStream()

@@ -91,6 +91,8 @@ QV_JSON_API int QvJsonValue_delete(QvJsonValue_t** ppValue);
  * Never yields null. For a null pointer, for a value of another kind and when memory runs out, the result is an empty
  * value that belongs to the library and to no tree. It may be used like any other, and is good until the same thread
  * has been given sixteen more of them, or ends.
+ * Without memory even for those, it is one that stays empty: what is added to it answers 5, and its comments are not to
+ * be set.
  */
 QV_JSON_API QvJsonValue_t* QvJsonValue_member(QvJsonValue_t* pValue, const char* pKey);
 
