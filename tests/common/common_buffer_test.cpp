@@ -163,10 +163,22 @@ TEST_F(CommonBuffer, FailedSaveLeavesTheOldFileAndNothingElse)
     rlimit before = {};
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
     const rlimit limit = {5000, before.rlim_max};
-    std::signal(SIGXFSZ, SIG_IGN);
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
-    const int status = save(path, std::string(9000, 'n'));
+    const int status = save(path, std::string(9000, 'n')); // its signal would end this program
+    // Nor is the signal kept for a program that has blocked it, unless it waited before.
+    sigset_t signals;
+    sigset_t pending;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGXFSZ);
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+    EXPECT_EQ(save(path, std::string(9000, 'n')), 12);
+    sigpending(&pending);
+    EXPECT_EQ(sigismember(&pending, SIGXFSZ), 0);
+    pthread_kill(pthread_self(), SIGXFSZ);
+    EXPECT_EQ(save(path, std::string(9000, 'n')), 12);
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+    EXPECT_EQ(sigwaitinfo(&signals, nullptr), SIGXFSZ);
+    pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
     EXPECT_EQ(status, 12);
 
     EXPECT_EQ(save(folder_ / "none/file", "x"), 3);
