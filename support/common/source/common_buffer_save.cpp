@@ -65,9 +65,10 @@ private:
     bool wasPending_ = false;
 };
 
-int writeAll(int descriptor, std::string_view content)
+// `signal` is the one that a failure may send.
+int writeAll(int descriptor, std::string_view content, int signal)
 {
-    const SignalGuard guard(SIGXFSZ); // the limit on the size of files
+    const SignalGuard guard(signal);
     while (!content.empty()) {
         const ssize_t count = ::write(descriptor, content.data(), content.size());
         if (count > 0) {
@@ -87,7 +88,7 @@ int writeThrough(const char* pFilename, std::string_view content)
     if (!file.isOpen()) {
         return fileStatus(errno, QvCommonError_Write);
     }
-    const int status = writeAll(file.get(), content);
+    const int status = writeAll(file.get(), content, SIGPIPE); // the reader of a pipe went away
     return file.close() ? status : QvCommonError_Write;
 }
 
@@ -256,7 +257,7 @@ private:
         if (pOld_ != nullptr && !inherit()) {
             return QvCommonError_Write;
         }
-        const int status = writeAll(file_.get(), content_);
+        const int status = writeAll(file_.get(), content_, SIGXFSZ); // the limit on the size of files
         if (status != QvCommonError_Success) {
             return status;
         }

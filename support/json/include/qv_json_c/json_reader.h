@@ -51,7 +51,7 @@ QV_JSON_API int QvJsonReader_parse(QvJsonReaderHandle_t handle, const char* pBeg
 
 /*
  * The same from a file. pFilename is not null. Beside the statuses above come those of QvCommonBuffer_load2 (3 not
- * found, 4 access denied, 9 a folder, 11 read error), with a trace at Error level that names the file.
+ * found, 4 access denied, 6 over 1 GiB, 9 a folder, 11 read error), with a trace at Error level that names the file.
  */
 QV_JSON_API int QvJsonReader_load(QvJsonReaderHandle_t handle, const char* pFilename, QvJsonValue_t** ppValue);
 
