@@ -1,8 +1,10 @@
 #include "qv_common_c/common_tracer.h"
 
 #include <cstdlib>
+#include <fcntl.h>
 #include <string>
 #include <thread>
+#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -105,6 +107,59 @@ TEST(CommonTracer, ThreadsKeepTheirOwnPositions)
     std::fprintf(QvCommonTracer_file(handle), "mine\n");
     EXPECT_EQ(lines, (Lines{{1, "info: other"}, {3, "error: mine.cpp:1: f: mine"}}));
     EXPECT_EQ(QvCommonTracer_close(&handle), 0);
+}
+
+TEST(CommonTracer, LinesOfThreadsNeverMixAndAreOneWriteEach)
+{
+    // Each write into a pipe of packets comes out on its own.
+    int ends[2] = {};
+    ASSERT_EQ(pipe2(ends, O_DIRECT), 0);
+    FILE* pPipe = fdopen(ends[1], "w");
+    ASSERT_EQ(std::setvbuf(pPipe, nullptr, _IONBF, 0), 0);
+    QvCommonTracerOpenParam_t param = {QvCommonTracerLevel_Info, pPipe, nullptr, nullptr};
+    QvCommonTracerHandle_t handle = 0;
+    ASSERT_EQ(QvCommonTracer_open(&param, &handle), 0);
+
+    constexpr int kLines = 2000;
+    const auto line = [](int thread, int number) {
+        return std::to_string(thread) + ", " + std::to_string(number) + " " +
+               std::string(static_cast<size_t>(number) % 300, static_cast<char>('a' + thread));
+    };
+    std::vector<std::thread> threads;
+    threads.reserve(2);
+    for (int thread = 0; thread < 2; ++thread) {
+        threads.emplace_back([&, thread] {
+            for (int number = 0; number < kLines; ++number) {
+                const std::string text = line(thread, number);
+                QvCommonTracer_prefixSet(handle, QvCommonTracerLevel_Error, "file.cpp", thread, "f");
+                FILE* pFile = QvCommonTracer_file(handle);
+                // In two parts, the first of them short or long.
+                const int part = number % 7;
+                std::fprintf(pFile, "%.*s", part, text.c_str());
+                std::fprintf(pFile, "%s\n", text.c_str() + part);
+            }
+        });
+    }
+    std::thread closer([&] {
+        for (std::thread& thread : threads) {
+            thread.join();
+        }
+        EXPECT_EQ(QvCommonTracer_close(&handle), 0);
+        std::fclose(pPipe);
+    });
+    int next[2] = {};
+    char packet[4096];
+    for (ssize_t size = 0; (size = read(ends[0], packet, sizeof(packet))) > 0;) {
+        const std::string text(packet, static_cast<size_t>(size));
+        const int thread = text.find(", ") != std::string::npos && text[text.find(", ") - 1] == '1' ? 1 : 0;
+        EXPECT_EQ(text, std::string("error: file.cpp") + (thread == 1 ? ":1" : "") +
+                            ": f: " + line(thread, next[thread]) + "\n");
+        ++next[thread];
+    }
+    closer.join();
+    close(ends[0]);
+    EXPECT_EQ(next[0], kLines);
+    EXPECT_EQ(next[1], kLines);
 }
 
 TEST(CommonTracer, StreamIsTheCallersAndMayBeFull)

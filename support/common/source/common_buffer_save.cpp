@@ -1,10 +1,13 @@
-#include <atomic>
 #include <cerrno>
+#include <csignal>
+#include <cstdint>
 #include <cstdio>
+#include <ctime>
 #include <fcntl.h>
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -19,15 +22,59 @@ using namespace qv::common;
 namespace fs = std::filesystem;
 
 constexpr int kMostLinks = 40;
+constexpr int kMostSaves = 1000; // at once of one file
 constexpr mode_t kPermissionBits = 07777;
 
-int writeAll(int descriptor, std::string_view content)
+// While it lives a write that fails sends this thread no signal, so that the failure comes back as a status in a program
+// that doesn't handle it.
+class SignalGuard {
+public:
+    explicit SignalGuard(int signal)
+    {
+        sigset_t before;
+        sigemptyset(&signals_);
+        sigaddset(&signals_, signal);
+        pthread_sigmask(SIG_BLOCK, &signals_, &before);
+        isOurs_ = sigismember(&before, signal) == 0;
+        if (!isOurs_) {
+            sigset_t pending;
+            sigpending(&pending);
+            wasPending_ = sigismember(&pending, signal) == 1;
+        }
+    }
+    SignalGuard(const SignalGuard&) = delete;
+    SignalGuard& operator=(const SignalGuard&) = delete;
+    ~SignalGuard()
+    {
+        if (isOurs_) {
+            pthread_sigmask(SIG_UNBLOCK, &signals_, nullptr);
+        }
+    }
+
+    // Takes back the signal that a failed write has sent. One that waited before goes on waiting.
+    void drop() const
+    {
+        constexpr timespec kNow = {};
+        while (!wasPending_ && sigtimedwait(&signals_, nullptr, &kNow) < 0 && errno == EINTR) {
+        }
+    }
+
+private:
+    sigset_t signals_;
+    bool isOurs_ = false;
+    bool wasPending_ = false;
+};
+
+// `signal` is the one that a failure may send.
+int writeAll(int descriptor, std::string_view content, int signal)
 {
+    const SignalGuard guard(signal);
     while (!content.empty()) {
         const ssize_t count = ::write(descriptor, content.data(), content.size());
         if (count > 0) {
             content.remove_prefix(static_cast<size_t>(count));
         } else if (count == 0 || errno != EINTR) {
+            guard.drop();
             return QvCommonError_Write;
         }
     }
@@ -41,7 +88,7 @@ int writeThrough(const char* pFilename, std::string_view content)
     if (!file.isOpen()) {
         return fileStatus(errno, QvCommonError_Write);
     }
-    const int status = writeAll(file.get(), content);
+    const int status = writeAll(file.get(), content, SIGPIPE); // the reader of a pipe went away
     return file.close() ? status : QvCommonError_Write;
 }
 
@@ -62,60 +109,194 @@ int followLinks(fs::path& path)
     return QvCommonError_NotFound;
 }
 
-// Makes a file of a new name in the folder of `target`. The mode is cut by the umask here, which spares asking for the
-// umask: that can't be done without changing it under the feet of other threads.
-FileDescriptor createBeside(const fs::path& target, mode_t mode, fs::path& path)
-{
-    static std::atomic<unsigned> counter = 0;
-    int descriptor = -1;
-    do {
-        path = target.parent_path() / (".qv_save." + std::to_string(getpid()) + "." + std::to_string(++counter));
-        descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-    } while (descriptor < 0 && errno == EEXIST);
-    return FileDescriptor(descriptor);
-}
-
-// Gives the new file what belongs to the old one beside its content.
-bool inherit(int descriptor, const struct stat& old)
-{
-    // Where the owner can't be kept the file is better saved under another one than not at all.
-    [[maybe_unused]] const int owner = fchown(descriptor, old.st_uid, old.st_gid);
-    return fchmod(descriptor, old.st_mode & kPermissionBits) == 0;
-}
-
-int fill(FileDescriptor& file, const struct stat* pOld, std::string_view content)
-{
-    if (pOld != nullptr && !inherit(file.get(), *pOld)) {
-        return QvCommonError_Write;
+// The names under which new files for one target wait for their turn: ".qv_save.<hash of its name>.<number>". They can be
+// counted up rather than looked for, so that what a killed process left is found without reading the folder. A file
+// that waits is locked by its process; one that isn't is left over.
+class WaitingNames {
+public:
+    WaitingNames(int folder, std::string_view target) : folder_(folder)
+    {
+        uint64_t hash = 0xCBF29CE484222325; // FNV-1a: the same in every process. A target's own name may be too long.
+        for (const char byte : target) {
+            hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001B3;
+        }
+        stem_ = ".qv_save." + std::to_string(hash) + ".";
     }
-    const int status = writeAll(file.get(), content);
-    if (status != QvCommonError_Success) {
+
+    const char* name() const { return name_.c_str(); }
+
+    // Calls for one name after the other until the call doesn't fail because there is such a file. What is left over
+    // is removed. The call's last result.
+    template <typename Call>
+    int findFree(Call call)
+    {
+        while (number_ < kMostSaves) {
+            name_ = stem_ + std::to_string(number_);
+            const int result = call();
+            if (result >= 0 || errno != EEXIST) {
+                return result;
+            }
+            if (removeLeftOver() == Found::InUse) {
+                ++number_;
+            }
+        }
+        errno = EEXIST;
+        return -1;
+    }
+
+    // Removes what is left over behind the name that was found.
+    void clean()
+    {
+        do {
+            name_ = stem_ + std::to_string(++number_);
+        } while (number_ < kMostSaves && removeLeftOver() != Found::Nothing);
+    }
+
+private:
+    enum class Found { Nothing, InUse, Removed };
+
+    Found removeLeftOver() const
+    {
+        // Nobody waits for the other end of what isn't a file.
+        const FileDescriptor file(::openat(folder_, name(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+        if (!file.isOpen()) {
+            return errno == ENOENT ? Found::Nothing : Found::InUse;
+        }
+        struct stat opened = {};
+        struct stat named = {};
+        if (flock(file.get(), LOCK_EX | LOCK_NB) != 0 || fstat(file.get(), &opened) != 0) {
+            return Found::InUse;
+        }
+        // While we were looking its process may have given it the target's name, and another its own this one.
+        if (::fstatat(folder_, name(), &named, AT_SYMLINK_NOFOLLOW) != 0 || named.st_ino != opened.st_ino ||
+            named.st_dev != opened.st_dev) {
+            return Found::Removed;
+        }
+        return S_ISREG(opened.st_mode) && ::unlinkat(folder_, name(), 0) == 0 ? Found::Removed : Found::InUse;
+    }
+
+    int folder_;
+    int number_ = 0;
+    std::string stem_;
+    std::string name_;
+};
+
+// One replacement of a file, or the making of a new one.
+class Replacement {
+public:
+    // `pOld` is null for a file that doesn't exist yet.
+    Replacement(int folder, const char* pName, const struct stat* pOld, std::string_view content)
+        : folder_(folder), pName_(pName), pOld_(pOld), content_(content), names_(folder, pName)
+    {
+    }
+
+    int run()
+    {
+        int status = writeUnnamed();
+        if (status == QvCommonError_NotSupported) {
+            status = writeNamed();
+        }
+        if (status != QvCommonError_Success) {
+            return status;
+        }
+        if (::renameat(folder_, names_.name(), folder_, pName_) != 0) {
+            status = fileStatus(errno, QvCommonError_Write);
+            ::unlinkat(folder_, names_.name(), 0);
+            return status;
+        }
+        names_.clean();
+        // The new file is there. Whether the folder is on the disk, too, can't make that undone.
+        fsync(folder_);
+        return QvCommonError_Success;
+    }
+
+private:
+    // The mode is cut by the umask on making the file, which spares asking for the umask: that can't be done without
+    // changing it under the feet of other threads.
+    mode_t mode() const { return pOld_ != nullptr ? 0600 : 0666; }
+
+    // A file without a name is gone with its process. It gets a name once it is whole. Not every file system knows such
+    // files, and not everywhere is there a /proc to name them by.
+    int writeUnnamed()
+    {
+        file_ = FileDescriptor(::openat(folder_, ".", O_WRONLY | O_TMPFILE | O_CLOEXEC, mode()));
+        if (!file_.isOpen()) {
+            return QvCommonError_NotSupported;
+        }
+        if (const int status = fill(); status != QvCommonError_Success) {
+            return status;
+        }
+        flock(file_.get(), LOCK_EX | LOCK_NB);
+        const std::string self = "/proc/self/fd/" + std::to_string(file_.get());
+        const int linked = names_.findFree(
+            [&] { return ::linkat(AT_FDCWD, self.c_str(), folder_, names_.name(), AT_SYMLINK_FOLLOW); });
+        return linked == 0 ? QvCommonError_Success : QvCommonError_NotSupported;
+    }
+
+    int writeNamed()
+    {
+        struct stat state = {};
+        do {
+            file_ = FileDescriptor(names_.findFree(
+                [&] { return ::openat(folder_, names_.name(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode()); }));
+            if (!file_.isOpen()) {
+                return fileStatus(errno, QvCommonError_Write);
+            }
+            // Until it is locked another process may take it for left over.
+        } while ((flock(file_.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) ||
+                 (fstat(file_.get(), &state) == 0 && state.st_nlink == 0));
+        const int status = fill();
+        if (status != QvCommonError_Success) {
+            ::unlinkat(folder_, names_.name(), 0);
+        }
         return status;
     }
-    const bool isOnDisk = fsync(file.get()) == 0;
-    return file.close() && isOnDisk ? QvCommonError_Success : QvCommonError_Write;
-}
 
-// `pOld` is null for a file that doesn't exist yet.
+    int fill()
+    {
+        if (pOld_ != nullptr && !inherit()) {
+            return QvCommonError_Write;
+        }
+        const int status = writeAll(file_.get(), content_, SIGXFSZ); // the limit on the size of files
+        if (status != QvCommonError_Success) {
+            return status;
+        }
+        return fsync(file_.get()) == 0 ? QvCommonError_Success : QvCommonError_Write;
+    }
+
+    // Gives the new file what belongs to the old one beside its content.
+    bool inherit() const
+    {
+        // Where the owner can't be kept the file is better saved under another one than not at all.
+        [[maybe_unused]] const int owner = fchown(file_.get(), pOld_->st_uid, pOld_->st_gid);
+        return fchmod(file_.get(), pOld_->st_mode & kPermissionBits) == 0;
+    }
+
+    int folder_;
+    const char* pName_;
+    const struct stat* pOld_;
+    std::string_view content_;
+    WaitingNames names_;
+    FileDescriptor file_; // stays open, and so locked, until it has the target's name
+};
+
 int replace(const fs::path& target, const struct stat* pOld, std::string_view content)
 {
     // Renaming doesn't ask whether the old file may be written.
     if (pOld != nullptr && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) {
         return fileStatus(errno, QvCommonError_Write);
     }
-    fs::path path;
-    FileDescriptor file = createBeside(target, pOld != nullptr ? 0600 : 0666, path);
-    if (!file.isOpen()) {
+    const fs::path path = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    FileDescriptor folder(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder.isOpen() && errno == EACCES) {
+        // One may be written without being readable, but then it can't be flushed.
+        folder = FileDescriptor(::open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    }
+    if (!folder.isOpen()) {
         return fileStatus(errno, QvCommonError_Write);
     }
-    int status = fill(file, pOld, content);
-    if (status == QvCommonError_Success && ::rename(path.c_str(), target.c_str()) != 0) {
-        status = fileStatus(errno, QvCommonError_Write);
-    }
-    if (status != QvCommonError_Success) {
-        ::unlink(path.c_str());
-    }
-    return status;
+    const fs::path name = target.filename();
+    return Replacement(folder.get(), name.c_str(), pOld, content).run();
 }
 
 int save(const char* pFilename, std::string_view content)

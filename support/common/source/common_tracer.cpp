@@ -1,9 +1,12 @@
 #include "qv_common_c/common_tracer.h"
 
 #include <array>
+#include <atomic>
 #include <cstddef>
 #include <cstring>
 #include <memory>
+#include <new>
+#include <string_view>
 
 #include "boundary.h"
 #include "trace_stream.h"
@@ -17,18 +20,11 @@ using namespace qv::common;
 constexpr std::array<const char*, QvCommonTracerLevel_Sum> kWords = {"debug", "info", "warning", "error"};
 
 struct Tracer {
-    QvCommonTracerLevel_t level = QvCommonTracerLevel_Info;
-    FILE* pStream = nullptr;
-    std::unique_ptr<LineStream> pLines;
-
-    FILE* stream() const
-    {
-        if (pLines != nullptr) {
-            return pLines->get();
-        }
-        return pStream != nullptr ? pStream : stderr;
-    }
+    QvCommonTracerLevel_t level;
+    LineStream lines;
 };
+
+constexpr QvCommonTracerLevel_t kBuiltInLevel = QvCommonTracerLevel_Info;
 
 // What a thread has said about the line it writes next.
 struct Position {
@@ -42,7 +38,9 @@ struct Position {
 
 constexpr Position kNoPosition = {0, QvCommonTracerLevel_Info, nullptr, 0, nullptr, false};
 
-constinit thread_local Position position = kNoPosition;
+// The model puts it into what each thread has from its start. In a library that is loaded later it would otherwise be
+// made at a thread's first trace, and the C library aborts the process when it finds no memory for it.
+[[gnu::tls_model("initial-exec")]] constinit thread_local Position position = kNoPosition;
 
 QvCommonTracerLevel_t levelOfThread()
 {
@@ -58,18 +56,49 @@ bool isLevel(const QvCommonTracerLevel_t& level, int last)
     return number >= 0 && number <= last;
 }
 
-void writePrefix(FILE* pStream)
+void writePrefix(LineStream& lines)
 {
+    constexpr std::string_view kBehind = ": ";
     char lineText[16] = "";
     if (position.line > 0) {
         std::snprintf(lineText, sizeof(lineText), ":%d", position.line);
     }
-    const bool hasFile = position.pFile != nullptr;
-    const bool hasFunction = hasFile && position.pFunction != nullptr;
-    // One call, so that the prefix stays together when several threads write.
-    std::fprintf(pStream, "%s: %s%s%s%s%s", kWords[static_cast<size_t>(position.level)], hasFile ? position.pFile : "",
-                 hasFile ? lineText : "", hasFile ? ": " : "", hasFunction ? position.pFunction : "",
-                 hasFunction ? ": " : "");
+    const std::string_view word = kWords[static_cast<size_t>(position.level)];
+    if (position.pFile == nullptr) {
+        lines.write({word, kBehind});
+    } else if (position.pFunction == nullptr) {
+        lines.write({word, kBehind, position.pFile, lineText, kBehind});
+    } else {
+        lines.write({word, kBehind, position.pFile, lineText, kBehind, position.pFunction, kBehind});
+    }
+}
+
+// Null without memory.
+std::unique_ptr<Tracer> makeTracer(QvCommonTracerLevel_t level, const LineTarget& target) noexcept
+{
+    try {
+        auto pTracer = std::unique_ptr<Tracer>(new Tracer{level, {target, levelOfThread}});
+        if (pTracer->lines.open()) {
+            return pTracer;
+        }
+    } catch (const std::bad_alloc&) {
+        // The same outcome.
+    }
+    return nullptr;
+}
+
+// The tracer of handle 0, made when something is first written to it and kept for good. Null without memory.
+Tracer* builtInTracer()
+{
+    static std::atomic<Tracer*> builtIn = nullptr;
+    Tracer* pTracer = builtIn.load(std::memory_order_acquire);
+    if (pTracer == nullptr) {
+        std::unique_ptr<Tracer> pNew = makeTracer(kBuiltInLevel, {});
+        if (pNew != nullptr && builtIn.compare_exchange_strong(pTracer, pNew.get(), std::memory_order_acq_rel)) {
+            pTracer = pNew.release();
+        }
+    }
+    return pTracer;
 }
 
 } // namespace
@@ -79,20 +108,12 @@ int QvCommonTracer_open(QvCommonTracerOpenParam_t* pParam, QvCommonTracerHandle_
     if (pParam == nullptr || !isClear(pHandle) || !isLevel(pParam->level, QvCommonTracerLevel_Sum)) {
         return QvCommonError_BadArgument;
     }
-    return guarded([&] {
-        auto pTracer = std::make_unique<Tracer>();
-        pTracer->level = pParam->level;
-        if (pParam->pWrite != nullptr) {
-            pTracer->pLines = std::make_unique<LineStream>(pParam->pWrite, pParam->pUserData, levelOfThread);
-            if (!pTracer->pLines->open()) {
-                return QvCommonError_OutOfMemory;
-            }
-        } else {
-            pTracer->pStream = pParam->pStream;
-        }
-        *pHandle = toHandle(pTracer.release());
-        return QvCommonError_Success;
-    });
+    std::unique_ptr<Tracer> pTracer = makeTracer(pParam->level, {pParam->pStream, pParam->pWrite, pParam->pUserData});
+    if (pTracer == nullptr) {
+        return QvCommonError_OutOfMemory;
+    }
+    *pHandle = toHandle(pTracer.release());
+    return QvCommonError_Success;
 }
 
 int QvCommonTracer_close(QvCommonTracerHandle_t* pHandle)
@@ -100,9 +121,7 @@ int QvCommonTracer_close(QvCommonTracerHandle_t* pHandle)
     if (!isSet(pHandle)) {
         return QvCommonError_BadArgument;
     }
-    std::unique_ptr<Tracer> pTracer(fromHandle<Tracer>(*pHandle));
-    std::fflush(pTracer->stream());
-    pTracer.reset();
+    delete fromHandle<Tracer>(*pHandle);
     if (position.handle == *pHandle) {
         // Another tracer may get the same handle; it has nothing to do with this one's last position.
         position = kNoPosition;
@@ -124,16 +143,21 @@ FILE* QvCommonTracer_file(QvCommonTracerHandle_t handle)
         position = kNoPosition;
         position.handle = handle;
     }
-    const Tracer* pTracer = fromHandle<Tracer>(handle);
-    const QvCommonTracerLevel_t lowest = pTracer != nullptr ? pTracer->level : QvCommonTracerLevel_Info;
+    Tracer* pTracer = fromHandle<Tracer>(handle);
+    const QvCommonTracerLevel_t lowest = pTracer != nullptr ? pTracer->level : kBuiltInLevel;
     const bool isPending = position.isPending;
     position.isPending = false;
     if (position.level < lowest) {
         return sinkStream();
     }
-    FILE* pStream = pTracer != nullptr ? pTracer->stream() : stderr;
-    if (isPending) {
-        writePrefix(pStream);
+    if (pTracer == nullptr) {
+        pTracer = builtInTracer();
     }
-    return pStream;
+    if (pTracer == nullptr) {
+        return stderr; // the text at least
+    }
+    if (isPending) {
+        writePrefix(pTracer->lines);
+    }
+    return pTracer->lines.get();
 }

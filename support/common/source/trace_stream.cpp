@@ -1,6 +1,7 @@
 #include "trace_stream.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace qv::common {
 
@@ -9,8 +10,21 @@ FILE* sinkStream()
     // A stream that was opened for reading only refuses output at the door: fprintf looks at that flag before it looks
     // at the format, so a line that nobody wants costs a call and no formatting. (A stream of its own, with or without
     // a buffer, would format first and drop afterwards.) The refusals set errno, which tracing doesn't keep anyway.
-    static FILE* const pSink = fopencookie(nullptr, "r", cookie_io_functions_t{});
-    return pSink != nullptr ? pSink : stderr;
+    static std::atomic<FILE*> sink = nullptr;
+    FILE* pSink = sink.load(std::memory_order_acquire);
+    if (pSink != nullptr) {
+        return pSink;
+    }
+    FILE* pNew = fopencookie(nullptr, "r", cookie_io_functions_t{});
+    if (pNew == nullptr) {
+        // Only for now: a shortage of memory may pass.
+        return stderr;
+    }
+    if (!sink.compare_exchange_strong(pSink, pNew, std::memory_order_acq_rel)) {
+        std::fclose(pNew);
+        return pSink;
+    }
+    return pNew;
 }
 
 LineStream::~LineStream()
@@ -18,48 +32,117 @@ LineStream::~LineStream()
     if (pStream_ != nullptr) {
         std::fclose(pStream_);
     }
-    if (!line_.empty()) {
-        endLine();
+    for (Line& line : lines_) {
+        if (!line.text.empty()) {
+            end(line);
+        }
+    }
+    if (target_.pWrite == nullptr) {
+        std::fflush(stream());
     }
 }
 
 bool LineStream::open()
 {
+    // A few threads can trace lines of common length when there is no more memory.
+    lines_.resize(4);
+    for (Line& line : lines_) {
+        line.text.reserve(250);
+    }
     cookie_io_functions_t functions = {};
-    functions.write = write;
+    functions.write = writeCookie;
     pStream_ = fopencookie(this, "w", functions);
-    return pStream_ != nullptr && std::setvbuf(pStream_, nullptr, _IOLBF, 0) == 0;
+    // Without a buffer each text arrives in the thread that writes it, so that texts of two never meet.
+    return pStream_ != nullptr && std::setvbuf(pStream_, nullptr, _IONBF, 0) == 0;
 }
 
-ssize_t LineStream::write(void* pCookie, const char* pText, size_t size)
+void LineStream::write(std::initializer_list<std::string_view> pieces)
 {
-    try {
-        static_cast<LineStream*>(pCookie)->take(pText, size);
-    } catch (...) {
-        // A trace that finds no memory is lost; the program that traces goes on.
-        static_cast<LineStream*>(pCookie)->line_.clear();
+    flockfile(pStream_);
+    for (const std::string_view piece : pieces) {
+        writeCookie(this, piece.data(), piece.size());
     }
+    funlockfile(pStream_);
+}
+
+ssize_t LineStream::writeCookie(void* pCookie, const char* pText, size_t size)
+{
+    auto* pSelf = static_cast<LineStream*>(pCookie);
+    flockfile(pSelf->pStream_); // stdio doesn't hold it for each part of a long text
+    try {
+        pSelf->take({pText, size});
+    } catch (...) {
+        pSelf->takeUnjoined({pText, size});
+    }
+    funlockfile(pSelf->pStream_);
     return static_cast<ssize_t>(size);
 }
 
-void LineStream::take(const char* pText, size_t size)
+LineStream::Line& LineStream::lineOfThread()
 {
-    const char* pEnd = pText + size;
-    while (pText != pEnd) {
-        const char* pLineEnd = std::find(pText, pEnd, '\n');
-        line_.append(pText, pLineEnd);
-        if (pLineEnd == pEnd) {
+    Line* pFree = nullptr;
+    for (Line& line : lines_) {
+        if (line.text.empty()) {
+            pFree = &line;
+        } else if (pthread_equal(line.thread, pthread_self()) != 0) {
+            return line;
+        }
+    }
+    if (pFree == nullptr) {
+        pFree = &lines_.emplace_back();
+    }
+    pFree->thread = pthread_self();
+    return *pFree;
+}
+
+// All or nothing where it throws.
+void LineStream::take(std::string_view text)
+{
+    Line& line = lineOfThread();
+    line.text.reserve(line.text.size() + text.size() + 1);
+    while (!text.empty()) {
+        const size_t length = std::min(text.find('\n'), text.size());
+        line.level = pLevel_();
+        line.text += text.substr(0, length);
+        if (length == text.size()) {
             return;
         }
-        endLine();
-        pText = pLineEnd + 1;
+        end(line);
+        text.remove_prefix(length + 1);
     }
 }
 
-void LineStream::endLine()
+// Without memory to join it a text follows the line's beginning as it comes. A function is given whole lines only: it
+// doesn't get this one, and the program that traces goes on.
+void LineStream::takeUnjoined(std::string_view text)
 {
-    pWrite_(pUserData_, pLevel_(), line_.c_str(), line_.size());
-    line_.clear();
+    if (target_.pWrite == nullptr) {
+        flockfile(stream());
+    }
+    for (Line& line : lines_) {
+        if (!line.text.empty() && pthread_equal(line.thread, pthread_self()) != 0) {
+            if (target_.pWrite == nullptr) {
+                std::fwrite(line.text.data(), 1, line.text.size(), stream());
+            }
+            line.text.clear();
+        }
+    }
+    if (target_.pWrite == nullptr) {
+        std::fwrite(text.data(), 1, text.size(), stream());
+        funlockfile(stream());
+    }
+}
+
+// Hands on the line; then it is free. There is room for a line end.
+void LineStream::end(Line& line)
+{
+    if (target_.pWrite != nullptr) {
+        target_.pWrite(target_.pUserData, line.level, line.text.c_str(), line.text.size());
+    } else {
+        line.text += '\n';
+        std::fwrite(line.text.data(), 1, line.text.size(), stream());
+    }
+    line.text.clear();
 }
 
 } // namespace qv::common

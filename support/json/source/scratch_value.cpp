@@ -2,6 +2,8 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdlib>
+#include <pthread.h>
 
 #include "value_tree.h"
 
@@ -9,39 +11,88 @@ namespace qv::json {
 
 namespace {
 
-class Ring {
-public:
-    Ring() = default;
-    Ring(const Ring&) = delete;
-    Ring& operator=(const Ring&) = delete;
+struct Ring {
+    std::array<QvJsonValue_t, 16> values;
+    size_t next;
+};
 
-    ~Ring()
+// What there is to give where not even a ring can be had. All threads share it, which does no harm as nothing is ever
+// put into it.
+constinit QvJsonValue_t frozen = {{}, nullptr, nullptr, QvJsonValueType_Null, kPlaced | kFrozen};
+
+void releaseRing(void* pBlock)
+{
+    auto* pRing = static_cast<Ring*>(pBlock);
+    for (QvJsonValue_t& value : pRing->values) {
+        clearValue(value);
+    }
+    std::free(pRing);
+}
+
+// Where a thread keeps its ring. A thread_local with a destructor would be shorter, but the C library aborts the
+// process when it finds no memory to note such a destructor.
+class RingKey {
+public:
+    RingKey() : isMade_(pthread_key_create(&key_, releaseRing) == 0) {}
+    RingKey(const RingKey&) = delete;
+    RingKey& operator=(const RingKey&) = delete;
+    RingKey(RingKey&&) = delete;
+    RingKey& operator=(RingKey&&) = delete;
+
+    // The calling thread's ring, or null.
+    Ring* ring() const
     {
-        for (QvJsonValue_t& value : values_) {
-            clearValue(value);
+        if (!isMade_) {
+            return nullptr;
+        }
+        auto* pRing = static_cast<Ring*>(pthread_getspecific(key_));
+        if (pRing == nullptr) {
+            pRing = static_cast<Ring*>(std::calloc(1, sizeof(Ring)));
+            if (pRing != nullptr && pthread_setspecific(key_, pRing) != 0) {
+                std::free(pRing);
+                pRing = nullptr;
+            }
+        }
+        return pRing;
+    }
+
+    // Nothing may lead a thread's end into a library that is no longer there.
+    void remove()
+    {
+        if (isMade_) {
+            if (void* pRing = pthread_getspecific(key_); pRing != nullptr) {
+                releaseRing(pRing);
+            }
+            pthread_key_delete(key_);
+            isMade_ = false;
         }
     }
 
-    QvJsonValue_t* next()
-    {
-        QvJsonValue_t& value = values_[next_];
-        next_ = (next_ + 1) % values_.size();
-        clearValue(value);
-        value.reserved = kPlaced;
-        return &value;
-    }
-
 private:
-    std::array<QvJsonValue_t, 16> values_ = {};
-    size_t next_ = 0;
+    pthread_key_t key_ = 0;
+    bool isMade_;
 };
+
+RingKey ringKey; // made while the library is loaded, without memory of its own
+
+[[gnu::destructor]] void removeRingKey()
+{
+    ringKey.remove();
+}
 
 } // namespace
 
 QvJsonValue_t* scratchValue()
 {
-    thread_local Ring ring;
-    return ring.next();
+    Ring* pRing = ringKey.ring();
+    if (pRing == nullptr) {
+        return &frozen;
+    }
+    QvJsonValue_t& value = pRing->values[pRing->next];
+    pRing->next = (pRing->next + 1) % pRing->values.size();
+    clearValue(value);
+    value.reserved = kPlaced;
+    return &value;
 }
 
 } // namespace qv::json

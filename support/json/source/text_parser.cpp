@@ -176,24 +176,33 @@ bool TextParser::isOnLine(const char* pFrom, const char* pTo) const
 
 const char* TextParser::skipComments(const char* p, const char* pGap, Gap gap)
 {
+    // Comments come in thousands: nothing here may look back at, or copy, what came before.
+    std::string behind;
+    bool hasBehind = false;
+    bool isOnFirstLine = isOnLine(pGap, p);
     while (p != pEnd_ && *p == '/') {
         CommentScan scan = scanComment(p, pEnd_);
         if (scan.pNext == nullptr) {
             return fail(std::min(scan.pError, pEnd_), scan.pExpected);
         }
         const char* pNext = blanksEnd(scan.pNext);
-        bool isBehind = (gap == Gap::BehindValue || gap == Gap::BehindComma) && isOnLine(pGap, p);
+        bool isBehind = (gap == Gap::BehindValue || gap == Gap::BehindComma) && isOnFirstLine;
         if (gap == Gap::BehindComma && pNext != pEnd_ && *pNext != '/' && isOnLine(scan.pNext, pNext)) {
             // Behind the comma and before another value on the same line: it belongs to that one.
             isBehind = *pNext == ']' || *pNext == '}';
         }
         if (isBehind) {
-            appendComment2(values_.top(), scan.text);
+            joinComment(behind, hasBehind, scan.text);
+            hasBehind = true;
         } else {
             joinComment(comment_, hasComment_, scan.text);
             hasComment_ = true;
         }
+        isOnFirstLine = isOnFirstLine && isOnLine(p, pNext);
         p = pNext;
+    }
+    if (hasBehind) {
+        appendComment2(values_.top(), behind);
     }
     return p;
 }

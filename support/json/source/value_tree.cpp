@@ -140,7 +140,7 @@ char* copyText(std::string_view text)
 
 bool becomeArray(QvJsonValue_t& value)
 {
-    if (value.type == QvJsonValueType_Null) {
+    if (value.type == QvJsonValueType_Null && (value.reserved & kFrozen) == 0) {
         ArrayBlock* pBlock = makeArray(kFirstCapacity);
         if (pBlock != nullptr) {
             value.holder.pArray = &pBlock->open;
@@ -152,7 +152,7 @@ bool becomeArray(QvJsonValue_t& value)
 
 bool becomeObject(QvJsonValue_t& value)
 {
-    if (value.type == QvJsonValueType_Null) {
+    if (value.type == QvJsonValueType_Null && (value.reserved & kFrozen) == 0) {
         ObjectBlock* pBlock = makeObject(kFirstCapacity, 0);
         if (pBlock != nullptr) {
             value.holder.pObject = &pBlock->open;
@@ -306,6 +306,9 @@ void releaseContent(QvJsonValue_t& root)
 
 void clearValue(QvJsonValue_t& value)
 {
+    if ((value.reserved & kFrozen) != 0) {
+        return;
+    }
     releaseContent(value);
     freeComments(value);
     value.pComment = nullptr;

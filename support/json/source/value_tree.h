@@ -17,6 +17,7 @@ constexpr size_t kMaximumDepth = 512;
 // Marks in QvJsonValue_t::reserved.
 constexpr uint32_t kPlaced = 1; // stands in a container or among the scratch values: never freed on its own
 constexpr uint32_t kNode = 2;   // a member in an allocation of its own, its key behind it
+constexpr uint32_t kFrozen = 4; // stays null
 
 // An array; its items stand behind it in the same allocation.
 struct ArrayBlock {
@@ -52,7 +53,7 @@ ObjectBlock* makeObject(size_t capacity, size_t extraBytes);
 // A copy in a string from malloc(); null without memory.
 char* copyText(std::string_view text);
 
-// Turns a null value into an array or object. False if it is another kind, or without memory.
+// Turns a null value into an array or object. False if it is another kind or frozen, or without memory.
 bool becomeArray(QvJsonValue_t& value);
 bool becomeObject(QvJsonValue_t& value);
 

@@ -20,6 +20,10 @@ extern "C" {
  *
  * writes "error: source/x.cpp:12: Function: bad arguments(13)". Without a position the prefix is "error: ". The words
  * for the levels are debug, info, warning and error. Tracing may change errno.
+ *
+ * Several threads may trace to one tracer: what each writes is put together until its line ends, and the line goes out
+ * at once, in a single write. A thread that holds a lock on the stream the lines go to (flockfile) must not trace
+ * meanwhile.
  */
 typedef uintptr_t QvCommonTracerHandle_t;
 
@@ -51,7 +55,7 @@ extern QV_COMMON_API QvCommonTracerHandle_t hTracer;
  * Status 0; 5 no memory; 13 bad arguments, a level that isn't one among them. */
 QV_COMMON_API int QvCommonTracer_open(QvCommonTracerOpenParam_t* pParam, QvCommonTracerHandle_t* pHandle);
 
-/* Flushes what was written, hands on a line that was not ended, releases the tracer and sets `*pHandle` to 0. Nobody
+/* Hands on lines that were not ended, flushes what was written, releases the tracer and sets `*pHandle` to 0. Nobody
  * may be tracing to it. Status 0; 13 when `pHandle` is null or holds 0. */
 QV_COMMON_API int QvCommonTracer_close(QvCommonTracerHandle_t* pHandle);
 
@@ -63,7 +67,7 @@ QV_COMMON_API void QvCommonTracer_prefixSet(QvCommonTracerHandle_t handle, QvCom
                                             const char* pFile, int line, const char* pFunction);
 
 /* Gives the stream that the line's text is to be written to, after writing the prefix there, once for each call of
- * QvCommonTracer_prefixSet. Never null. Where the level is off it is a stream that drops all it gets without even
+ * QvCommonTracer_prefixSet. Never null. It isn't the stream that the lines go to, so flushing it flushes nothing. Where the level is off it is a stream that drops all it gets without even
  * formatting it. Called without QvCommonTracer_prefixSet it writes no prefix, and the level is the last one that this
  * thread chose for the same handle, or else Info. The stream stays the tracer's and is valid until close. */
 QV_COMMON_API FILE* QvCommonTracer_file(QvCommonTracerHandle_t handle);

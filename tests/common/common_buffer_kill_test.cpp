@@ -1,0 +1,196 @@
+// Saves that are killed or held up on their way. The system calls of a save pass through here, so that a process can be
+// stopped at each of them.
+#include "qv_common_c/common_buffer.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdarg>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <string>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+void pass() {}
+
+// What happens in front of a system call; set in child processes alone.
+void (*atFlush)() = pass;
+void (*atRename)() = pass;
+
+// What the system offers.
+enum class Offer { All, NoProc, NoUnnamedFiles };
+Offer offer = Offer::All;
+
+void die()
+{
+    kill(getpid(), SIGKILL);
+}
+
+} // namespace
+
+extern "C" {
+
+[[gnu::visibility("default")]] int fsync(int descriptor)
+{
+    atFlush();
+    return static_cast<int>(syscall(SYS_fsync, descriptor));
+}
+
+[[gnu::visibility("default")]] int openat(int folder, const char* pName, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const auto mode = va_arg(arguments, mode_t);
+    va_end(arguments);
+    if (offer == Offer::NoUnnamedFiles && (flags & O_TMPFILE) == O_TMPFILE) {
+        errno = EOPNOTSUPP;
+        return -1;
+    }
+    return static_cast<int>(syscall(SYS_openat, folder, pName, flags, mode));
+}
+
+[[gnu::visibility("default")]] int linkat(int from, const char* pFrom, int to, const char* pTo, int flags) noexcept
+{
+    if (offer != Offer::All) {
+        errno = ENOENT;
+        return -1;
+    }
+    return static_cast<int>(syscall(SYS_linkat, from, pFrom, to, pTo, flags));
+}
+
+[[gnu::visibility("default")]] int renameat(int from, const char* pFrom, int to, const char* pTo) noexcept
+{
+    atRename();
+    return static_cast<int>(syscall(SYS_renameat2, from, pFrom, to, pTo, 0));
+}
+
+} // extern "C"
+
+namespace {
+
+class CommonBufferKill : public testing::TestWithParam<Offer> {
+protected:
+    CommonBufferKill()
+    {
+        offer = GetParam();
+        std::string name = fs::temp_directory_path() / "qv_kill.XXXXXX";
+        folder_ = mkdtemp(name.data());
+        // As long as a name may be.
+        file_ = folder_ / std::string(255, 'f');
+    }
+    ~CommonBufferKill() override
+    {
+        offer = Offer::All;
+        fs::remove_all(folder_);
+    }
+
+    int save(std::string content) const
+    {
+        QvCommonBuffer_t buffer = {content.data(), 0, content.size(), nullptr, false};
+        return QvCommonBuffer_save2(&buffer, file_.c_str(), 0);
+    }
+    std::string read() const
+    {
+        std::ifstream file(file_, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    }
+    long files() const { return std::distance(fs::directory_iterator(folder_), fs::directory_iterator()); }
+
+    // A child process that saves after some preparation. Its exit status is that of the save.
+    pid_t saveInChild(const char* pContent, const std::function<void()>& prepare) const
+    {
+        const pid_t child = fork();
+        if (child == 0) {
+            prepare();
+            _exit(save(pContent));
+        }
+        return child;
+    }
+    static int waitFor(pid_t child)
+    {
+        int status = 0;
+        EXPECT_EQ(waitpid(child, &status, 0), child);
+        return status;
+    }
+
+    fs::path folder_;
+    fs::path file_;
+};
+
+TEST_P(CommonBufferKill, WhatAKilledSaveLeavesGoesWithTheNext)
+{
+    ASSERT_EQ(save("old"), 0);
+    for (void (**pPlace)() : {&atFlush, &atRename}) {
+        const int status = waitFor(saveInChild("never", [pPlace] { *pPlace = die; }));
+        ASSERT_TRUE(WIFSIGNALED(status));
+        EXPECT_EQ(read(), "old");
+        EXPECT_EQ(files(), pPlace == &atFlush && GetParam() != Offer::NoUnnamedFiles ? 1 : 2);
+        EXPECT_EQ(save("old"), 0);
+        EXPECT_EQ(files(), 1);
+    }
+    // Several at once: each found its predecessors at work.
+    std::vector<pid_t> children;
+    for (int number = 0; number < 3; ++number) {
+        children.push_back(saveInChild("never", [] { atRename = [] { raise(SIGSTOP); }; }));
+        ASSERT_EQ(waitpid(children.back(), nullptr, WUNTRACED), children.back());
+    }
+    EXPECT_EQ(files(), 4);
+    for (const pid_t child : children) {
+        kill(child, SIGKILL);
+        waitFor(child);
+    }
+    EXPECT_EQ(save("new"), 0);
+    EXPECT_EQ(read(), "new");
+    EXPECT_EQ(files(), 1);
+}
+
+TEST_P(CommonBufferKill, ASaveThatIsStillAtWorkIsLeftAlone)
+{
+    ASSERT_EQ(save("old"), 0);
+    const pid_t child = saveInChild("late", [] { atRename = [] { raise(SIGSTOP); }; });
+    ASSERT_EQ(waitpid(child, nullptr, WUNTRACED), child);
+    EXPECT_EQ(save("new"), 0);
+    EXPECT_EQ(read(), "new");
+    EXPECT_EQ(files(), 2);
+    kill(child, SIGCONT);
+    EXPECT_EQ(waitFor(child), 0);
+    EXPECT_EQ(read(), "late");
+    EXPECT_EQ(files(), 1);
+}
+
+TEST_P(CommonBufferKill, ManyMaySaveAtOnce)
+{
+    const std::string contents[] = {std::string(100000, 'a'), std::string(200000, 'b'), std::string(50000, 'c')};
+    std::vector<std::thread> threads;
+    for (const std::string& content : contents) {
+        threads.emplace_back([&] {
+            for (int turn = 0; turn < 20; ++turn) {
+                EXPECT_EQ(save(content), 0);
+                const std::string found = read();
+                EXPECT_NE(std::find(std::begin(contents), std::end(contents), found), std::end(contents));
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(files(), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(EachSystem, CommonBufferKill,
+                         testing::Values(Offer::All, Offer::NoProc, Offer::NoUnnamedFiles));
+
+} // namespace

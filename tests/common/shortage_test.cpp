@@ -1,0 +1,333 @@
+// Memory that runs out, at each allocation of each operation in turn: the outcome is a status, the process goes on, and
+// nothing is lost on the way. This program's allocator stands in for that of all libraries, the C library included.
+#include <atomic>
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <thread>
+
+#include <gtest/gtest.h>
+
+#include "qv_common_c/qv_common.h"
+#include "qv_initialization/qv_initialization.h"
+#include "qv_json_c/qv_json.h"
+
+extern "C" {
+void* __libc_malloc(size_t size);
+void* __libc_calloc(size_t number, size_t size);
+void* __libc_realloc(void* pBlock, size_t size);
+void __libc_free(void* pBlock);
+}
+
+namespace {
+
+// What the calling thread has left; without a limit, and uncounted, until it is set.
+constinit thread_local bool isLimited = false;
+constinit thread_local long allowed = 0;
+constinit thread_local long blocks = 0;
+
+bool isRefused()
+{
+    if (!isLimited) {
+        return false;
+    }
+    --allowed;
+    errno = ENOMEM;
+    return allowed < 0;
+}
+
+void* counted(void* pBlock)
+{
+    blocks += isLimited && pBlock != nullptr ? 1 : 0;
+    return pBlock;
+}
+
+} // namespace
+
+[[gnu::visibility("default")]] void* malloc(size_t size) noexcept
+{
+    return isRefused() ? nullptr : counted(__libc_malloc(size));
+}
+
+[[gnu::visibility("default")]] void* calloc(size_t number, size_t size) noexcept
+{
+    return isRefused() ? nullptr : counted(__libc_calloc(number, size));
+}
+
+[[gnu::visibility("default")]] void* realloc(void* pBlock, size_t size) noexcept
+{
+    if (isRefused()) {
+        return nullptr;
+    }
+    void* pNew = __libc_realloc(pBlock, size);
+    return pBlock == nullptr ? counted(pNew) : pNew;
+}
+
+[[gnu::visibility("default")]] void free(void* pBlock) noexcept
+{
+    blocks -= isLimited && pBlock != nullptr ? 1 : 0;
+    __libc_free(pBlock);
+}
+
+namespace {
+
+struct Outcome {
+    int status = -1;
+    long blocks = 0; // taken and not given back
+    bool isShort = false;
+};
+
+// Runs an operation in a new thread that may allocate so many blocks.
+Outcome runWith(long number, const std::function<int()>& operation)
+{
+    Outcome outcome;
+    std::thread([&] {
+        allowed = number;
+        blocks = 0;
+        isLimited = true;
+        const int status = operation();
+        isLimited = false;
+        outcome = {status, blocks, allowed < 0};
+    }).join();
+    return outcome;
+}
+
+// One block more each time until it is enough.
+void runShort(const char* pName, const std::function<int()>& operation, int expected = 0)
+{
+    Outcome outcome = runWith(100000, operation); // what is made once for the process is made here
+    ASSERT_EQ(outcome.status, expected) << pName;
+    for (long number = 0;; ++number) {
+        outcome = runWith(number, operation);
+        EXPECT_EQ(outcome.blocks, 0) << pName << " with " << number;
+        if (!outcome.isShort) {
+            break;
+        }
+        EXPECT_TRUE(outcome.status == QvCommonError_OutOfMemory || outcome.status == expected)
+            << pName << " with " << number << ": " << outcome.status;
+    }
+    EXPECT_EQ(outcome.status, expected) << pName;
+}
+
+// The first status that is none of success.
+int firstOf(std::initializer_list<int> statuses)
+{
+    for (const int status : statuses) {
+        if (status != 0) {
+            return status;
+        }
+    }
+    return 0;
+}
+
+int throughJson(const std::string& text, const char* pFilename)
+{
+    QvJsonReaderHandle_t reader = 0;
+    QvJsonWriterHandle_t writer = 0;
+    QvJsonValue_t* pRoot = nullptr;
+    char* pText = nullptr;
+    int status = firstOf({QvJsonReader_open(&reader), QvJsonWriter_open(nullptr, &writer)});
+    if (status == 0) {
+        status = QvJsonReader_parse(reader, text.data(), text.data() + text.size(), &pRoot);
+    }
+    if (status == 0) {
+        status = QvJsonWriter_stringify(writer, pRoot, &pText);
+    }
+    if (status == 0) {
+        status = QvJsonWriter_save(writer, pRoot, pFilename);
+    }
+    QvJsonValue_delete(&pRoot);
+    if (status == 0) {
+        status = QvJsonReader_load(reader, pFilename, &pRoot);
+    }
+    std::free(pText);
+    QvJsonValue_delete(&pRoot);
+    QvJsonWriter_close(&writer);
+    QvJsonReader_close(&reader);
+    return status;
+}
+
+class Shortage : public testing::Test {
+protected:
+    Shortage()
+    {
+        std::string name = std::filesystem::temp_directory_path() / "qv_shortage.XXXXXX";
+        folder_ = mkdtemp(name.data());
+        file_ = folder_ + "/file";
+    }
+    ~Shortage() override { std::filesystem::remove_all(folder_); }
+
+    void SetUp() override { testing::internal::CaptureStderr(); }
+    void TearDown() override
+    {
+        if (!traces_) {
+            takeTraces();
+        }
+    }
+    std::string takeTraces()
+    {
+        traces_ = true;
+        return testing::internal::GetCapturedStderr();
+    }
+
+    std::string folder_;
+    std::string file_;
+    bool traces_ = false; // were taken
+};
+
+TEST_F(Shortage, JsonGivesAStatus)
+{
+    std::string text = "// above\n{\"a\": [1, 2.5e3, \"t\\u00e4\"] /* one */ /* two */, \"\\u0062\": {}, \"b\": [[]]";
+    for (int key = 0; key < 100; ++key) {
+        text += ", \"key" + std::to_string(key) + "\": \"text\" // behind\n";
+    }
+    text += "} // root\n";
+    runShort("json", [&] { return throughJson(text, file_.c_str()); });
+    text += '?';
+    runShort(
+        "broken json", [&] { return throughJson(text, file_.c_str()); }, QvCommonError_Syntax);
+    runShort("tree", [] {
+        QvJsonValue_t* pRoot = nullptr;
+        int status = QvJsonValue_create(QvJsonValueType_Null, &pRoot);
+        for (int key = 0; key < 40 && status == 0; ++key) {
+            QvJsonValue_t* pList = nullptr;
+            const char name[] = {static_cast<char>('0' + key), '\0'};
+            status = QvJsonValue_create(QvJsonValueType_Array, &pList);
+            if (status == 0) {
+                status = QvJsonValue_addValueToObject(pRoot, static_cast<const char*>(name), &pList);
+            }
+            if (status == 0) {
+                status = QvJsonValue_addStringToArray(pList, "text");
+            } else {
+                QvJsonValue_delete(&pList);
+            }
+        }
+        QvJsonValue_t* pValue = nullptr;
+        status = status == 0 ? QvJsonPath(pRoot, "a/b/c", &pValue) : status;
+        QvJsonValue_delete(&pRoot);
+        return status;
+    });
+}
+
+TEST_F(Shortage, WhereThereIsNoValueToGiveItStaysEmpty)
+{
+    const Outcome outcome = runWith(0, [] {
+        QvJsonValue_t* pValue = QvJsonValue_member(nullptr, "key");
+        if (pValue == nullptr || QvJsonValue_member(pValue, "key") == nullptr ||
+            QvJsonValue_item(pValue, 3) == nullptr || !QvJsonValue_isEmpty(pValue)) {
+            return -1;
+        }
+        isLimited = false; // memory is back, but the value is shared with others by now
+        const int status = QvJsonValue_addIntegerToArray(pValue, 1);
+        QvJsonValue_t* pPlace = nullptr;
+        if (status != QvJsonValue_addIntegerToObject(pValue, "key", 1) ||
+            status != QvJsonPath(pValue, "a/b", &pPlace) || !QvJsonValue_isEmpty(pValue) ||
+            QvJsonValue_delete(&pValue) != 0) {
+            return -1;
+        }
+        pValue = QvJsonValue_member(nullptr, "key");
+        return QvJsonValue_addIntegerToArray(pValue, 1) == 0 ? status : -1;
+    });
+    EXPECT_EQ(outcome.status, QvCommonError_OutOfMemory);
+}
+
+TEST_F(Shortage, CommonGivesAStatus)
+{
+    runShort("map", [] {
+        QvCommonMapOpenParam_t param = {};
+        QvCommonMapHandle_t map = 0;
+        int status = QvCommonMap_open(&param, &map);
+        auto* pSlot = static_cast<QvCommonMapSlot_t*>(std::calloc(1, sizeof(QvCommonMapSlot_t)));
+        if (status == 0) {
+            status = pSlot != nullptr ? QvCommonMap_add(map, "a key that is too long for a short string", &pSlot)
+                                      : QvCommonError_OutOfMemory;
+        }
+        if (status != 0) {
+            std::free(pSlot);
+        }
+        QvCommonMap_close(&map);
+        return status;
+    });
+    runShort("queue", [] {
+        QvCommonDQueueHandle_t queue = 0;
+        int status = QvCommonDQueue_open(nullptr, &queue);
+        void* pElement = nullptr;
+        for (int number = 0; number < 300 && status == 0; ++number) {
+            status = QvCommonDQueue_pushBack(queue, &pElement);
+        }
+        QvCommonDQueue_close(&queue);
+        return status;
+    });
+    runShort("buffer", [this] {
+        QvCommonBuffer_t* pBuffer = nullptr;
+        int status = QvCommonBuffer_create(&pBuffer);
+        if (status == 0) {
+            char text[] = "text";
+            *pBuffer = {static_cast<char*>(text), 0, 4, nullptr, false};
+            status = QvCommonBuffer_save2(pBuffer, file_.c_str(), 0);
+        }
+        if (status == 0) {
+            status = QvCommonBuffer_load2(file_.c_str(), 0, 0, pBuffer);
+        }
+        QvCommonBuffer_delete(&pBuffer);
+        return status;
+    });
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), std::filesystem::directory_iterator()), 1);
+}
+
+TEST_F(Shortage, TracesGoOn)
+{
+    runShort("trace", [] {
+        QvCommonTracerOpenParam_t param = {QvCommonTracerLevel_Info, nullptr,
+                                           [](void*, QvCommonTracerLevel_t, const char*, size_t) { return 0; },
+                                           nullptr};
+        QvCommonTracerHandle_t tracer = 0;
+        const int status = QvCommonTracer_open(&param, &tracer);
+        for (const QvCommonTracerLevel_t level : {QvCommonTracerLevel_Debug, QvCommonTracerLevel_Error}) {
+            for (const QvCommonTracerHandle_t handle : {tracer, QvCommonTracerHandle_t{0}}) {
+                QvCommonTracer_prefixSet(handle, level, "file.cpp", 1, "function");
+                std::fprintf(QvCommonTracer_file(handle), "%300d\n", 1);
+            }
+        }
+        QvCommonTracer_close(&tracer);
+        return status;
+    });
+    const std::string traces = takeTraces();
+    EXPECT_NE(traces.find("error: file.cpp:1: function: "), std::string::npos);
+    EXPECT_EQ(traces.find("debug"), std::string::npos);
+}
+
+TEST_F(Shortage, InitializationGivesAStatus)
+{
+    std::string text = "; note\n[a]\n# note\n\"k\\x01\" = v\nk2 = \"a longer value\\n\"\n[b]\nk = \"open\n; end";
+    const auto through = [&text] {
+        QvInitializationReaderHandle_t reader = 0;
+        QvInitializationWriterHandle_t writer = 0;
+        QvCommonDQueueHandle_t queue = 0;
+        QvCommonDQueueOpenParam_t param = {};
+        param.pDeleteDataHandler = [](void** ppSection) {
+            return QvInitializationSection_delete(reinterpret_cast<QvInitializationSection_t**>(ppSection));
+        };
+        int status = firstOf({QvInitializationReader_open(&reader), QvInitializationWriter_open(&writer),
+                              QvCommonDQueue_open(&param, &queue)});
+        QvCommonBuffer_t buffer = {text.data(), 0, text.size(), nullptr, false};
+        if (status == 0) {
+            status = QvInitializationReader_parse(reader, &buffer, queue);
+        }
+        if (status == 0) {
+            status = QvInitializationWriter_serialize(writer, queue, &buffer);
+        }
+        QvCommonBuffer_clear(&buffer);
+        QvCommonDQueue_close(&queue);
+        QvInitializationWriter_close(&writer);
+        QvInitializationReader_close(&reader);
+        return status;
+    };
+    runShort("initialization", through);
+    text += "\n[open";
+    runShort("broken initialization", through, QvCommonError_Syntax);
+}
+
+} // namespace
