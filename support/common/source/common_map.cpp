@@ -1,12 +1,13 @@
 #include "qv_common_c/common_map.h"
 
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
-#include <functional>
 #include <memory>
 #include <string>
-#include <string_view>
-#include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include "boundary.h"
 
@@ -16,20 +17,101 @@ using namespace qv::common;
 
 static_assert(sizeof(QvCommonMapSlot_t) == 8);
 
-// Lets a lookup work on the caller's text without making a string of it.
-struct KeyHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view key) const { return std::hash<std::string_view>{}(key); }
-};
+// A table of keys with open places, at most half full. Keys are few and short, and lookups are what counts: one walk over
+// the caller's text packs its first 16 characters into two words, which are both the hash and, for most keys, all that
+// is compared.
+class Map {
+public:
+    explicit Map(int (*pFree)(void**)) : entries_(kFirstCapacity), pFree_(pFree) {}
 
-struct Map {
-    int (*pFree)(void**) = nullptr;
-    std::unordered_map<std::string, QvCommonMapSlot_t*, KeyHash, std::equal_to<>> slots;
+    struct Packed {
+        std::uint64_t low = 0;
+        std::uint64_t high = 0;
+        const char* pRest = nullptr; // behind the packed characters; at the end of most keys
+
+        explicit Packed(const char* pKey)
+        {
+            for (unsigned shift = 0; shift < 64 && *pKey != '\0'; shift += 8, ++pKey) {
+                low |= std::uint64_t{static_cast<unsigned char>(*pKey)} << shift;
+            }
+            for (unsigned shift = 0; shift < 64 && *pKey != '\0'; shift += 8, ++pKey) {
+                high |= std::uint64_t{static_cast<unsigned char>(*pKey)} << shift;
+            }
+            pRest = pKey;
+        }
+
+        std::size_t hash() const
+        {
+            const std::uint64_t mixed = (low ^ std::rotl(high, 29)) * 0x9E3779B97F4A7C15U;
+            return mixed >> 32;
+        }
+    };
+
+    struct Entry {
+        QvCommonMapSlot_t* pSlot = nullptr; // null: the place is open
+        std::uint64_t low = 0;
+        std::uint64_t high = 0;
+        std::string rest;
+
+        bool is(const Packed& key) const
+        {
+            return low == key.low && high == key.high && (*key.pRest == '\0' ? rest.empty() : rest == key.pRest);
+        }
+    };
+
+    // The entry of the key, or the open place where it would stand.
+    Entry& find(const Packed& key)
+    {
+        std::size_t at = key.hash() & (entries_.size() - 1);
+        while (entries_[at].pSlot != nullptr && !entries_[at].is(key)) {
+            at = (at + 1) & (entries_.size() - 1);
+        }
+        return entries_[at];
+    }
+
+    // Room for one more; a find before it is void. May throw.
+    void makeRoom()
+    {
+        if ((number_ + 1) * 2 <= entries_.size()) {
+            return;
+        }
+        std::vector<Entry> old(entries_.size() * 2);
+        old.swap(entries_);
+        for (Entry& entry : old) {
+            if (entry.pSlot == nullptr) {
+                continue;
+            }
+            Packed key("");
+            key.low = entry.low;
+            key.high = entry.high;
+            key.pRest = entry.rest.c_str();
+            find(key) = std::move(entry);
+        }
+    }
+
+    // Fills an open place that find() gave. May throw, and changes nothing then.
+    void take(Entry& entry, const Packed& key, QvCommonMapSlot_t* pSlot)
+    {
+        entry.rest = key.pRest;
+        entry.low = key.low;
+        entry.high = key.high;
+        entry.pSlot = pSlot;
+        ++number_;
+    }
 
     int releaseObject(QvCommonMapSlot_t* pSlot) const
     {
-        return pFree != nullptr ? pFree(&pSlot->pObject) : QvCommonError_Success;
+        return pFree_ != nullptr ? pFree_(&pSlot->pObject) : QvCommonError_Success;
     }
+
+    const std::vector<Entry>& entries() const { return entries_; }
+
+private:
+    static constexpr std::size_t kFirstCapacity = 256; // a power of two, as all that follow
+
+    std::vector<Entry> entries_;
+    std::size_t number_ = 0;
+    int (*pFree_)(void**);
 };
 
 // What a lookup that misses leads to. It lies in memory that can't be written: a program that writes to an entry it
@@ -44,9 +126,7 @@ int QvCommonMap_open(QvCommonMapOpenParam_t* pParam, QvCommonMapHandle_t* pHandl
         return QvCommonError_BadArgument;
     }
     return guarded([&] {
-        auto pMap = std::make_unique<Map>();
-        pMap->pFree = pParam->pFree;
-        *pHandle = toHandle(pMap.release());
+        *pHandle = toHandle(new Map(pParam->pFree));
         return QvCommonError_Success;
     });
 }
@@ -59,12 +139,17 @@ int QvCommonMap_add(QvCommonMapHandle_t handle, const char* pKey, QvCommonMapSlo
     return guarded([&] {
         Map* pMap = fromHandle<Map>(handle);
         QvCommonMapSlot_t* pSlot = *ppSlot;
-        const auto [entry, isNew] = pMap->slots.try_emplace(pKey, pSlot);
-        QvCommonMapSlot_t* pEarlier = entry->second;
-        if (isNew || pEarlier == pSlot) {
+        pMap->makeRoom();
+        const Map::Packed key(pKey);
+        Map::Entry& entry = pMap->find(key);
+        QvCommonMapSlot_t* pEarlier = entry.pSlot;
+        if (pEarlier == nullptr) {
+            pMap->take(entry, key, pSlot);
+        }
+        if (pEarlier == nullptr || pEarlier == pSlot) {
             return QvCommonError_Success;
         }
-        entry->second = pSlot;
+        entry.pSlot = pSlot;
         if (pEarlier->pObject != pSlot->pObject) {
             pMap->releaseObject(pEarlier);
         }
@@ -78,16 +163,9 @@ int QvCommonMap_get(QvCommonMapHandle_t handle, const char* pKey, QvCommonMapSlo
     if (handle == 0 || pKey == nullptr || ppSlot == nullptr) {
         return QvCommonError_BadArgument;
     }
-    return guarded([&] {
-        const Map* pMap = fromHandle<Map>(handle);
-        const auto entry = pMap->slots.find(std::string_view(pKey));
-        if (entry == pMap->slots.end()) {
-            *ppSlot = const_cast<QvCommonMapSlot_t*>(&kMissing);
-            return QvCommonError_NoEntry;
-        }
-        *ppSlot = entry->second;
-        return QvCommonError_Success;
-    });
+    QvCommonMapSlot_t* pSlot = fromHandle<Map>(handle)->find(Map::Packed(pKey)).pSlot;
+    *ppSlot = pSlot != nullptr ? pSlot : const_cast<QvCommonMapSlot_t*>(&kMissing);
+    return pSlot != nullptr ? QvCommonError_Success : QvCommonError_NoEntry;
 }
 
 int QvCommonMap_close(QvCommonMapHandle_t* pHandle)
@@ -97,9 +175,12 @@ int QvCommonMap_close(QvCommonMapHandle_t* pHandle)
     }
     const std::unique_ptr<Map> pMap(fromHandle<Map>(*pHandle));
     int status = QvCommonError_Success;
-    for (const auto& [key, pSlot] : pMap->slots) {
-        const int released = pMap->releaseObject(pSlot);
-        std::free(pSlot);
+    for (const Map::Entry& entry : pMap->entries()) {
+        if (entry.pSlot == nullptr) {
+            continue;
+        }
+        const int released = pMap->releaseObject(entry.pSlot);
+        std::free(entry.pSlot);
         if (status == QvCommonError_Success) {
             status = released;
         }
