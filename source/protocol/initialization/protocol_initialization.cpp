@@ -89,9 +89,10 @@ std::string_view writtenValue(const Field& field, const char* pData, std::size_t
 /// A copy on the heap, as members own their texts; null when memory runs out.
 char* duplicate(std::string_view text)
 {
-    auto* pCopy = static_cast<char*>(std::calloc(1, text.size() + 1));
+    auto* pCopy = static_cast<char*>(std::malloc(text.size() + 1));
     if (pCopy != nullptr) {
         std::memcpy(pCopy, text.data(), text.size());
+        pCopy[text.size()] = 0;
     }
     return pCopy;
 }

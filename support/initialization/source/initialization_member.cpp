@@ -9,8 +9,13 @@ int QvInitializationMember_create(QvInitializationMember_t** ppMember)
     if (ppMember == nullptr || *ppMember != nullptr) {
         return QvCommonError_BadArgument;
     }
-    *ppMember = static_cast<QvInitializationMember_t*>(std::calloc(1, sizeof(QvInitializationMember_t)));
-    return *ppMember != nullptr ? QvCommonError_Success : QvCommonError_OutOfMemory;
+    // A C library keeps small blocks for malloc() at hand, and for calloc() it doesn't.
+    *ppMember = static_cast<QvInitializationMember_t*>(std::malloc(sizeof(QvInitializationMember_t)));
+    if (*ppMember == nullptr) {
+        return QvCommonError_OutOfMemory;
+    }
+    **ppMember = {};
+    return QvCommonError_Success;
 }
 
 int QvInitializationMember_delete(QvInitializationMember_t** ppMember)

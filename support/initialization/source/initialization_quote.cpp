@@ -16,15 +16,21 @@ struct Escape {
 };
 constexpr std::array<Escape, 5> kEscapes{{{'\\', '\\'}, {'"', '"'}, {'n', '\n'}, {'r', '\r'}, {'t', '\t'}}};
 
-bool isControl(char character)
+constexpr bool isControl(char character)
 {
     const auto byte = static_cast<unsigned char>(character);
     return byte < 0x20 || byte == 0x7F;
 }
 
-bool isAnyOf(char character, std::string_view set)
+constexpr bool isAnyOf(char character, std::string_view set)
 {
-    return set.find(character) != std::string_view::npos;
+    // A loop: the sets are a few characters, and find() calls memchr() for them.
+    for (const char one : set) {
+        if (one == character) {
+            return true;
+        }
+    }
+    return false;
 }
 
 // The value of a hexadecimal digit, or -1.
@@ -86,12 +92,21 @@ void appendQuoted(std::string& document, std::string_view text)
     document += '"';
 }
 
+// The characters that are misread wherever they stand.
+constexpr auto kMisread = [] {
+    std::array<bool, 256> isMisread{};
+    for (std::size_t byte = 0; byte < isMisread.size(); ++byte) {
+        isMisread[byte] = isControl(static_cast<char>(byte)) || isAnyOf(static_cast<char>(byte), kCommentMarks);
+    }
+    return isMisread;
+}();
+
 // True for a text that, wherever it stands, would be read differently or could be misread.
 bool needsQuotes(std::string_view text)
 {
-    return !text.empty() && (isAnyOf(text.front(), kBlanks) || isAnyOf(text.back(), kBlanks) || text.front() == '"' ||
-                             text.find_first_of(kCommentMarks) != std::string_view::npos ||
-                             std::any_of(text.begin(), text.end(), isControl));
+    return !text.empty() &&
+           (isAnyOf(text.front(), kBlanks) || isAnyOf(text.back(), kBlanks) || text.front() == '"' ||
+            std::any_of(text.begin(), text.end(), [](char c) { return kMisread[static_cast<unsigned char>(c)]; }));
 }
 
 void append(std::string& document, std::string_view text, bool isQuoted)
