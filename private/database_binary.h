@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <cstdio>
 #include <iterator>
+#include <span>
 
 #include <qv_common_c/common_buffer.h>
 #include <qv_common_c/common_tracer.h>
@@ -22,6 +24,19 @@ inline constexpr const char* kImageKeys[] = {
     "MISC",      "OPT",      "SS",        "TM",
 };
 static_assert(std::size(kImageKeys) == 49);
+
+/// The same as categories, looked up once.
+inline std::span<const Category* const> imageCategories()
+{
+    static const auto kCategories = [] {
+        std::array<const Category*, std::size(kImageKeys)> found{};
+        for (std::size_t i = 0; i < found.size(); ++i) {
+            found[i] = findCategory(kImageKeys[i]);
+        }
+        return found;
+    }();
+    return kCategories;
+}
 
 /// Checks that a record fits behind the buffer's offset and leaves a line with its place at Debug; pArrow tells the
 /// direction. 0, or 6 without a line.

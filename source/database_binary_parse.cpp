@@ -12,10 +12,9 @@ int QvDatabaseBinary_parse(QvDatabaseHandle_t handle, QvCommonBuffer_t* pBuffer)
     if (handle == 0) {
         return kBadArgument;
     }
-    for (const char* pKey : kImageKeys) {
-        const Category* pRow = nullptr;
+    for (const Category* pRow : imageCategories()) {
         void* pRecord = nullptr;
-        QV_TRY(queryCategory(handle, pKey, &pRow, &pRecord));
+        QV_TRY(QvDatabase_query(handle, pRow->key, &pRecord));
         const int status = enterRecord(pBuffer, *pRow, "<<<");
         if (status != kSuccess) {
             return status;

@@ -12,15 +12,13 @@ int QvDatabaseBinary_serialize(QvDatabaseHandle_t handle, QvCommonBuffer_t* pBuf
     if (handle == 0) {
         return kBadArgument;
     }
-    for (const char* pKey : kImageKeys) {
-        const Category* pRow = findCategory(pKey);
-        QV_TRY(pRow == nullptr ? kBadArgument : kSuccess);
+    for (const Category* pRow : imageCategories()) {
         if (pTotalSize != nullptr) {
             *pTotalSize += pRow->size;
             continue;
         }
         void* pRecord = nullptr;
-        QV_TRY(QvDatabase_query(handle, pKey, &pRecord));
+        QV_TRY(QvDatabase_query(handle, pRow->key, &pRecord));
         const int status = enterRecord(pBuffer, *pRow, ">>>");
         if (status != kSuccess) {
             return status;

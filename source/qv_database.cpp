@@ -1,5 +1,6 @@
 #include <qv_database_c/qv_database.h>
 
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -19,10 +20,14 @@
 #include <qv_database_c/database_text.h>
 #include <qv_database_c/protocol_simulator_codecs.h>
 
+#include "database_binary.h"
 #include "database_registry.h"
 #include "database_shortage.h"
 #include "database_status.h"
 #include "database_trace.h"
+
+// Not in the contract of the common library: with a build of it that lacks this one, an image is brought together first.
+extern "C" [[gnu::weak]] decltype(QvCommonBuffer_saveParts) QvCommonBuffer_saveParts;
 
 using namespace qv::database;
 
@@ -64,6 +69,26 @@ int parse(QvDatabaseHandle_t handle, const char* pFilename, QvCommonBuffer_t* pB
         break;
     }
     return QvDatabaseBinary_parse(handle, pBuffer);
+}
+
+/// Saves the image straight from the records, with the traces that the pass into a buffer leaves: bringing together half
+/// a megabyte first would cost as much as writing it. Failures are traced by the caller.
+int saveImage(QvDatabaseHandle_t handle, const char* pFilename)
+{
+    std::array<QvCommonBufferPart_t, std::size(kImageKeys)> parts{};
+    QvCommonBuffer_t place{};
+    int status = QvDatabaseBinary_serialize(handle, nullptr, &place.size);
+    for (std::size_t i = 0; status == kSuccess && i < parts.size(); ++i) {
+        const Category& row = *imageCategories()[i];
+        void* pRecord = nullptr;
+        status = QvDatabase_query(handle, row.key, &pRecord);
+        if (status == kSuccess) {
+            status = enterRecord(&place, row, ">>>");
+        }
+        place.offset += row.size;
+        parts[i] = {static_cast<const char*>(pRecord), row.size};
+    }
+    return status == kSuccess ? QvCommonBuffer_saveParts(parts.data(), parts.size(), pFilename) : status;
 }
 
 int serializeImage(QvDatabaseHandle_t handle, QvCommonBuffer_t* pBuffer)
@@ -207,6 +232,10 @@ int QvDatabase_save(QvDatabaseHandle_t handle, const char* pFilename)
 {
     if (handle == 0 || pFilename == nullptr) {
         return kBadArgument;
+    }
+    if (containerOf(pFilename) == Container::Binary && QvCommonBuffer_saveParts != nullptr) {
+        QV_TRY(saveImage(handle, pFilename));
+        return kSuccess;
     }
     QvCommonBuffer_t* pBuffer = nullptr;
     QV_TRY(QvCommonBuffer_create(&pBuffer));

@@ -12,6 +12,7 @@
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -131,6 +132,36 @@ TEST_F(CommonBuffer, LoadsWhatHasNoSizeAndSavesThroughIt)
     EXPECT_EQ(load(path, 5), content.substr(5));
     writer.join();
     EXPECT_TRUE(S_ISFIFO(mode(path)));
+}
+
+TEST_F(CommonBuffer, SavesPartsOneBehindTheOtherHoweverMany)
+{
+    // More than one call takes, of lengths that a pipe breaks up anywhere, with nothing at both ends and between.
+    std::string content;
+    std::vector<std::string> texts(300);
+    for (size_t i = 0; i < texts.size(); ++i) {
+        texts[i] = i % 7 == 0 ? "" : std::string(i * i % 3000, static_cast<char>('a' + i % 26));
+        content += texts[i];
+    }
+    std::vector<QvCommonBufferPart_t> parts;
+    for (const std::string& text : texts) {
+        parts.push_back({text.empty() ? nullptr : text.data(), text.size()});
+    }
+    const fs::path path = folder_ / "file";
+    EXPECT_EQ(QvCommonBuffer_saveParts(parts.data(), parts.size(), path.c_str()), 0);
+    EXPECT_TRUE(load(path) == content);
+    const fs::path pipe = folder_ / "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    std::thread writer([&] { EXPECT_EQ(QvCommonBuffer_saveParts(parts.data(), parts.size(), pipe.c_str()), 0); });
+    EXPECT_TRUE(load(pipe) == content);
+    writer.join();
+
+    parts[5] = {nullptr, 1};
+    EXPECT_EQ(QvCommonBuffer_saveParts(parts.data(), parts.size(), path.c_str()), 13);
+    EXPECT_EQ(QvCommonBuffer_saveParts(nullptr, 1, path.c_str()), 13);
+    EXPECT_TRUE(load(path) == content);
+    EXPECT_EQ(QvCommonBuffer_saveParts(nullptr, 0, path.c_str()), 0);
+    EXPECT_EQ(load(path), "");
 }
 
 TEST_F(CommonBuffer, AReaderThatGoesAwayIsAStatus)

@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
@@ -5,10 +7,12 @@
 #include <ctime>
 #include <fcntl.h>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/uio.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -65,16 +69,36 @@ private:
     bool wasPending_ = false;
 };
 
+// What is to be written, one block behind the other.
+using Parts = std::span<const QvCommonBufferPart_t>;
+
 // `signal` is the one that a failure may send.
-int writeAll(int descriptor, std::string_view content, int signal)
+int writeAll(int descriptor, Parts parts, int signal)
 {
     const SignalGuard guard(signal);
-    while (!content.empty()) {
-        const ssize_t count = ::write(descriptor, content.data(), content.size());
-        if (count > 0) {
-            content.remove_prefix(static_cast<size_t>(count));
-        } else if (count == 0 || errno != EINTR) {
+    size_t written = 0; // of the first part
+    while (!parts.empty()) {
+        std::array<iovec, 64> blocks;
+        size_t number = 0;
+        for (; number < blocks.size() && number < parts.size(); ++number) {
+            const size_t from = number == 0 ? written : 0;
+            blocks[number] = {const_cast<char*>(parts[number].pBegin) + from, parts[number].size - from};
+        }
+        const ssize_t count = ::writev(descriptor, blocks.data(), static_cast<int>(number));
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count < 0) {
             guard.drop();
+            return QvCommonError_Write;
+        }
+        written += static_cast<size_t>(count);
+        const bool isStuck = count == 0 && written < parts.front().size;
+        while (!parts.empty() && written >= parts.front().size) {
+            written -= parts.front().size;
+            parts = parts.subspan(1);
+        }
+        if (isStuck) {
             return QvCommonError_Write;
         }
     }
@@ -82,7 +106,7 @@ int writeAll(int descriptor, std::string_view content, int signal)
 }
 
 // For what isn't a regular file.
-int writeThrough(const char* pFilename, std::string_view content)
+int writeThrough(const char* pFilename, Parts content)
 {
     FileDescriptor file(::open(pFilename, O_WRONLY | O_CLOEXEC | O_NOCTTY));
     if (!file.isOpen()) {
@@ -185,7 +209,7 @@ private:
 class Replacement {
 public:
     // `pOld` is null for a file that doesn't exist yet.
-    Replacement(int folder, const char* pName, const struct stat* pOld, std::string_view content)
+    Replacement(int folder, const char* pName, const struct stat* pOld, Parts content)
         : folder_(folder), pName_(pName), pOld_(pOld), content_(content), names_(folder, pName)
     {
     }
@@ -275,12 +299,12 @@ private:
     int folder_;
     const char* pName_;
     const struct stat* pOld_;
-    std::string_view content_;
+    Parts content_;
     WaitingNames names_;
     FileDescriptor file_; // stays open, and so locked, until it has the target's name
 };
 
-int replace(const fs::path& target, const struct stat* pOld, std::string_view content)
+int replace(const fs::path& target, const struct stat* pOld, Parts content)
 {
     // Renaming doesn't ask whether the old file may be written.
     if (pOld != nullptr && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) {
@@ -299,7 +323,7 @@ int replace(const fs::path& target, const struct stat* pOld, std::string_view co
     return Replacement(folder.get(), name.c_str(), pOld, content).run();
 }
 
-int save(const char* pFilename, std::string_view content)
+int save(const char* pFilename, Parts content)
 {
     struct stat old = {};
     const bool exists = ::stat(pFilename, &old) == 0;
@@ -330,6 +354,19 @@ int QvCommonBuffer_save2(QvCommonBuffer_t* pBuffer, const char* pFilename, size_
     if (size > pBuffer->size) {
         return QvCommonError_Capacity;
     }
-    const std::string_view content(pBuffer->pBegin, size != 0 ? size : pBuffer->size);
-    return guarded([&] { return save(pFilename, content); });
+    const QvCommonBufferPart_t content = {pBuffer->pBegin, size != 0 ? size : pBuffer->size};
+    return guarded([&] { return save(pFilename, {&content, 1}); });
+}
+
+int QvCommonBuffer_saveParts(const QvCommonBufferPart_t* pParts, size_t number, const char* pFilename)
+{
+    if (pFilename == nullptr || (pParts == nullptr && number != 0)) {
+        return QvCommonError_BadArgument;
+    }
+    const Parts parts(pParts, number);
+    const auto isMissing = [](const QvCommonBufferPart_t& part) { return part.pBegin == nullptr && part.size != 0; };
+    if (std::any_of(parts.begin(), parts.end(), isMissing)) {
+        return QvCommonError_BadArgument;
+    }
+    return guarded([&] { return save(pFilename, parts); });
 }

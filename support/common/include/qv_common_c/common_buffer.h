@@ -56,6 +56,16 @@ QV_COMMON_API int QvCommonBuffer_load2(const char* pFilename, size_t offset, siz
  * 12 write error; 13 bad arguments. */
 QV_COMMON_API int QvCommonBuffer_save2(QvCommonBuffer_t* pBuffer, const char* pFilename, size_t size);
 
+/* A block of bytes that stays the caller's. `pBegin` may be null when `size` is 0. */
+typedef struct QvCommonBufferPart {
+    const char* pBegin;
+    size_t size;
+} QvCommonBufferPart_t;
+
+/* Writes `number` blocks, one behind the other, to a file as QvCommonBuffer_save2 writes one, without bringing them
+ * together in memory first. Statuses as there, without 6. */
+QV_COMMON_API int QvCommonBuffer_saveParts(const QvCommonBufferPart_t* pParts, size_t number, const char* pFilename);
+
 #ifdef __cplusplus
 }
 #endif
