@@ -17,6 +17,7 @@ struct Category {
     std::size_t size;              ///< bytes of the record, here and in a binary image
     int (*reset)(void* pRecord);   ///< puts the defaults in; 13 for null
     bool isResetUnguarded = false; ///< the reset takes no null record
+    bool isResetPartial = false;   ///< the reset looks at what the record holds
     Codec tuning = {};
     Codec simulator = {};
     SectionCodec initialization = {};
@@ -25,6 +26,12 @@ struct Category {
     {
         Category category = *this;
         category.isResetUnguarded = true;
+        return category;
+    }
+    constexpr Category partial() const
+    {
+        Category category = *this;
+        category.isResetPartial = true;
         return category;
     }
     constexpr Category simulated(Codec codec) const

@@ -14,6 +14,7 @@
 #include "database/form_listing.h"
 #include "database/test_support.h"
 #include "database_forms.h"
+#include "database_registry.h"
 #include "database_walk.h"
 #include "protocol_initialization.h"
 
@@ -300,6 +301,20 @@ TEST(Forms, ListOnTheHeapTakesTheDocumentsLength)
         EXPECT_EQ(dump.registerNumber, QvJsonValue_size(QvJsonValue_member2(document.get(), "registers")));
     }
     std::free(dump.pRegisters);
+}
+
+TEST(Registry, AResetWritesEveryByteOfARecordThatIsNotZeroedFirst)
+{
+    for (const Category& category : categories()) {
+        const Block one = filled(category.size, 0xA5);
+        const Block other = filled(category.size, 0x5A);
+        if (category.isResetPartial) {
+            continue;
+        }
+        EXPECT_EQ(category.reset(one.get()), 0) << category.key;
+        EXPECT_EQ(category.reset(other.get()), 0) << category.key;
+        EXPECT_EQ(std::memcmp(one.get(), other.get(), category.size), 0) << category.key;
+    }
 }
 
 void expectSound(const Table& table, const std::string& where)
