@@ -312,7 +312,7 @@ TEST_F(Growth, JsonTexts)
         {"an error behind lines", repeated("[1", ",\n1", "?")},
         {"an error on one line", repeated("[1", ", \"\xC3\xA4\"", "?")},
         {"an error behind comments", repeated("[1", "/*a*/", "?")},
-        {"no end", repeated("[1", ",{\"a\":[1", "")},
+        {"no end", repeated("[1", ",{\"a\":[1]}", "")},
         {"an open comment", repeated("[1 /*", " * /", "")},
     };
     for (const auto& [name, make] : texts) {

@@ -27,6 +27,7 @@ namespace fs = std::filesystem;
 
 constexpr int kMostLinks = 40;
 constexpr int kMostSaves = 1000; // at once of one file
+constexpr int kLookAhead = 4;
 constexpr mode_t kPermissionBits = 07777;
 
 // While it lives a write that fails sends this thread no signal, so that the failure comes back as a status in a program
@@ -168,12 +169,15 @@ public:
         return -1;
     }
 
-    // Removes what is left over behind the name that was found.
+    // Removes what is left over behind the name that was found. Names in between may be free: their files have gone.
     void clean()
     {
-        do {
+        for (int last = number_ + kLookAhead; number_ < last && number_ < kMostSaves;) {
             name_ = stem_ + std::to_string(++number_);
-        } while (number_ < kMostSaves && removeLeftOver() != Found::Nothing);
+            if (removeLeftOver() != Found::Nothing) {
+                last = number_ + kLookAhead;
+            }
+        }
     }
 
 private:

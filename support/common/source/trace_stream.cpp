@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <exception>
 
 #ifndef __has_feature
 #define __has_feature(feature) 0
@@ -108,7 +109,7 @@ ssize_t LineStream::writeCookie(void* pCookie, const char* pText, size_t size)
     const StreamLock lock(pSelf->pStream_); // stdio doesn't hold it for each part of a long text
     try {
         pSelf->take({pText, size});
-    } catch (...) {
+    } catch (const std::exception&) { // nothing else: a thread that is cancelled here goes its way
         pSelf->takeUnjoined({pText, size});
     }
     return static_cast<ssize_t>(size);
