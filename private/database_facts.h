@@ -1,9 +1,9 @@
 #pragma once
 
-// What each member of each record is, said once: the facts that the comments of the public headers give, joined with what
-// the C type tells. source/database_facts.inc holds a row a member; it is made by scripts/facts and checked here by the
-// compiler, so that a fact about a member that doesn't exist, a range that the type can't hold, a role that the extents
-// contradict and a unit or enumeration that nobody knows don't compile.
+// What each member of each record is, said once: the facts that the comments of the public headers give, joined with
+// what the C type tells. source/database_facts.inc holds a row a member; it is made by scripts/facts and checked here
+// by the compiler, so that a fact about a member that doesn't exist, a range that the type can't hold, a role that the
+// extents contradict and a unit or enumeration that nobody knows don't compile.
 //
 // The rows hold no pointer: texts are offsets into one pool, so that all of it is plain read-only data which costs a
 // program that never asks nothing when the library is loaded.

@@ -17,8 +17,8 @@ void noteShortage();
 /// Whether anything was since the last clear.
 bool isShort();
 
-/// The member, or the item, that a writer fills, as QvJsonValue_member and QvJsonValue_item give it. A value that stands
-/// in no tree, and so takes what it is given with it, is noted.
+/// The member, or the item, that a writer fills, as QvJsonValue_member and QvJsonValue_item give it. A value that
+/// stands in no tree, and so takes what it is given with it, is noted.
 QvJsonValue_t* writableMember(QvJsonValue_t* pValue, const char* pKey);
 QvJsonValue_t* writableItem(QvJsonValue_t* pValue, std::size_t index);
 

@@ -38,9 +38,10 @@ using namespace qv::database;
 
 namespace {
 
-/// Calibration begins from a clean record at each load, unlike every other category. Its reader takes a text. A document
-/// that has been parsed is not parsed once more for that: its tree gives the same record, status and traces, and a load
-/// would take nearly twice as long. A text that is none (pDocument is null) goes to the reader, whose status it gets.
+/// Calibration begins from a clean record at each load, unlike every other category. Its reader takes a text. A
+/// document that has been parsed is not parsed once more for that: its tree gives the same record, status and traces,
+/// and a load would take nearly twice as long. A text that is none (pDocument is null) goes to the reader, whose status
+/// it gets.
 int calibration_textParse(const Context_t* pContext, QvCommonBuffer_t* pBuffer, QvJsonValue_t* pDocument)
 {
     if (pContext == nullptr || pBuffer == nullptr) {

@@ -26,7 +26,8 @@
 #include "database_status.h"
 #include "database_trace.h"
 
-// Not in the contract of the common library: with a build of it that lacks this one, an image is brought together first.
+// Not in the contract of the common library: with a build of it that lacks this one, an image is brought together
+// first.
 extern "C" [[gnu::weak]] decltype(QvCommonBuffer_saveParts) QvCommonBuffer_saveParts;
 
 using namespace qv::database;
@@ -71,8 +72,8 @@ int parse(QvDatabaseHandle_t handle, const char* pFilename, QvCommonBuffer_t* pB
     return QvDatabaseBinary_parse(handle, pBuffer);
 }
 
-/// Saves the image straight from the records, with the traces that the pass into a buffer leaves: bringing together half
-/// a megabyte first would cost as much as writing it. Failures are traced by the caller.
+/// Saves the image straight from the records, with the traces that the pass into a buffer leaves: bringing together
+/// half a megabyte first would cost as much as writing it. Failures are traced by the caller.
 int saveImage(QvDatabaseHandle_t handle, const char* pFilename)
 {
     std::array<QvCommonBufferPart_t, std::size(kImageKeys)> parts{};

@@ -216,8 +216,8 @@ QV_DATABASE_API int QvDatabaseCatalog_value(const QvDatabaseCatalogField_t* pFie
 
 /** Follows a path such as "A2DNR_5_2.tables[3].strength[7]" through the names of a document: the category (in the
     simulator document its class will do), then members apart by dots, with indices from 0 in brackets. Where a document
-    is one record (calibration, meta, version) the category may be left out. Indices may be left out at the end: the path
-    then names a list. A list of numbers that a document holds in rows takes an index for each dimension there.
+    is one record (calibration, meta, version) the category may be left out. Indices may be left out at the end: the
+    path then names a list. A list of numbers that a document holds in rows takes an index for each dimension there.
     0; 10 where the path leads nowhere, with `reached`, `stop`, and what was found until there; 13. */
 QV_DATABASE_API int QvDatabaseCatalog_find(QvDatabaseCatalogDocument_t document, const char* pPath,
                                            QvDatabaseCatalogPlace_t* pPlace);
@@ -231,9 +231,9 @@ QV_DATABASE_API int QvDatabaseCatalog_field(const QvDatabaseCatalogPlace_t* pPla
 QV_DATABASE_API int QvDatabaseCatalog_siblings(const QvDatabaseCatalogPlace_t* pPlace,
                                                QvDatabaseCatalogCursor_t* pCursor);
 
-/** The element at a place as a number; a bool is 0 or 1. pRecord is the category's record, as a query gives it. Integers
-    beyond 2^53 are rounded. 0; 6 for an element of a heap array past its length; 13, also for a place that is no
-    element, and for a text. */
+/** The element at a place as a number; a bool is 0 or 1. pRecord is the category's record, as a query gives it.
+    Integers beyond 2^53 are rounded. 0; 6 for an element of a heap array past its length; 13, also for a place that is
+    no element, and for a text. */
 QV_DATABASE_API int QvDatabaseCatalog_number(const QvDatabaseCatalogPlace_t* pPlace, const void* pRecord,
                                              double* pNumber);
 
@@ -247,9 +247,9 @@ QV_DATABASE_API int QvDatabaseCatalog_setNumber(const QvDatabaseCatalogPlace_t* 
 QV_DATABASE_API int QvDatabaseCatalog_text(const QvDatabaseCatalogPlace_t* pPlace, const void* pRecord, char* pText,
                                            size_t capacity, size_t* pLength);
 
-/** Stores a text's value at a place: what QvDatabaseCatalog_text gives, or the name of a value in full or short. Nothing
-    is changed unless the field holds it; a text must leave room for its terminator, and its rest becomes zero. 0; 6; 7;
-    13 as above. */
+/** Stores a text's value at a place: what QvDatabaseCatalog_text gives, or the name of a value in full or short.
+    Nothing is changed unless the field holds it; a text must leave room for its terminator, and its rest becomes zero.
+    0; 6; 7; 13 as above. */
 QV_DATABASE_API int QvDatabaseCatalog_setText(const QvDatabaseCatalogPlace_t* pPlace, void* pRecord, const char* pText);
 
 #ifdef __cplusplus

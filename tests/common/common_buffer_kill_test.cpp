@@ -1,6 +1,6 @@
 // Saves that are killed or held up on their way. The system calls of a save pass through here, so that a process can be
 // stopped at each of them.
-#include "qv_common_c/common_buffer.h"
+#include <qv_common_c/common_buffer.h>
 
 #include <algorithm>
 #include <cerrno>

@@ -1,4 +1,4 @@
-#include "qv_common_c/common_buffer.h"
+#include <qv_common_c/common_buffer.h>
 
 #include <algorithm>
 #include <csignal>

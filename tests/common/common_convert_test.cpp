@@ -1,4 +1,4 @@
-#include "qv_common_c/common_convert.h"
+#include <qv_common_c/common_convert.h>
 
 #include <climits>
 #include <clocale>
@@ -7,11 +7,11 @@
 
 #include <gtest/gtest.h>
 
-#include "qv_common_c/common_argument.h"
-#include "qv_common_c/common_error.h"
-#include "qv_common_c/common_stdlib.h"
-#include "qv_common_c/common_string.h"
-#include "qv_common_c/common_time.h"
+#include <qv_common_c/common_argument.h>
+#include <qv_common_c/common_error.h>
+#include <qv_common_c/common_stdlib.h>
+#include <qv_common_c/common_string.h>
+#include <qv_common_c/common_time.h>
 
 namespace {
 

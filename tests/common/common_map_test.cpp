@@ -1,4 +1,4 @@
-#include "qv_common_c/common_map.h"
+#include <qv_common_c/common_map.h>
 
 #include <cstdlib>
 #include <set>

@@ -1,11 +1,12 @@
 #include <array>
+#include <cstdint>
 #include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "qv_common_c/common_buffer_queue.h"
-#include "qv_common_c/common_dqueue.h"
+#include <qv_common_c/common_buffer_queue.h>
+#include <qv_common_c/common_dqueue.h>
 
 namespace {
 
@@ -38,6 +39,27 @@ TEST(CommonDQueue, WalkByPopAndPushKeepsTheOrder)
     }
     EXPECT_EQ(QvCommonDQueue_close(&hQueue), 0);
     EXPECT_EQ(QvCommonDQueue_length(hQueue), 0U);
+}
+
+TEST(CommonDQueue, GrowsWhereverItsFirstElementStands)
+{
+    QvCommonDQueueHandle_t hQueue = 0;
+    ASSERT_EQ(QvCommonDQueue_open(nullptr, &hQueue), 0);
+    std::uintptr_t pushed = 0;
+    std::uintptr_t popped = 0;
+    for (std::uintptr_t round = 1; round < 60; ++round) {
+        for (std::uintptr_t i = 0; i < round; ++i) {
+            auto* pElement = reinterpret_cast<void*>(++pushed);
+            ASSERT_EQ(QvCommonDQueue_pushBack(hQueue, &pElement), 0);
+        }
+        for (std::uintptr_t i = 0; i < round - round / 3; ++i) {
+            void* pElement = nullptr;
+            ASSERT_EQ(QvCommonDQueue_popFront(hQueue, &pElement), 0);
+            ASSERT_EQ(reinterpret_cast<std::uintptr_t>(pElement), ++popped);
+        }
+        ASSERT_EQ(QvCommonDQueue_length(hQueue), pushed - popped);
+    }
+    EXPECT_EQ(QvCommonDQueue_close(&hQueue), 0);
 }
 
 TEST(CommonDQueue, ThreadSafeQueueLosesNoElement)

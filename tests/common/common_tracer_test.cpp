@@ -1,4 +1,4 @@
-#include "qv_common_c/common_tracer.h"
+#include <qv_common_c/common_tracer.h>
 
 #include <cstdlib>
 #include <fcntl.h>
@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-#include "qv_common_c/common_logger.h"
+#include <qv_common_c/common_logger.h>
 
 namespace {
 

@@ -15,9 +15,9 @@
 
 #include <gtest/gtest.h>
 
-#include "qv_common_c/qv_common.h"
-#include "qv_initialization/qv_initialization.h"
-#include "qv_json_c/qv_json.h"
+#include <qv_common_c/qv_common.h>
+#include <qv_initialization/qv_initialization.h>
+#include <qv_json_c/qv_json.h>
 
 static uint64_t steps = 0;
 

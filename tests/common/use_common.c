@@ -1,5 +1,5 @@
 /* The interface as C sees it: the headers compile, and a handle, a function of the caller and hTracer work. */
-#include "qv_common_c/qv_common.h"
+#include <qv_common_c/qv_common.h>
 
 #include <stdlib.h>
 #include <string.h>

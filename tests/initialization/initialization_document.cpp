@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "qv_common_c/common_tracer.h"
+#include <qv_common_c/common_tracer.h>
 
 namespace {
 

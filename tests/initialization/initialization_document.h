@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "qv_initialization/qv_initialization.h"
+#include <qv_initialization/qv_initialization.h>
 
 // Initialization files as plain C++ values, moved through the C interface, so that tests can compare them.
 struct Member {

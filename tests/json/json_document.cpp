@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "qv_common_c/common_tracer.h"
+#include <qv_common_c/common_tracer.h>
 
 namespace qv::test {
 

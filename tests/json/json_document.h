@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "qv_json_c/qv_json.h"
+#include <qv_json_c/qv_json.h>
 
 namespace qv::test {
 

@@ -3,7 +3,7 @@
 #include <stdlib.h>
 #include <string.h>
 
-#include "qv_json_c/qv_json.h"
+#include <qv_json_c/qv_json.h>
 
 static int failures = 0;
 

@@ -3,11 +3,11 @@
 #include <cstdint>
 #include <new>
 
-#include "qv_common_c/common_error.h"
+#include <qv_common_c/common_error.h>
 
 namespace qv::common {
 
-// Runs the body of a C operation and turns what it throws into a status.
+/// Runs the body of a C operation and turns what it throws into a status.
 template <typename Body>
 int guarded(Body body) noexcept
 {
@@ -32,13 +32,13 @@ Object* fromHandle(uintptr_t handle)
     return reinterpret_cast<Object*>(handle);
 }
 
-// An output variable is there and clear.
+/// An output variable is there and clear.
 inline bool isClear(const uintptr_t* pHandle)
 {
     return pHandle != nullptr && *pHandle == 0;
 }
 
-// A variable is there and holds a handle.
+/// A variable is there and holds a handle.
 inline bool isSet(const uintptr_t* pHandle)
 {
     return pHandle != nullptr && *pHandle != 0;

@@ -1,4 +1,4 @@
-#include "qv_common_c/common_argument.h"
+#include <qv_common_c/common_argument.h>
 
 #include <cstring>
 

@@ -1,10 +1,10 @@
-#include "qv_common_c/common_buffer.h"
+#include <qv_common_c/common_buffer.h>
 
 #include <cstddef>
 #include <cstdlib>
 #include <new>
 
-#include "qv_common_c/common_error.h"
+#include <qv_common_c/common_error.h>
 
 static_assert(offsetof(QvCommonBuffer_t, pUserData) == 24 && offsetof(QvCommonBuffer_t, isAllocated) == 32);
 

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
@@ -9,22 +10,22 @@
 #include <unistd.h>
 
 #include "file_descriptor.h"
-#include "qv_common_c/common_buffer.h"
-#include "qv_common_c/common_error.h"
-#include "qv_common_c/common_tracer.h"
+#include <qv_common_c/common_buffer.h>
+#include <qv_common_c/common_error.h>
+#include <qv_common_c/common_tracer.h>
 
 namespace {
 
 using namespace qv::common;
 
-constexpr size_t kFirstCapacity = 4096;
-constexpr size_t kMost = QV_COMMON_BUFFER_LOAD_LIMIT;
+constexpr std::size_t kFirstCapacity = 4096;
+constexpr std::size_t kMost = QV_COMMON_BUFFER_LOAD_LIMIT;
 
-// A block of malloc that grows, so that the buffer can take it over.
+/// A block of malloc that grows, so that the buffer can take it over.
 class Content {
 public:
-    // Makes room for one byte more than `capacity`, the zero byte behind the content.
-    bool reserve(size_t capacity)
+    /// Makes room for one byte more than `capacity`, the zero byte behind the content.
+    bool reserve(std::size_t capacity)
     {
         auto* pBlock = static_cast<char*>(std::realloc(pBlock_.get(), capacity + 1));
         if (pBlock == nullptr) {
@@ -36,9 +37,9 @@ public:
         return true;
     }
 
-    // Reads until `limit` bytes are there or the file ends, and ends the content with a zero byte. `limit` may be one
-    // more than there may be, to see whether there are.
-    int read(int descriptor, size_t limit)
+    /// Reads until `limit` bytes are there or the file ends, and ends the content with a zero byte. `limit` may be one
+    /// more than there may be, to see whether there are.
+    int read(int descriptor, std::size_t limit)
     {
         while (size_ < limit) {
             if (size_ == capacity_ && !reserve(std::min(2 * capacity_, limit))) {
@@ -49,7 +50,7 @@ public:
                 break;
             }
             if (count > 0) {
-                size_ += static_cast<size_t>(count);
+                size_ += static_cast<std::size_t>(count);
             } else if (errno != EINTR) {
                 return fileStatus(errno, QvCommonError_Read);
             }
@@ -76,29 +77,29 @@ private:
         void operator()(char* pBlock) const { std::free(pBlock); }
     };
     std::unique_ptr<char, Free> pBlock_;
-    size_t capacity_ = 0;
-    size_t size_ = 0;
+    std::size_t capacity_ = 0;
+    std::size_t size_ = 0;
 };
 
-// Moves to byte `offset`. What can't seek is read and dropped up to there.
-int skip(int descriptor, size_t offset)
+/// Moves to byte `offset`. What can't seek is read and dropped up to there.
+int skip(int descriptor, std::size_t offset)
 {
     if (offset == 0) {
         return QvCommonError_Success;
     }
-    if (offset <= static_cast<size_t>(std::numeric_limits<off_t>::max()) &&
+    if (offset <= static_cast<std::size_t>(std::numeric_limits<off_t>::max()) &&
         lseek(descriptor, static_cast<off_t>(offset), SEEK_SET) >= 0) {
         return QvCommonError_Success;
     }
     char dropped[kFirstCapacity];
-    size_t number = 0;
+    std::size_t number = 0;
     while (number < offset) {
         const ssize_t count = ::read(descriptor, dropped, std::min(offset - number, sizeof(dropped)));
         if (count == 0) {
             break;
         }
         if (count > 0) {
-            number += static_cast<size_t>(count);
+            number += static_cast<std::size_t>(count);
             if (number > kMost) {
                 return QvCommonError_Capacity;
             }
@@ -109,17 +110,18 @@ int skip(int descriptor, size_t offset)
     return QvCommonError_Success;
 }
 
-// The room to begin with: for a regular file all that is asked for and one byte, so that the end shows without growing.
-size_t firstCapacity(const struct stat& file, size_t offset, size_t limit)
+/// The room to begin with: for a regular file all that is asked for and one byte, so that the end shows without
+/// growing.
+std::size_t firstCapacity(const struct stat& file, std::size_t offset, std::size_t limit)
 {
-    const auto fileSize = static_cast<size_t>(std::max<off_t>(file.st_size, 0));
+    const auto fileSize = static_cast<std::size_t>(std::max<off_t>(file.st_size, 0));
     if (!S_ISREG(file.st_mode) || fileSize <= offset) {
         return std::min(limit, kFirstCapacity);
     }
     return std::min(limit, fileSize - offset + 1);
 }
 
-int load(const char* pFilename, size_t offset, size_t size, QvCommonBuffer_t* pBuffer)
+int load(const char* pFilename, std::size_t offset, std::size_t size, QvCommonBuffer_t* pBuffer)
 {
     const FileDescriptor file(::open(pFilename, O_RDONLY | O_CLOEXEC | O_NOCTTY));
     struct stat state = {};
@@ -132,9 +134,9 @@ int load(const char* pFilename, size_t offset, size_t size, QvCommonBuffer_t* pB
     if (const int status = skip(file.get(), offset); status != QvCommonError_Success) {
         return status;
     }
-    const size_t limit = size != 0 ? std::min(size, kMost + 1) : kMost + 1;
-    if (limit > kMost && S_ISREG(state.st_mode) && state.st_size > 0 && static_cast<size_t>(state.st_size) > offset &&
-        static_cast<size_t>(state.st_size) - offset > kMost) {
+    const std::size_t limit = size != 0 ? std::min(size, kMost + 1) : kMost + 1;
+    if (limit > kMost && S_ISREG(state.st_mode) && state.st_size > 0 &&
+        static_cast<std::size_t>(state.st_size) > offset && static_cast<std::size_t>(state.st_size) - offset > kMost) {
         return QvCommonError_Capacity; // nor is it read in vain
     }
     Content content;
@@ -150,7 +152,7 @@ int load(const char* pFilename, size_t offset, size_t size, QvCommonBuffer_t* pB
 
 } // namespace
 
-int QvCommonBuffer_load2(const char* pFilename, size_t offset, size_t size, QvCommonBuffer_t* pBuffer)
+int QvCommonBuffer_load2(const char* pFilename, std::size_t offset, std::size_t size, QvCommonBuffer_t* pBuffer)
 {
     if (pFilename == nullptr || pBuffer == nullptr) {
         return QvCommonError_BadArgument;

@@ -1,6 +1,8 @@
-#include "qv_common_c/common_buffer_queue.h"
+#include <cstddef>
 
-#include "qv_common_c/common_error.h"
+#include <qv_common_c/common_buffer_queue.h>
+
+#include <qv_common_c/common_error.h>
 
 // A buffer queue is a queue of pointers with a typed face.
 
@@ -16,7 +18,7 @@ int QvCommonBufferQueue_close(QvCommonBufferQueueHandle_t* pHandle)
     return QvCommonDQueue_close(pHandle);
 }
 
-size_t QvCommonBufferQueue_length(QvCommonBufferQueueHandle_t handle)
+std::size_t QvCommonBufferQueue_length(QvCommonBufferQueueHandle_t handle)
 {
     return QvCommonDQueue_length(handle);
 }

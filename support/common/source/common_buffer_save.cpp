@@ -2,6 +2,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <ctime>
@@ -18,7 +19,7 @@
 
 #include "boundary.h"
 #include "file_descriptor.h"
-#include "qv_common_c/common_buffer.h"
+#include <qv_common_c/common_buffer.h>
 
 namespace {
 
@@ -30,8 +31,8 @@ constexpr int kMostSaves = 1000; // at once of one file
 constexpr int kLookAhead = 4;
 constexpr mode_t kPermissionBits = 07777;
 
-// While it lives a write that fails sends this thread no signal, so that the failure comes back as a status in a program
-// that doesn't handle it.
+/// While it lives a write that fails sends this thread no signal, so that the failure comes back as a status in a
+/// program that doesn't handle it.
 class SignalGuard {
 public:
     explicit SignalGuard(int signal)
@@ -56,7 +57,7 @@ public:
         }
     }
 
-    // Takes back the signal that a failed write has sent. One that waited before goes on waiting.
+    /// Takes back the signal that a failed write has sent. One that waited before goes on waiting.
     void drop() const
     {
         constexpr timespec kNow = {};
@@ -70,19 +71,19 @@ private:
     bool wasPending_ = false;
 };
 
-// What is to be written, one block behind the other.
+/// What is to be written, one block behind the other.
 using Parts = std::span<const QvCommonBufferPart_t>;
 
-// `signal` is the one that a failure may send.
+/// `signal` is the one that a failure may send.
 int writeAll(int descriptor, Parts parts, int signal)
 {
     const SignalGuard guard(signal);
-    size_t written = 0; // of the first part
+    std::size_t written = 0; // of the first part
     while (!parts.empty()) {
         std::array<iovec, 64> blocks;
-        size_t number = 0;
+        std::size_t number = 0;
         for (; number < blocks.size() && number < parts.size(); ++number) {
-            const size_t from = number == 0 ? written : 0;
+            const std::size_t from = number == 0 ? written : 0;
             blocks[number] = {const_cast<char*>(parts[number].pBegin) + from, parts[number].size - from};
         }
         const ssize_t count = ::writev(descriptor, blocks.data(), static_cast<int>(number));
@@ -93,7 +94,7 @@ int writeAll(int descriptor, Parts parts, int signal)
             guard.drop();
             return QvCommonError_Write;
         }
-        written += static_cast<size_t>(count);
+        written += static_cast<std::size_t>(count);
         const bool isStuck = count == 0 && written < parts.front().size;
         while (!parts.empty() && written >= parts.front().size) {
             written -= parts.front().size;
@@ -106,7 +107,7 @@ int writeAll(int descriptor, Parts parts, int signal)
     return QvCommonError_Success;
 }
 
-// For what isn't a regular file.
+/// For what isn't a regular file.
 int writeThrough(const char* pFilename, Parts content)
 {
     FileDescriptor file(::open(pFilename, O_WRONLY | O_CLOEXEC | O_NOCTTY));
@@ -117,7 +118,7 @@ int writeThrough(const char* pFilename, Parts content)
     return file.close() ? status : QvCommonError_Write;
 }
 
-// Follows symbolic links by hand, since the last one may lead to a file that doesn't exist yet.
+/// Follows symbolic links by hand, since the last one may lead to a file that doesn't exist yet.
 int followLinks(fs::path& path)
 {
     for (int link = 0; link < kMostLinks; ++link) {
@@ -134,9 +135,9 @@ int followLinks(fs::path& path)
     return QvCommonError_NotFound;
 }
 
-// The names under which new files for one target wait for their turn: ".qv_save.<hash of its name>.<number>". They can be
-// counted up rather than looked for, so that what a killed process left is found without reading the folder. A file
-// that waits is locked by its process; one that isn't is left over.
+/// The names under which new files for one target wait for their turn: ".qv_save.<hash of its name>.<number>". They can
+/// be counted up rather than looked for, so that what a killed process left is found without reading the folder. A file
+/// that waits is locked by its process; one that isn't is left over.
 class WaitingNames {
 public:
     WaitingNames(int folder, std::string_view target) : folder_(folder)
@@ -150,8 +151,8 @@ public:
 
     const char* name() const { return name_.c_str(); }
 
-    // Calls for one name after the other until the call doesn't fail because there is such a file. What is left over
-    // is removed. The call's last result.
+    /// Calls for one name after the other until the call doesn't fail because there is such a file. What is left over
+    /// is removed. The call's last result.
     template <typename Call>
     int findFree(Call call)
     {
@@ -169,7 +170,7 @@ public:
         return -1;
     }
 
-    // Removes what is left over behind the name that was found. Names in between may be free: their files have gone.
+    /// Removes what is left over behind the name that was found. Names in between may be free: their files have gone.
     void clean()
     {
         for (int last = number_ + kLookAhead; number_ < last && number_ < kMostSaves;) {
@@ -209,10 +210,10 @@ private:
     std::string name_;
 };
 
-// One replacement of a file, or the making of a new one.
+/// One replacement of a file, or the making of a new one.
 class Replacement {
 public:
-    // `pOld` is null for a file that doesn't exist yet.
+    /// `pOld` is null for a file that doesn't exist yet.
     Replacement(int folder, const char* pName, const struct stat* pOld, Parts content)
         : folder_(folder), pName_(pName), pOld_(pOld), content_(content), names_(folder, pName)
     {
@@ -239,12 +240,12 @@ public:
     }
 
 private:
-    // The mode is cut by the umask on making the file, which spares asking for the umask: that can't be done without
-    // changing it under the feet of other threads.
+    /// The mode is cut by the umask on making the file, which spares asking for the umask: that can't be done without
+    /// changing it under the feet of other threads.
     mode_t mode() const { return pOld_ != nullptr ? 0600 : 0666; }
 
-    // A file without a name is gone with its process. It gets a name once it is whole. Not every file system knows such
-    // files, and not everywhere is there a /proc to name them by.
+    /// A file without a name is gone with its process. It gets a name once it is whole. Not every file system knows
+    /// such files, and not everywhere is there a /proc to name them by.
     int writeUnnamed()
     {
         file_ = FileDescriptor(::openat(folder_, ".", O_WRONLY | O_TMPFILE | O_CLOEXEC, mode()));
@@ -292,7 +293,7 @@ private:
         return fsync(file_.get()) == 0 ? QvCommonError_Success : QvCommonError_Write;
     }
 
-    // Gives the new file what belongs to the old one beside its content.
+    /// Gives the new file what belongs to the old one beside its content.
     bool inherit() const
     {
         // Where the owner can't be kept the file is better saved under another one than not at all.
@@ -350,7 +351,7 @@ int save(const char* pFilename, Parts content)
 
 } // namespace
 
-int QvCommonBuffer_save2(QvCommonBuffer_t* pBuffer, const char* pFilename, size_t size)
+int QvCommonBuffer_save2(QvCommonBuffer_t* pBuffer, const char* pFilename, std::size_t size)
 {
     if (pBuffer == nullptr || pFilename == nullptr || (pBuffer->pBegin == nullptr && pBuffer->size != 0)) {
         return QvCommonError_BadArgument;
@@ -362,7 +363,7 @@ int QvCommonBuffer_save2(QvCommonBuffer_t* pBuffer, const char* pFilename, size_
     return guarded([&] { return save(pFilename, {&content, 1}); });
 }
 
-int QvCommonBuffer_saveParts(const QvCommonBufferPart_t* pParts, size_t number, const char* pFilename)
+int QvCommonBuffer_saveParts(const QvCommonBufferPart_t* pParts, std::size_t number, const char* pFilename)
 {
     if (pFilename == nullptr || (pParts == nullptr && number != 0)) {
         return QvCommonError_BadArgument;

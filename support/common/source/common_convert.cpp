@@ -1,18 +1,19 @@
-#include "qv_common_c/common_convert.h"
+#include <qv_common_c/common_convert.h>
 
+#include <cstddef>
 #include <cstring>
 
 namespace {
 
 template <typename Element>
-void store(void* pData, size_t index, ssize_t value)
+void store(void* pData, std::size_t index, ssize_t value)
 {
     const auto element = static_cast<Element>(value);
     std::memcpy(static_cast<char*>(pData) + index * sizeof(Element), &element, sizeof(Element));
 }
 
 template <typename Element>
-Element load(const void* pData, size_t index)
+Element load(const void* pData, std::size_t index)
 {
     Element element = 0;
     std::memcpy(&element, static_cast<const char*>(pData) + index * sizeof(Element), sizeof(Element));
@@ -20,7 +21,7 @@ Element load(const void* pData, size_t index)
 }
 
 template <typename Signed, typename Unsigned>
-int64_t extend(bool isSigned, const void* pData, size_t index)
+int64_t extend(bool isSigned, const void* pData, std::size_t index)
 {
     return isSigned ? static_cast<int64_t>(load<Signed>(pData, index))
                     : static_cast<int64_t>(load<Unsigned>(pData, index));
@@ -28,7 +29,7 @@ int64_t extend(bool isSigned, const void* pData, size_t index)
 
 } // namespace
 
-void QvCommonConvert_integer2Binary(void* pData, size_t stride, size_t index, ssize_t value)
+void QvCommonConvert_integer2Binary(void* pData, std::size_t stride, std::size_t index, ssize_t value)
 {
     if (pData == nullptr) {
         return;
@@ -51,7 +52,7 @@ void QvCommonConvert_integer2Binary(void* pData, size_t stride, size_t index, ss
     }
 }
 
-int64_t QvCommonConvert_integer2Binary_(bool isSigned, void* pData, size_t stride, size_t index)
+int64_t QvCommonConvert_integer2Binary_(bool isSigned, void* pData, std::size_t stride, std::size_t index)
 {
     if (pData == nullptr) {
         return 0;

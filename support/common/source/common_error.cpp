@@ -1,4 +1,4 @@
-#include "qv_common_c/common_error.h"
+#include <qv_common_c/common_error.h>
 
 #include <array>
 #include <cstddef>

@@ -1,10 +1,10 @@
-#include "qv_common_c/common_logger.h"
+#include <qv_common_c/common_logger.h>
 
 #include <cstring>
 #include <memory>
 
 #include "boundary.h"
-#include "qv_common_c/common_tracer.h"
+#include <qv_common_c/common_tracer.h>
 
 using namespace qv::common;
 

@@ -1,4 +1,4 @@
-#include "qv_common_c/common_map.h"
+#include <qv_common_c/common_map.h>
 
 #include <bit>
 #include <cstddef>
@@ -17,9 +17,9 @@ using namespace qv::common;
 
 static_assert(sizeof(QvCommonMapSlot_t) == 8);
 
-// A table of keys with open places, at most half full. Keys are few and short, and lookups are what counts: one walk over
-// the caller's text packs its first 16 characters into two words, which are both the hash and, for most keys, all that
-// is compared.
+/// A table of keys with open places, at most half full. Keys are few and short, and lookups are what counts: one walk
+/// over the caller's text packs its first 16 characters into two words, which are both the hash and, for most keys, all
+/// that is compared.
 class Map {
 public:
     explicit Map(int (*pFree)(void**)) : entries_(kFirstCapacity), pFree_(pFree) {}
@@ -59,7 +59,7 @@ public:
         }
     };
 
-    // The entry of the key, or the open place where it would stand.
+    /// The entry of the key, or the open place where it would stand.
     Entry& find(const Packed& key)
     {
         std::size_t at = key.hash() & (entries_.size() - 1);
@@ -69,7 +69,7 @@ public:
         return entries_[at];
     }
 
-    // Room for one more; a find before it is void. May throw.
+    /// Room for one more; a find before it is void. May throw.
     void makeRoom()
     {
         if ((number_ + 1) * 2 <= entries_.size()) {
@@ -89,7 +89,7 @@ public:
         }
     }
 
-    // Fills an open place that find() gave. May throw, and changes nothing then.
+    /// Fills an open place that find() gave. May throw, and changes nothing then.
     void take(Entry& entry, const Packed& key, QvCommonMapSlot_t* pSlot)
     {
         entry.rest = key.pRest;
@@ -114,8 +114,8 @@ private:
     int (*pFree_)(void**);
 };
 
-// What a lookup that misses leads to. It lies in memory that can't be written: a program that writes to an entry it
-// doesn't have is stopped there, and can't plant an object for all others.
+/// What a lookup that misses leads to. It lies in memory that can't be written: a program that writes to an entry it
+/// doesn't have is stopped there, and can't plant an object for all others.
 const QvCommonMapSlot_t kMissing = {nullptr};
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "qv_common_c/common_stdlib.h"
+#include <qv_common_c/common_stdlib.h>
 
 #include <clocale>
 #include <cstdlib>
@@ -6,7 +6,7 @@
 
 namespace {
 
-// Made once and kept for good. Null if the C library can't give it: then the process's own locale has to do.
+/// Made once and kept for good. Null if the C library can't give it: then the process's own locale has to do.
 locale_t cLocale()
 {
     static const locale_t locale = newlocale(LC_ALL_MASK, "C", nullptr);

@@ -1,4 +1,4 @@
-#include "qv_common_c/common_string.h"
+#include <qv_common_c/common_string.h>
 
 #include <cstring>
 

@@ -1,4 +1,4 @@
-#include "qv_common_c/common_tracer.h"
+#include <qv_common_c/common_tracer.h>
 
 #include <array>
 #include <atomic>
@@ -26,7 +26,7 @@ struct Tracer {
 
 constexpr QvCommonTracerLevel_t kBuiltInLevel = QvCommonTracerLevel_Info;
 
-// What a thread has said about the line it writes next.
+/// What a thread has said about the line it writes next.
 struct Position {
     QvCommonTracerHandle_t handle;
     QvCommonTracerLevel_t level;
@@ -38,8 +38,8 @@ struct Position {
 
 constexpr Position kNoPosition = {0, QvCommonTracerLevel_Info, nullptr, 0, nullptr, false};
 
-// The model puts it into what each thread has from its start. In a library that is loaded later it would otherwise be
-// made at a thread's first trace, and the C library aborts the process when it finds no memory for it.
+/// The model puts it into what each thread has from its start. In a library that is loaded later it would otherwise be
+/// made at a thread's first trace, and the C library aborts the process when it finds no memory for it.
 [[gnu::tls_model("initial-exec")]] constinit thread_local Position position = kNoPosition;
 
 QvCommonTracerLevel_t levelOfThread()
@@ -47,7 +47,7 @@ QvCommonTracerLevel_t levelOfThread()
     return position.level;
 }
 
-// A C caller can pass any number, so the bytes are looked at before they are taken for a level.
+/// A C caller can pass any number, so the bytes are looked at before they are taken for a level.
 bool isLevel(const QvCommonTracerLevel_t& level, int last)
 {
     static_assert(sizeof(level) == sizeof(int));
@@ -63,7 +63,7 @@ void writePrefix(LineStream& lines)
     if (position.line > 0) {
         std::snprintf(lineText, sizeof(lineText), ":%d", position.line);
     }
-    const std::string_view word = kWords[static_cast<size_t>(position.level)];
+    const std::string_view word = kWords[static_cast<std::size_t>(position.level)];
     if (position.pFile == nullptr) {
         lines.write({word, kBehind});
     } else if (position.pFunction == nullptr) {
@@ -73,7 +73,7 @@ void writePrefix(LineStream& lines)
     }
 }
 
-// Null without memory.
+/// Null without memory.
 std::unique_ptr<Tracer> makeTracer(QvCommonTracerLevel_t level, const LineTarget& target) noexcept
 {
     try {
@@ -87,7 +87,7 @@ std::unique_ptr<Tracer> makeTracer(QvCommonTracerLevel_t level, const LineTarget
     return nullptr;
 }
 
-// The tracer of handle 0, made when something is first written to it and kept for good. Null without memory.
+/// The tracer of handle 0, made when something is first written to it and kept for good. Null without memory.
 Tracer* builtInTracer()
 {
     static std::atomic<Tracer*> builtIn = nullptr;

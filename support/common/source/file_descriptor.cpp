@@ -3,7 +3,7 @@
 #include <cerrno>
 #include <unistd.h>
 
-#include "qv_common_c/common_error.h"
+#include <qv_common_c/common_error.h>
 
 namespace qv::common {
 

@@ -4,7 +4,7 @@
 
 namespace qv::common {
 
-// Owns an open file descriptor.
+/// Owns an open file descriptor.
 class FileDescriptor {
 public:
     explicit FileDescriptor(int descriptor = -1) : descriptor_(descriptor) {}
@@ -21,14 +21,14 @@ public:
     bool isOpen() const { return descriptor_ >= 0; }
     int get() const { return descriptor_; }
 
-    // false: the system reports that something written before did not arrive.
+    /// false: the system reports that something written before did not arrive.
     bool close();
 
 private:
     int descriptor_;
 };
 
-// The status for a failed file operation, from its errno; `other` where the number says nothing in particular.
+/// The status for a failed file operation, from its errno; `other` where the number says nothing in particular.
 int fileStatus(int error, int other);
 
 } // namespace qv::common

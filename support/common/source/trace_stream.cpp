@@ -2,13 +2,14 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstddef>
 #include <exception>
 
 #ifndef __has_feature
 #define __has_feature(feature) 0
 #endif
 #if defined(__SANITIZE_THREAD__) || __has_feature(thread_sanitizer)
-// The sanitizer doesn't see what flockfile does.
+/// The sanitizer doesn't see what flockfile does.
 extern "C" void __tsan_acquire(void* pLock);
 extern "C" void __tsan_release(void* pLock);
 #define QV_ACQUIRED(pLock) __tsan_acquire(pLock)
@@ -22,7 +23,7 @@ namespace qv::common {
 
 namespace {
 
-// Holds the lock of a stream. A thread may hold it several times.
+/// Holds the lock of a stream. A thread may hold it several times.
 class StreamLock {
 public:
     explicit StreamLock(FILE* pStream) : pStream_(pStream)
@@ -103,7 +104,7 @@ void LineStream::write(std::initializer_list<std::string_view> pieces)
     }
 }
 
-ssize_t LineStream::writeCookie(void* pCookie, const char* pText, size_t size)
+ssize_t LineStream::writeCookie(void* pCookie, const char* pText, std::size_t size)
 {
     auto* pSelf = static_cast<LineStream*>(pCookie);
     const StreamLock lock(pSelf->pStream_); // stdio doesn't hold it for each part of a long text
@@ -132,13 +133,13 @@ LineStream::Line& LineStream::lineOfThread()
     return *pFree;
 }
 
-// All or nothing where it throws.
+/// All or nothing where it throws.
 void LineStream::take(std::string_view text)
 {
     Line& line = lineOfThread();
     line.text.reserve(line.text.size() + text.size() + 1);
     while (!text.empty()) {
-        const size_t length = std::min(text.find('\n'), text.size());
+        const std::size_t length = std::min(text.find('\n'), text.size());
         line.level = pLevel_();
         line.text += text.substr(0, length);
         if (length == text.size()) {
@@ -149,8 +150,8 @@ void LineStream::take(std::string_view text)
     }
 }
 
-// Without memory to join it a text follows the line's beginning as it comes. A function is given whole lines only: it
-// doesn't get this one, and the program that traces goes on.
+/// Without memory to join it a text follows the line's beginning as it comes. A function is given whole lines only: it
+/// doesn't get this one, and the program that traces goes on.
 void LineStream::takeUnjoined(std::string_view text)
 {
     const StreamLock lock(stream());
@@ -167,7 +168,7 @@ void LineStream::takeUnjoined(std::string_view text)
     }
 }
 
-// Hands on the line; then it is free. There is room for a line end.
+/// Hands on the line; then it is free. There is room for a line end.
 void LineStream::end(Line& line)
 {
     if (target_.pWrite != nullptr) {

@@ -1,8 +1,8 @@
-#include "qv_initialization/initialization_member.h"
+#include <qv_initialization/initialization_member.h>
 
 #include <cstdlib>
 
-#include "qv_common_c/common_error.h"
+#include <qv_common_c/common_error.h>
 
 int QvInitializationMember_create(QvInitializationMember_t** ppMember)
 {

@@ -1,6 +1,7 @@
 #include "initialization_parser.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
 #include <utility>
 
@@ -92,7 +93,7 @@ void Parser::parseMember(std::string_view text)
     addMember(trim(text.substr(0, equals)), text.substr(equals));
 }
 
-// `rest` is what follows the key on its line: nothing, a comment, or '=' with the value.
+/// `rest` is what follows the key on its line: nothing, a comment, or '=' with the value.
 void Parser::addMember(std::string_view key, std::string_view rest)
 {
     MemberPointer pMember = makeMember();
@@ -121,7 +122,7 @@ void Parser::addMember(std::string_view key, std::string_view rest)
     pushBack(currentSection().hMember, std::move(pMember));
 }
 
-// Keeps a comment, which begins with its mark, until it is known what it belongs to.
+/// Keeps a comment, which begins with its mark, until it is known what it belongs to.
 void Parser::addComment(std::string_view rest)
 {
     if (!rest.empty()) {
@@ -137,7 +138,7 @@ void Parser::moveCommentsTo(QvInitializationSection_t& section)
     comments_.clear();
 }
 
-// The section that the line at hand belongs to; one without a header in front of the first.
+/// The section that the line at hand belongs to; one without a header in front of the first.
 QvInitializationSection_t& Parser::currentSection()
 {
     if (sections_.empty()) {

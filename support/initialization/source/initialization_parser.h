@@ -8,17 +8,17 @@
 
 namespace qv::initialization {
 
-// Where a text broke the rules, and what should have stood there.
+/// Where a text broke the rules, and what should have stood there.
 struct SyntaxError {
     const char* pExpected;
     std::size_t line;   // from 1
     std::size_t column; // in bytes, from 1
 };
 
-// Reads one text line by line into sections. The text must outlive the parser.
+/// Reads one text line by line into sections. The text must outlive the parser.
 class Parser {
 public:
-    // The sections of the text in file order. Throws SyntaxError, StatusError or std::bad_alloc.
+    /// The sections of the text in file order. Throws SyntaxError, StatusError or std::bad_alloc.
     std::vector<SectionPointer> parse(std::string_view text);
 
 private:

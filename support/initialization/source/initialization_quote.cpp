@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 
 namespace qv::initialization {
 
@@ -9,7 +10,7 @@ namespace {
 
 constexpr std::string_view kHexadecimal = "0123456789ABCDEF";
 
-// The escapes of one letter, and what they stand for.
+/// The escapes of one letter, and what they stand for.
 struct Escape {
     char letter;
     char byte;
@@ -33,7 +34,7 @@ constexpr bool isAnyOf(char character, std::string_view set)
     return false;
 }
 
-// The value of a hexadecimal digit, or -1.
+/// The value of a hexadecimal digit, or -1.
 int digitOf(char character)
 {
     if (character >= '0' && character <= '9') {
@@ -48,8 +49,8 @@ int digitOf(char character)
     return -1;
 }
 
-// Appends what the escape at the start of `text`, a backslash with something behind it, stands for. Gives the number of
-// characters it took.
+/// Appends what the escape at the start of `text`, a backslash with something behind it, stands for. Gives the number
+/// of characters it took.
 std::size_t readEscape(std::string_view text, std::string& result)
 {
     for (const Escape& escape : kEscapes) {
@@ -92,7 +93,7 @@ void appendQuoted(std::string& document, std::string_view text)
     document += '"';
 }
 
-// The characters that are misread wherever they stand.
+/// The characters that are misread wherever they stand.
 constexpr auto kMisread = [] {
     std::array<bool, 256> isMisread{};
     for (std::size_t byte = 0; byte < isMisread.size(); ++byte) {
@@ -101,7 +102,7 @@ constexpr auto kMisread = [] {
     return isMisread;
 }();
 
-// True for a text that, wherever it stands, would be read differently or could be misread.
+/// True for a text that, wherever it stands, would be read differently or could be misread.
 bool needsQuotes(std::string_view text)
 {
     return !text.empty() &&

@@ -19,13 +19,13 @@ struct Unquoted {
     std::string_view rest; // what follows the closing quote and the blanks behind it
 };
 
-// Reads a text in quotes at the start of `text`. Nothing when there is none, or its closing quote is missing.
+/// Reads a text in quotes at the start of `text`. Nothing when there is none, or its closing quote is missing.
 std::optional<Unquoted> unquote(std::string_view text);
 
-// True where there is nothing more on a line but perhaps a comment.
+/// True where there is nothing more on a line but perhaps a comment.
 bool isEndOrComment(std::string_view rest);
 
-// Each appends the text to a document, in quotes where it would be read differently without.
+/// Each appends the text to a document, in quotes where it would be read differently without.
 void appendHeader(std::string& document, std::string_view header);
 void appendKey(std::string& document, std::string_view key);
 void appendValue(std::string& document, std::string_view value);

@@ -1,17 +1,17 @@
-#include "qv_initialization/initialization_reader.h"
+#include <qv_initialization/initialization_reader.h>
 
 #include <cstdio>
 #include <new>
 #include <utility>
 
 #include "initialization_parser.h"
-#include "qv_common_c/common_tracer.h"
+#include <qv_common_c/common_tracer.h>
 
 namespace {
 
 using namespace qv::initialization;
 
-// A reader has nothing to remember; its address is its handle.
+/// A reader has nothing to remember; its address is its handle.
 struct Reader {};
 
 void trace(const SyntaxError& error, int line, const char* pFunction)

@@ -8,22 +8,22 @@
 #include <utility>
 #include <vector>
 
-#include "qv_common_c/common_dqueue.h"
-#include "qv_common_c/common_error.h"
-#include "qv_initialization/initialization_member.h"
-#include "qv_initialization/initialization_section.h"
+#include <qv_common_c/common_dqueue.h>
+#include <qv_common_c/common_error.h>
+#include <qv_initialization/initialization_member.h>
+#include <qv_initialization/initialization_section.h>
 
 // What reader and writer share: owners for the C records, and the way in which failures reach the C interface.
 namespace qv::initialization {
 
-// A status on its way to the C interface.
+/// A status on its way to the C interface.
 struct StatusError {
     int status;
 };
 
 void throwUnlessSuccess(int status);
 
-// Runs an operation and gives its outcome as a status, so that no exception gets out of the library.
+/// Runs an operation and gives its outcome as a status, so that no exception gets out of the library.
 template <typename Operation>
 int statusOf(Operation operation) noexcept
 {
@@ -58,10 +58,10 @@ using SectionPointer = std::unique_ptr<QvInitializationSection_t, DeleteSection>
 MemberPointer makeMember();
 SectionPointer makeSection();
 
-// A zero-terminated copy in a block of malloc.
+/// A zero-terminated copy in a block of malloc.
 TextPointer copyOf(std::string_view text);
 
-// Hands an element over to a queue that owns its elements.
+/// Hands an element over to a queue that owns its elements.
 template <typename Owner>
 void pushBack(QvCommonDQueueHandle_t hQueue, Owner owner)
 {
@@ -70,7 +70,7 @@ void pushBack(QvCommonDQueueHandle_t hQueue, Owner owner)
     static_cast<void>(owner.release());
 }
 
-// The elements of a queue from front to back, null ones left out. The queue keeps them in their order.
+/// The elements of a queue from front to back, null ones left out. The queue keeps them in their order.
 template <typename Element>
 std::vector<Element*> elementsOf(QvCommonDQueueHandle_t hQueue)
 {

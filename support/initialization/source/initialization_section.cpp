@@ -1,10 +1,10 @@
-#include "qv_initialization/initialization_section.h"
+#include <qv_initialization/initialization_section.h>
 
 #include <cstdlib>
 #include <initializer_list>
 
-#include "qv_common_c/common_error.h"
-#include "qv_initialization/initialization_member.h"
+#include <qv_common_c/common_error.h>
+#include <qv_initialization/initialization_member.h>
 
 namespace {
 

@@ -1,6 +1,7 @@
-#include "qv_initialization/initialization_writer.h"
+#include <qv_initialization/initialization_writer.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <new>
 #include <string>
 #include <string_view>
@@ -14,10 +15,10 @@ namespace {
 
 using namespace qv::initialization;
 
-// A writer has nothing to remember; its address is its handle.
+/// A writer has nothing to remember; its address is its handle.
 struct Writer {};
 
-// Appends a line of comment for each line of the text.
+/// Appends a line of comment for each line of the text.
 void appendComment(std::string& document, std::string_view text)
 {
     while (true) {
@@ -50,7 +51,7 @@ void appendMember(std::string& document, const QvInitializationMember_t& member)
     document += '\n';
 }
 
-// A section as it will be read: what has no header goes with the section above.
+/// A section as it will be read: what has no header goes with the section above.
 struct Part {
     std::string comments;
     std::string header; // with its line end; empty only in front of all headers
@@ -89,7 +90,7 @@ std::string documentOf(const std::vector<Part>& parts)
 {
     std::string document;
     for (const Part& part : parts) {
-        const size_t begin = document.size();
+        const std::size_t begin = document.size();
         if (part.header.empty()) {
             document += part.members;
             document += part.comments;

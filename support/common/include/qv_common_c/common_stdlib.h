@@ -3,7 +3,7 @@
 
 #include <stdint.h>
 
-#include "qv_common_c/qv_common_export.h"
+#include <qv_common_c/qv_common_export.h>
 
 #ifdef __cplusplus
 extern "C" {
@@ -12,12 +12,12 @@ extern "C" {
 /* Number texts, read by the rules of the C locale whatever locale the process has chosen. May be called from any
  * thread. */
 
-/* As strtol. `ppEnd` may be null, else `*ppEnd` receives the first character that isn't part of the number. A value out
- * of range gives LONG_MAX or LONG_MIN. A null text gives 0 and a null end. */
+/** As strtol. `ppEnd` may be null, else `*ppEnd` receives the first character that isn't part of the number. A value
+ * out of range gives LONG_MAX or LONG_MIN. A null text gives 0 and a null end. */
 QV_COMMON_API long QvCommonStdlib_strtol(const char* pText, char** ppEnd, int32_t base);
 
-/* As strtof. `ppEnd` may be null, else `*ppEnd` receives the first character that isn't part of the number. A value out
- * of range gives an infinity. A null text gives 0 and a null end. */
+/** As strtof. `ppEnd` may be null, else `*ppEnd` receives the first character that isn't part of the number. A value
+ * out of range gives an infinity. A null text gives 0 and a null end. */
 QV_COMMON_API float QvCommonStdlib_strtof(const char* pText, char** ppEnd);
 
 #ifdef __cplusplus

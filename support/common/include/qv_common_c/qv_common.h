@@ -17,17 +17,17 @@
  *    free.
  * 6. Functions that the caller hands in must not throw.
  */
-#include "qv_common_c/common_argument.h"
-#include "qv_common_c/common_buffer.h"
-#include "qv_common_c/common_buffer_queue.h"
-#include "qv_common_c/common_convert.h"
-#include "qv_common_c/common_dqueue.h"
-#include "qv_common_c/common_error.h"
-#include "qv_common_c/common_logger.h"
-#include "qv_common_c/common_map.h"
-#include "qv_common_c/common_stdlib.h"
-#include "qv_common_c/common_string.h"
-#include "qv_common_c/common_time.h"
-#include "qv_common_c/common_tracer.h"
+#include <qv_common_c/common_argument.h>
+#include <qv_common_c/common_buffer.h>
+#include <qv_common_c/common_buffer_queue.h>
+#include <qv_common_c/common_convert.h>
+#include <qv_common_c/common_dqueue.h>
+#include <qv_common_c/common_error.h>
+#include <qv_common_c/common_logger.h>
+#include <qv_common_c/common_map.h>
+#include <qv_common_c/common_stdlib.h>
+#include <qv_common_c/common_string.h>
+#include <qv_common_c/common_time.h>
+#include <qv_common_c/common_tracer.h>
 
 #endif

@@ -3,31 +3,31 @@
 
 #include <stdint.h>
 
-#include "qv_common_c/common_buffer.h"
-#include "qv_common_c/common_dqueue.h"
-#include "qv_initialization/qv_initialization_export.h"
+#include <qv_common_c/common_buffer.h>
+#include <qv_common_c/common_dqueue.h>
+#include <qv_initialization/qv_initialization_export.h>
 
 #ifdef __cplusplus
 extern "C" {
 #endif
 
-/* A reader; 0 is none. It keeps nothing between calls, so several threads may parse with one reader. */
+/** A reader; 0 is none. It keeps nothing between calls, so several threads may parse with one reader. */
 typedef uintptr_t QvInitializationReaderHandle_t;
 
-/*
+/**
  * Opens a reader.
  * phReader: receives the handle; must hold 0.
  * Returns 0; 5 when out of memory; 13 when phReader is null or doesn't hold 0.
  */
 QV_INITIALIZATION_API int QvInitializationReader_open(QvInitializationReaderHandle_t* phReader);
 
-/*
+/**
  * Closes the reader and sets the handle to 0.
  * Returns 0; 13 when phReader is null or holds 0.
  */
 QV_INITIALIZATION_API int QvInitializationReader_close(QvInitializationReaderHandle_t* phReader);
 
-/*
+/**
  * Reads the text in a buffer and pushes one new QvInitializationSection_t* for each section, in file order, to the back
  * of the queue. Sections and keys that occur twice arrive twice.
  *

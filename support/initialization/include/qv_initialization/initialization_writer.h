@@ -3,31 +3,31 @@
 
 #include <stdint.h>
 
-#include "qv_common_c/common_buffer.h"
-#include "qv_common_c/common_dqueue.h"
-#include "qv_initialization/qv_initialization_export.h"
+#include <qv_common_c/common_buffer.h>
+#include <qv_common_c/common_dqueue.h>
+#include <qv_initialization/qv_initialization_export.h>
 
 #ifdef __cplusplus
 extern "C" {
 #endif
 
-/* A writer; 0 is none. It keeps nothing between calls, so several threads may write with one writer. */
+/** A writer; 0 is none. It keeps nothing between calls, so several threads may write with one writer. */
 typedef uintptr_t QvInitializationWriterHandle_t;
 
-/*
+/**
  * Opens a writer.
  * phWriter: receives the handle; must hold 0.
  * Returns 0; 5 when out of memory; 13 when phWriter is null or doesn't hold 0.
  */
 QV_INITIALIZATION_API int QvInitializationWriter_open(QvInitializationWriterHandle_t* phWriter);
 
-/*
+/**
  * Closes the writer and sets the handle to 0.
  * Returns 0; 13 when phWriter is null or holds 0.
  */
 QV_INITIALIZATION_API int QvInitializationWriter_close(QvInitializationWriterHandle_t* phWriter);
 
-/*
+/**
  * Writes the sections of a queue, in queue order, as text that QvInitializationReader_parse reads back to the same
  * sections.
  *

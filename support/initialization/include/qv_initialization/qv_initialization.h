@@ -22,10 +22,10 @@
  * The syntax is told in initialization_reader.h, the written form in initialization_writer.h.
  */
 
-#include "qv_initialization/initialization_member.h"
-#include "qv_initialization/initialization_reader.h"
-#include "qv_initialization/initialization_section.h"
-#include "qv_initialization/initialization_writer.h"
-#include "qv_initialization/qv_initialization_export.h"
+#include <qv_initialization/initialization_member.h>
+#include <qv_initialization/initialization_reader.h>
+#include <qv_initialization/initialization_section.h>
+#include <qv_initialization/initialization_writer.h>
+#include <qv_initialization/qv_initialization_export.h>
 
 #endif /* QV_INITIALIZATION_H */

@@ -3,7 +3,7 @@
 #include <stdlib.h>
 #include <string.h>
 
-#include "qv_initialization/qv_initialization.h"
+#include <qv_initialization/qv_initialization.h>
 
 #define CHECK(condition)                                                                                               \
     do {                                                                                                               \
