@@ -9,6 +9,7 @@
 #include <iterator>
 #include <random>
 #include <string_view>
+#include <system_error>
 #include <unistd.h>
 
 #include <qv_database_c/database_catalog.h>
@@ -226,8 +227,10 @@ Folder::Folder()
 
 Folder::~Folder()
 {
-    std::error_code error;
-    std::filesystem::remove_all(path_, error);
+    if (!isKept_) {
+        std::error_code error;
+        std::filesystem::remove_all(path_, error);
+    }
 }
 
 std::string readFile(const std::string& filename)

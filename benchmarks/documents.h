@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <qv_common_c/common_buffer.h>
@@ -45,10 +46,11 @@ private:
     QvJsonReaderHandle_t handle_ = 0;
 };
 
-/// A folder that goes with the object; in memory where the system has such a file system.
+/// A folder that goes with the object, in memory where the system has such a file system; or one that is there and stays.
 class Folder {
 public:
     Folder();
+    explicit Folder(std::filesystem::path path) : path_(std::move(path)), isKept_(true) {}
     ~Folder();
     Folder(const Folder&) = delete;
     Folder& operator=(const Folder&) = delete;
@@ -57,6 +59,7 @@ public:
 
 private:
     std::filesystem::path path_;
+    bool isKept_ = false;
 };
 
 /// One set of parameters in all three forms.

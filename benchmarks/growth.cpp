@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
+#include <memory>
 
 #include <qv_database_c/database_dump.h>
 
@@ -13,12 +15,14 @@ namespace {
 
 constexpr double kMegabyte = 1e6;
 constexpr double kSizes[] = {0.5, 1, 2, 4, 8, 16, 32};
+constexpr double kRegister = 127; // bytes of text that a register takes, about
 constexpr int kRounds = 7;
+constexpr const char* kSample = QV_SOURCE_DIR "/examples/documents/imx477.json";
 
 /// The sample with as many of its own first schedules behind it as it takes, under a member that is read and passed over.
 std::string grownText(double size)
 {
-    std::string text = readFile(QV_SOURCE_DIR "/examples/documents/imx477.json");
+    std::string text = readFile(kSample);
     const std::size_t begin = text.find("\"tables\": [") + std::strlen("\"tables\": [");
     const std::string schedules = text.substr(begin, text.find("}]", begin) + 1 - begin);
     text.erase(text.rfind('}'));
@@ -35,6 +39,7 @@ std::string grownText(double size)
 void growRegisters(const Database& database, std::size_t number)
 {
     auto* pDump = static_cast<QvDatabaseDump_t*>(database.record("DUMP"));
+    std::free(pDump->pRegisters);
     pDump->pRegisters = static_cast<QvDatabaseRegister_t*>(std::calloc(number, sizeof(QvDatabaseRegister_t)));
     check(pDump->pRegisters != nullptr, "calloc");
     pDump->registerNumber = number;
@@ -48,8 +53,8 @@ void growRegisters(const Database& database, std::size_t number)
 
 /// One piece of work on a document of one size.
 struct Point {
-    std::size_t size = 0;
-    std::size_t peak = 0;
+    std::size_t size;
+    std::size_t peak;
     std::vector<double> times = {};
 
     double nanoseconds() const
@@ -58,72 +63,61 @@ struct Point {
         std::sort(sorted.begin(), sorted.end());
         return sorted[sorted.size() / 2] / static_cast<double>(size);
     }
-    double bytes() const { return static_cast<double>(peak) / static_cast<double>(size); }
 };
 
 void measure(Point& point, const Work& work)
 {
-    if (point.times.empty()) {
-        point.peak = peakOf(work);
-    }
     const double begin = now();
     work();
     point.times.push_back(now() - begin);
 }
 
-struct Line {
-    const char* pName;
-    std::vector<Point> points;
-};
-
-void print(const Line& line)
+void print(const char* pWork, const std::vector<Point>& points)
 {
-    std::printf("\n| %s | bytes | ns a byte | peak bytes a byte |\n|---|---|---|---|\n", line.pName);
-    double least = line.points.front().nanoseconds();
-    double most = least;
-    for (const Point& point : line.points) {
-        std::printf("| | %zu | %.3f | %.2f |\n", point.size, point.nanoseconds(), point.bytes());
-        least = std::min(least, point.nanoseconds());
-        most = std::max(most, point.nanoseconds());
+    std::printf("\n| %s | ns a byte | peak bytes a byte |\n|---|---|---|\n", pWork);
+    for (const Point& point : points) {
+        std::printf("| %.1f MB | %.2f | %.2f |\n", static_cast<double>(point.size) / kMegabyte, point.nanoseconds(),
+                    static_cast<double>(point.peak) / static_cast<double>(point.size));
     }
-    std::printf("\nslowest byte / fastest byte: %.2f\n", most / least);
+    std::printf("\nA byte of the largest takes %.2f times as long as one of the smallest.\n",
+                points.back().nanoseconds() / points.front().nanoseconds());
 }
 
 } // namespace
 
 void printGrowth(const Folder& folder)
 {
-    Line load{"load, grown by members that are passed over", {}};
-    Line loadRegisters{"load, grown by registers", {}};
-    Line save{"save, grown by registers", {}};
-    const std::string grown = folder.file("grown.json");
-    const std::string registers = folder.file("registers.json");
-    constexpr double kRegister = 134; // bytes of text, about
-    for (const double size : kSizes) {
-        const std::string text = grownText(size * kMegabyte);
-        writeFile(grown, text);
-        Database source(QV_SOURCE_DIR "/examples/documents/imx477.json");
-        growRegisters(source, static_cast<std::size_t>((size * kMegabyte - 429e3) / kRegister));
-        source.save(registers);
-        const std::size_t written = readFile(registers).size();
+    std::vector<Point> loads;
+    std::vector<Point> registerLoads;
+    std::vector<Point> registerSaves;
+    std::vector<std::unique_ptr<Database>> databases;
+    const std::string output = folder.file("output.json");
+    const auto grown = [&](std::size_t i) { return folder.file("grown" + std::to_string(i) + ".json"); };
+    const auto registers = [&](std::size_t i) { return folder.file("registers" + std::to_string(i) + ".json"); };
+    for (std::size_t i = 0; i < std::size(kSizes); ++i) {
+        writeFile(grown(i), grownText(kSizes[i] * kMegabyte));
+        loads.push_back({readFile(grown(i)).size(), peakOf("load " + grown(i))});
 
-        Point loadPoint{text.size()};
-        Point registersPoint{written};
-        Point savePoint{written};
+        Database& database = *databases.emplace_back(std::make_unique<Database>(kSample));
+        const double room = kSizes[i] * kMegabyte - static_cast<double>(readFile(kSample).size());
+        growRegisters(database, static_cast<std::size_t>(room / kRegister));
+        database.save(registers(i));
+        const std::size_t size = readFile(registers(i)).size();
+        registerLoads.push_back({size, peakOf("load " + registers(i))});
+        registerSaves.push_back({size, peakOf("save " + registers(i) + " " + output)});
+    }
+    for (std::size_t i = 0; i < std::size(kSizes); ++i) {
         for (int round = 0; round < kRounds; ++round) {
-            Database database;
-            measure(loadPoint, [&] { database.load(grown); });
-            Database another;
-            measure(registersPoint, [&] { another.load(registers); });
-            measure(savePoint, [&] { source.save(registers); });
+            Database first;
+            measure(loads[i], [&] { first.load(grown(i)); });
+            Database second;
+            measure(registerLoads[i], [&] { second.load(registers(i)); });
+            measure(registerSaves[i], [&] { databases[i]->save(output); });
         }
-        load.points.push_back(loadPoint);
-        loadRegisters.points.push_back(registersPoint);
-        save.points.push_back(savePoint);
     }
-    for (const Line* pLine : {&load, &loadRegisters, &save}) {
-        print(*pLine);
-    }
+    print("load, grown by members that are passed over", loads);
+    print("load, grown by registers", registerLoads);
+    print("save, grown by registers", registerSaves);
 }
 
 } // namespace qv::benchmark

@@ -1,15 +1,15 @@
 #include "measure.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <ctime>
 #include <stdexcept>
-#include <utility>
 
 namespace qv::benchmark {
 namespace {
 
-constexpr int kRounds = 41;
+constexpr int kRounds = 10;   // even: either comes first as often as the other
 constexpr double kSpan = 2e6; // nanoseconds that a turn takes at least
 
 double timeOf(const Work& work, std::size_t repeats)
@@ -32,11 +32,27 @@ std::size_t repeatsOf(const Work& work)
     return repeats;
 }
 
-double quantile(std::vector<double>& values, double share)
+/// The ratio, or what else `value` takes of a round, that a share of all rounds lies below.
+template <class Value>
+double quantile(const std::vector<Round>& rounds, double share, Value value)
 {
-    const auto place = static_cast<std::ptrdiff_t>(share * static_cast<double>(values.size() - 1) + 0.5);
+    std::vector<double> values(rounds.size());
+    std::transform(rounds.begin(), rounds.end(), values.begin(), value);
+    const auto place = std::lround(share * static_cast<double>(values.size() - 1));
     std::nth_element(values.begin(), values.begin() + place, values.end());
     return values[static_cast<std::size_t>(place)];
+}
+
+double ratio(const Round& round)
+{
+    return round.ours / round.peer;
+}
+
+template <class Rows>
+auto& findOrAdd(Rows& rows, const auto& isWanted, const auto& make)
+{
+    const auto found = std::find_if(rows.begin(), rows.end(), isWanted);
+    return found != rows.end() ? *found : rows.emplace_back(make());
 }
 
 } // namespace
@@ -53,81 +69,69 @@ double now()
     return static_cast<double>(time.tv_sec) * 1e9 + static_cast<double>(time.tv_nsec);
 }
 
-Ratio compare(const Work& ours, const Work& peer)
+std::vector<Round> compare(const Work& ours, const Work& peer)
 {
     const std::size_t oursRepeats = repeatsOf(ours);
     const std::size_t peerRepeats = repeatsOf(peer);
-    std::vector<double> oursTimes;
-    std::vector<double> peerTimes;
-    std::vector<double> ratios;
-    for (int round = 0; round < kRounds; ++round) {
-        double oursTime = 0;
-        double peerTime = 0;
-        if (round % 2 == 0) {
-            oursTime = timeOf(ours, oursRepeats);
-            peerTime = timeOf(peer, peerRepeats);
+    std::vector<Round> rounds(kRounds);
+    bool isOursFirst = true;
+    for (Round& round : rounds) {
+        if (isOursFirst) {
+            round.ours = timeOf(ours, oursRepeats);
+            round.peer = timeOf(peer, peerRepeats);
         } else { // whoever comes second finds the caches as the first one left them, so they change places
-            peerTime = timeOf(peer, peerRepeats);
-            oursTime = timeOf(ours, oursRepeats);
+            round.peer = timeOf(peer, peerRepeats);
+            round.ours = timeOf(ours, oursRepeats);
         }
-        oursTimes.push_back(oursTime);
-        peerTimes.push_back(peerTime);
-        ratios.push_back(oursTime / peerTime);
+        isOursFirst = !isOursFirst;
     }
-    return {quantile(ratios, 0.25), quantile(ratios, 0.5), quantile(ratios, 0.75), quantile(oursTimes, 0.5),
-            quantile(peerTimes, 0.5)};
-}
-
-Report::Row& Report::row(const std::string& work, const std::string& against, double goal)
-{
-    const auto found = std::find_if(rows_.begin(), rows_.end(),
-                                    [&](const Row& row) { return row.work == work && row.against == against; });
-    if (found != rows_.end()) {
-        return *found;
-    }
-    rows_.push_back({work, against, goal, {}});
-    return rows_.back();
+    return rounds;
 }
 
 void Report::add(const std::string& work, const std::string& against, double goal, const std::string& document,
-                 const Ratio& ratio)
+                 const std::vector<Round>& rounds)
 {
-    row(work, against, goal).cells.push_back({document, ratio});
-    std::fprintf(stderr, "%s / %s, %s: %.3f\n", work.c_str(), against.c_str(), document.c_str(), ratio.median);
-}
-
-void Report::add(const std::string& work, const std::string& against, double goal, const std::string& document,
-                 std::size_t ours, std::size_t other)
-{
-    const auto part = static_cast<double>(ours) / static_cast<double>(other);
-    add(work, against, goal, document, {part, part, part, static_cast<double>(ours), static_cast<double>(other)});
+    Row& row = findOrAdd(
+        rows_, [&](const Row& other) { return other.work == work && other.against == against; },
+        [&] {
+            return Row{work, against, goal, {}};
+        });
+    Cell& cell = findOrAdd(
+        row.cells, [&](const Cell& other) { return other.document == document; },
+        [&] {
+            return Cell{document, {}};
+        });
+    cell.rounds.insert(cell.rounds.end(), rounds.begin(), rounds.end());
 }
 
 void Report::print() const
 {
     std::printf("| work | against |");
+    std::string line = "|---|---|";
     for (const Cell& cell : rows_.front().cells) {
         std::printf(" %s |", cell.document.c_str());
+        line += "---|";
     }
-    std::printf(" goal | met |\n|---|---|");
-    for (std::size_t i = 0; i < rows_.front().cells.size(); ++i) {
-        std::printf("---|");
-    }
-    std::printf("---|---|\n");
+    std::printf(" goal | met |\n%s---|---|\n", line.c_str());
     for (const Row& row : rows_) {
-        std::printf("| %s | %s |", row.work.c_str(), row.against.c_str());
-        bool isMet = true;
-        for (const Cell& cell : row.cells) {
-            const Ratio& ratio = cell.ratio;
-            std::printf(" %.2f", ratio.median);
-            if (ratio.lower < ratio.upper) {
-                std::printf(" (%.2f to %.2f)", ratio.lower, ratio.upper);
-            }
-            std::printf(" |");
-            isMet = isMet && ratio.median <= row.goal;
-        }
-        std::printf(" %g | %s |\n", row.goal, isMet ? "yes" : "no");
+        print(row);
     }
+}
+
+void Report::print(const Row& row)
+{
+    std::printf("| %s | %s |", row.work.c_str(), row.against.c_str());
+    bool isMet = true;
+    for (const Cell& cell : row.cells) {
+        const double median = quantile(cell.rounds, 0.5, ratio);
+        std::printf(" %.2f", median);
+        if (cell.rounds.size() > 1) {
+            std::printf(" (%.2f to %.2f)", quantile(cell.rounds, 0.25, ratio), quantile(cell.rounds, 0.75, ratio));
+        }
+        std::printf(" |");
+        isMet = isMet && median <= row.goal;
+    }
+    std::printf(" %g | %s |\n", row.goal, isMet ? "yes" : "no");
 }
 
 void Report::writeJson(const std::string& filename) const
@@ -137,13 +141,12 @@ void Report::writeJson(const std::string& filename) const
     const char* pSeparator = "[\n";
     for (const Row& row : rows_) {
         for (const Cell& cell : row.cells) {
-            const Ratio& ratio = cell.ratio;
-            std::fprintf(
-                pFile,
-                "%s{\"work\": \"%s\", \"against\": \"%s\", \"document\": \"%s\", \"goal\": %g, \"lower\": %.4f, "
-                "\"median\": %.4f, \"upper\": %.4f, \"ours\": %.0f, \"peer\": %.0f}",
-                pSeparator, row.work.c_str(), row.against.c_str(), cell.document.c_str(), row.goal, ratio.lower,
-                ratio.median, ratio.upper, ratio.ours, ratio.peer);
+            std::fprintf(pFile, "%s{\"work\": \"%s\", \"against\": \"%s\", \"document\": \"%s\", \"goal\": %g, ",
+                         pSeparator, row.work.c_str(), row.against.c_str(), cell.document.c_str(), row.goal);
+            std::fprintf(pFile, "\"lower\": %.4f, \"median\": %.4f, \"upper\": %.4f, \"ours\": %.0f, \"peer\": %.0f}",
+                         quantile(cell.rounds, 0.25, ratio), quantile(cell.rounds, 0.5, ratio),
+                         quantile(cell.rounds, 0.75, ratio), quantile(cell.rounds, 0.5, std::mem_fn(&Round::ours)),
+                         quantile(cell.rounds, 0.5, std::mem_fn(&Round::peer)));
             pSeparator = ",\n";
         }
     }

@@ -1,4 +1,4 @@
-// Ratios of two pieces of work, the peak of the heap under one, and the table that they are shown in.
+// Two pieces of work measured in turns, and the table that their ratios are shown in.
 #pragma once
 
 #include <cstddef>
@@ -38,31 +38,22 @@ void keep(const T& value)
 /// caches and clock rate that they share with us.
 double now();
 
-/// Our time in parts of the peer's, over all rounds of a comparison.
-struct Ratio {
-    double lower = 0; ///< a quarter of the rounds lies below
-    double median = 0;
-    double upper = 0; ///< a quarter lies above
-    double ours = 0;  ///< median time of one run, in nanoseconds; bytes where memory is compared
+/// Our time and the peer's for one run of their work, from turns that followed each other.
+struct Round {
+    double ours = 0; ///< nanoseconds; or bytes, where memory is compared
     double peer = 0;
 };
 
-/// Runs the two in turns, each often enough in a row for the clock, and compares them round by round. What disturbs the
-/// machine for longer than a round disturbs both.
-Ratio compare(const Work& ours, const Work& peer);
-
-/// The most by which the heap in use grows above what it is at the beginning, in bytes. What counts is the usable size of
-/// each block of the malloc family, whoever asks for it; see heap.cpp.
-std::size_t peakOf(const Work& work);
+/// Runs the two in turns, each often enough in a row for the clock. What disturbs the machine for longer than a round
+/// disturbs both.
+std::vector<Round> compare(const Work& ours, const Work& peer);
 
 /// The table: a row for a piece of work and what it stands against, a column for a document.
 class Report {
 public:
+    /// Adds rounds to those of an earlier pass.
     void add(const std::string& work, const std::string& against, double goal, const std::string& document,
-             const Ratio& ratio);
-    /// As above for a size in parts of another, which has no spread.
-    void add(const std::string& work, const std::string& against, double goal, const std::string& document,
-             std::size_t ours, std::size_t other);
+             const std::vector<Round>& rounds);
     void print() const;
     /// The rows for a program: an array of objects.
     void writeJson(const std::string& filename) const;
@@ -70,7 +61,7 @@ public:
 private:
     struct Cell {
         std::string document;
-        Ratio ratio;
+        std::vector<Round> rounds;
     };
     struct Row {
         std::string work;
@@ -78,7 +69,7 @@ private:
         double goal = 0;
         std::vector<Cell> cells;
     };
-    Row& row(const std::string& work, const std::string& against, double goal);
+    static void print(const Row& row);
 
     std::vector<Row> rows_;
 };

@@ -11,6 +11,9 @@ void fileRows(Report& report, const Document& document);   ///< binary image and
 void recordRows(Report& report, const Document& document); ///< query, open and close
 void memoryRows(Report& report, const Document& document); ///< peak of a load and a save
 
+/// The peak of the heap under a load or a save, in bytes, measured by qv_peak with these arguments.
+std::size_t peakOf(const std::string& arguments);
+
 /// Time and peak memory for each byte of documents from 0.5 to 32 MB.
 void printGrowth(const Folder& folder);
 

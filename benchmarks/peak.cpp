@@ -1,11 +1,21 @@
-// Counts the heap in use by standing in front of the C library's allocator. Only a peak that is being measured counts;
-// otherwise a call costs one test more than without, ours and the peers' alike.
-#include "measure.h"
-
+// Prints the peak of the heap under a load or a save, in bytes: the most by which the heap in use grows above what it is
+// when the work begins.
+//
+//     qv_peak load FILE
+//     qv_peak save FILE OUTPUT      loads FILE first
+//
+// The heap is counted by standing in front of the C library's allocator, which is why this is a program of its own: where
+// times are measured, nobody stands there. What counts is the usable size of each block, whoever asks for it.
 #include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <cstring>
 #include <malloc.h>
+
+#include <qv_common_c/common_tracer.h>
+#include <qv_database_c/qv_database.h>
 
 // The allocator behind the names that we take.
 extern "C" {
@@ -102,11 +112,28 @@ int posix_memalign(void** ppBlock, std::size_t alignment, std::size_t size) noex
 } // extern "C"
 #pragma GCC visibility pop
 
-std::size_t qv::benchmark::peakOf(const Work& work)
+int main(int argc, char* argv[])
 {
-    inUse = peak = 0;
+    const bool isSave = argc == 4 && std::strcmp(argv[1], "save") == 0;
+    const bool isLoad = argc == 3 && std::strcmp(argv[1], "load") == 0;
+    if (!isSave && !isLoad) {
+        std::fprintf(stderr, "usage: %s load FILE | save FILE OUTPUT\n", argv[0]);
+        return 2;
+    }
+    QvCommonTracerOpenParam_t tracer{};
+    tracer.level = QvCommonTracerLevel_Error;
+    QvDatabaseOpenParam_t param{};
+    QvDatabaseHandle_t database = 0;
+    int status = QvCommonTracer_open(&tracer, &hTracer);
+    status = status == 0 ? QvDatabase_open(&param, &database) : status;
+    if (status == 0 && isSave) {
+        status = QvDatabase_load(database, argv[2]);
+    }
     isCounting = true;
-    work();
+    if (status == 0) {
+        status = isSave ? QvDatabase_save(database, argv[3]) : QvDatabase_load(database, argv[2]);
+    }
     isCounting = false;
-    return static_cast<std::size_t>(peak);
+    std::printf("%td\n", peak);
+    return status;
 }
