@@ -18,29 +18,31 @@ namespace {
 // So far past the end an index is a fault of its caller.
 constexpr size_t kMaximumGap = size_t{1} << 20;
 
-// What an add puts in place.
+// What an add puts in place, marked as standing there.
+QvJsonValue_t placed(QvJsonValueType_t type, QvJsonValue_t::Holder holder)
+{
+    return {holder, nullptr, nullptr, type, kPlaced};
+}
+
 QvJsonValue_t scalar(bool value)
 {
-    QvJsonValue_t result = {};
-    result.type = QvJsonValueType_Boolean;
-    result.holder._bool = value;
-    return result;
+    QvJsonValue_t::Holder holder = {};
+    holder._bool = value;
+    return placed(QvJsonValueType_Boolean, holder);
 }
 
 QvJsonValue_t scalar(double value)
 {
-    QvJsonValue_t result = {};
-    result.type = QvJsonValueType_Float;
-    result.holder._float = value;
-    return result;
+    QvJsonValue_t::Holder holder;
+    holder._float = value;
+    return placed(QvJsonValueType_Float, holder);
 }
 
 QvJsonValue_t scalar(ssize_t value)
 {
-    QvJsonValue_t result = {};
-    result.type = QvJsonValueType_Integer;
-    result.holder.integer = value;
-    return result;
+    QvJsonValue_t::Holder holder;
+    holder.integer = value;
+    return placed(QvJsonValueType_Integer, holder);
 }
 
 // The place of a new or existing member. It is found before anything is given up, so a failure changes nothing.
@@ -89,10 +91,17 @@ int addToObject(QvJsonValue_t* pValue, const char* pKey, const QvJsonValue_t& co
 
 int addToArray(QvJsonValue_t* pValue, const QvJsonValue_t& content)
 {
+    // Lists are filled by one call an item, and most of them find room.
+    if (pValue != nullptr && pValue->type == QvJsonValueType_Array) [[likely]] {
+        if (QvJsonValue_t* pItem = addItem(*arrayOf(*pValue)); pItem != nullptr) [[likely]] {
+            *pItem = content;
+            return QvCommonError_Success;
+        }
+    }
     QvJsonValue_t* pPlace = nullptr;
     const int status = itemPlace(pValue, &pPlace);
     if (status == QvCommonError_Success) {
-        setContent(*pPlace, content);
+        *pPlace = content;
     }
     return status;
 }
@@ -103,9 +112,9 @@ int makeText(const char* pText, QvJsonValue_t* pContent)
     if (pText == nullptr) {
         return QvCommonError_BadArgument;
     }
-    *pContent = {};
-    pContent->holder.pChar = copyText(pText);
-    pContent->type = QvJsonValueType_String;
+    QvJsonValue_t::Holder holder = {};
+    holder.pChar = copyText(pText);
+    *pContent = placed(QvJsonValueType_String, holder);
     return pContent->holder.pChar != nullptr ? QvCommonError_Success : QvCommonError_OutOfMemory;
 }
 
@@ -148,7 +157,8 @@ int QvJsonValue_create(QvJsonValueType_t type, QvJsonValue_t** ppValue)
     } else if (type == QvJsonValueType_Object) {
         isMade = becomeObject(*pValue);
     } else if (type == QvJsonValueType_String) {
-        isMade = makeText("", pValue) == QvCommonError_Success;
+        pValue->holder.pChar = copyText("");
+        isMade = pValue->holder.pChar != nullptr;
     }
     if (!isMade) {
         std::free(pValue);

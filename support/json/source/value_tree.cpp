@@ -19,12 +19,9 @@ QvJsonValuePair_t* innerPairsOf(ObjectBlock* pBlock)
     return reinterpret_cast<QvJsonValuePair_t*>(pBlock + 1);
 }
 
-// Most values are plain numbers: one test passes them over.
 bool ownsMemory(const QvJsonValue_t& value)
 {
-    constexpr unsigned kOwners =
-        1U << QvJsonValueType_Array | 1U << QvJsonValueType_Object | 1U << QvJsonValueType_String;
-    return (kOwners >> value.type & 1) != 0 || value.pComment != nullptr || value.pComment2 != nullptr;
+    return ownsContent(value) || value.pComment != nullptr || value.pComment2 != nullptr;
 }
 
 void freeComments(const QvJsonValue_t& value)
@@ -252,7 +249,7 @@ void mergeDoubledKeys(ObjectBlock& object)
     }
 }
 
-void releaseContent(QvJsonValue_t& root)
+void releaseOwned(QvJsonValue_t& root)
 {
     // Containers found on the way wait in two lists, linked through the blocks themselves.
     ArrayBlock* pArrays = nullptr;
@@ -276,8 +273,6 @@ void releaseContent(QvJsonValue_t& root)
     };
 
     take(root);
-    root.type = QvJsonValueType_Null;
-    root.holder = {};
     while (pArrays != nullptr || pObjects != nullptr) {
         if (ArrayBlock* pArray = pArrays; pArray != nullptr) {
             pArrays = pArray->pNext;

@@ -46,6 +46,14 @@ inline ObjectBlock* objectOf(const QvJsonValue_t& value)
     return reinterpret_cast<ObjectBlock*>(value.holder.pObject);
 }
 
+// Most values are plain numbers: one test passes them over.
+inline bool ownsContent(const QvJsonValue_t& value)
+{
+    constexpr unsigned kOwners =
+        1U << QvJsonValueType_Array | 1U << QvJsonValueType_Object | 1U << QvJsonValueType_String;
+    return (kOwners >> value.type & 1) != 0;
+}
+
 // A block with room for that many items or pairs, and none yet. For objects, extra bytes behind the pairs.
 ArrayBlock* makeArray(size_t capacity);
 ObjectBlock* makeObject(size_t capacity, size_t extraBytes);
@@ -66,6 +74,12 @@ QvJsonValue_t* appendMember(const QvJsonValue_t& object, std::string_view key);
 // That many new null items at the end. The last of them, or null without memory. The value is an array.
 QvJsonValue_t* appendItems(QvJsonValue_t& array, size_t number);
 
+// The place of one more item, still to be filled; null if the block is full.
+inline QvJsonValue_t* addItem(ArrayBlock& array)
+{
+    return array.open.number < array.capacity ? &array.open.pValues[array.open.number++] : nullptr;
+}
+
 // The item of an array, or null if there is no array or no such item.
 QvJsonValue_t* findItem(QvJsonValue_t* pValue, size_t index);
 
@@ -73,8 +87,18 @@ QvJsonValue_t* findItem(QvJsonValue_t* pValue, size_t index);
 // reader.
 void mergeDoubledKeys(ObjectBlock& object);
 
+// The same for a value that holds an array, an object or a text.
+void releaseOwned(QvJsonValue_t& value);
+
 // Releases what the value holds, without the comments; then it is null. Neither recurses nor allocates.
-void releaseContent(QvJsonValue_t& value);
+inline void releaseContent(QvJsonValue_t& value)
+{
+    if (ownsContent(value)) {
+        releaseOwned(value);
+    }
+    value.type = QvJsonValueType_Null;
+    value.holder = {};
+}
 
 // The same with the comments.
 void clearValue(QvJsonValue_t& value);
