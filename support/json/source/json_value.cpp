@@ -62,13 +62,26 @@ int memberPlace(QvJsonValue_t* pValue, const char* pKey, QvJsonValue_t** ppPlace
     return *ppPlace != nullptr ? QvCommonError_Success : QvCommonError_OutOfMemory;
 }
 
+// The place of a new item, still to be filled.
 int itemPlace(QvJsonValue_t* pValue, QvJsonValue_t** ppPlace)
 {
-    if (pValue == nullptr || (pValue->type != QvJsonValueType_Null && pValue->type != QvJsonValueType_Array)) {
-        return QvCommonError_BadArgument;
+    // Lists are filled by one call an item, and most of them find room.
+    if (pValue == nullptr || pValue->type != QvJsonValueType_Array) [[unlikely]] {
+        if (pValue == nullptr || pValue->type != QvJsonValueType_Null) {
+            return QvCommonError_BadArgument;
+        }
+        if (!becomeArray(*pValue)) {
+            return QvCommonError_OutOfMemory;
+        }
     }
-    *ppPlace = becomeArray(*pValue) ? appendItems(*pValue, 1) : nullptr;
-    return *ppPlace != nullptr ? QvCommonError_Success : QvCommonError_OutOfMemory;
+    *ppPlace = addItem(*arrayOf(*pValue));
+    if (*ppPlace == nullptr) [[unlikely]] {
+        if (!growArray(*pValue, pValue->holder.pArray->number + 1)) {
+            return QvCommonError_OutOfMemory;
+        }
+        *ppPlace = addItem(*arrayOf(*pValue));
+    }
+    return QvCommonError_Success;
 }
 
 // Puts kind and content of a value into a place; comments and address of the place stay.
@@ -89,19 +102,13 @@ int addToObject(QvJsonValue_t* pValue, const char* pKey, const QvJsonValue_t& co
     return status;
 }
 
-int addToArray(QvJsonValue_t* pValue, const QvJsonValue_t& content)
+// Adds what leaves an array flat.
+int addToArray(QvJsonValue_t* pValue, const QvJsonValue_t& scalar)
 {
-    // Lists are filled by one call an item, and most of them find room.
-    if (pValue != nullptr && pValue->type == QvJsonValueType_Array) [[likely]] {
-        if (QvJsonValue_t* pItem = addItem(*arrayOf(*pValue)); pItem != nullptr) [[likely]] {
-            *pItem = content;
-            return QvCommonError_Success;
-        }
-    }
     QvJsonValue_t* pPlace = nullptr;
     const int status = itemPlace(pValue, &pPlace);
     if (status == QvCommonError_Success) {
-        *pPlace = content;
+        *pPlace = scalar;
     }
     return status;
 }
@@ -223,6 +230,7 @@ size_t QvJsonValue_size(QvJsonValue_t* pValue)
 QvJsonValue_t* QvJsonValue_item(QvJsonValue_t* pValue, size_t index)
 {
     if (QvJsonValue_t* pItem = findItem(pValue, index); pItem != nullptr) {
+        endFlat(*arrayOf(*pValue));
         return pItem;
     }
     const size_t number = QvJsonValue_size(pValue);
@@ -372,11 +380,15 @@ int QvJsonValue_addStringToArray(QvJsonValue_t* pValue, const char* pText)
     if (status != QvCommonError_Success) {
         return status;
     }
-    status = addToArray(pValue, content);
+    QvJsonValue_t* pPlace = nullptr;
+    status = itemPlace(pValue, &pPlace);
     if (status != QvCommonError_Success) {
         std::free(content.holder.pChar);
+        return status;
     }
-    return status;
+    endFlat(*arrayOf(*pValue));
+    *pPlace = content;
+    return QvCommonError_Success;
 }
 
 int QvJsonValue_addValueToObject(QvJsonValue_t* pValue, const char* pKey, QvJsonValue_t** ppValue)
@@ -400,6 +412,8 @@ int QvJsonValue_addValueToArray(QvJsonValue_t* pValue, QvJsonValue_t** ppValue)
     QvJsonValue_t* pPlace = nullptr;
     const int status = itemPlace(pValue, &pPlace);
     if (status == QvCommonError_Success) {
+        endFlat(*arrayOf(*pValue));
+        *pPlace = placed(QvJsonValueType_Null, {});
         moveInto(*pPlace, ppValue);
     }
     return status;

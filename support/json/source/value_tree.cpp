@@ -1,5 +1,6 @@
 #include "value_tree.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -8,16 +9,6 @@ namespace qv::json {
 namespace {
 
 constexpr size_t kFirstCapacity = 8;
-
-QvJsonValue_t* itemsOf(ArrayBlock* pBlock)
-{
-    return reinterpret_cast<QvJsonValue_t*>(pBlock + 1);
-}
-
-QvJsonValuePair_t* innerPairsOf(ObjectBlock* pBlock)
-{
-    return reinterpret_cast<QvJsonValuePair_t*>(pBlock + 1);
-}
 
 bool ownsMemory(const QvJsonValue_t& value)
 {
@@ -80,12 +71,24 @@ size_t findPlace(ObjectBlock& object, std::string_view key)
     return KeyIndex::kNone;
 }
 
+// What a block grows to that shall hold that many; 0 if none can.
+size_t grownCapacity(size_t capacity, size_t number)
+{
+    if (number > kMaximumCapacity) {
+        return 0;
+    }
+    return std::min(std::max({number, capacity * 2, kFirstCapacity}), kMaximumCapacity);
+}
+
 bool makeRoomForPair(ObjectBlock& object)
 {
     if (object.open.number < object.capacity) {
         return true;
     }
-    const size_t capacity = object.capacity < kFirstCapacity ? kFirstCapacity : object.capacity * 2;
+    const size_t capacity = grownCapacity(object.capacity, object.open.number + 1);
+    if (capacity == 0) {
+        return false;
+    }
     const bool isInner = object.open.pPairs == innerPairsOf(&object);
     void* pOld = isInner ? nullptr : object.open.pPairs;
     auto* pPairs = static_cast<QvJsonValuePair_t*>(std::realloc(pOld, capacity * sizeof(QvJsonValuePair_t)));
@@ -96,33 +99,65 @@ bool makeRoomForPair(ObjectBlock& object)
         std::memcpy(pPairs, object.open.pPairs, object.open.number * sizeof(QvJsonValuePair_t));
     }
     object.open.pPairs = pPairs;
-    object.capacity = capacity;
+    object.capacity = static_cast<uint32_t>(capacity);
     return true;
 }
 
 } // namespace
 
-ArrayBlock* makeArray(size_t capacity)
+bool growArray(QvJsonValue_t& array, size_t number)
 {
-    auto* pBlock = static_cast<ArrayBlock*>(std::malloc(sizeof(ArrayBlock) + capacity * sizeof(QvJsonValue_t)));
-    if (pBlock != nullptr) {
-        pBlock->open = {0, itemsOf(pBlock)};
-        pBlock->capacity = capacity;
+    ArrayBlock* pBlock = arrayOf(array);
+    const size_t capacity = grownCapacity(pBlock->capacity, number);
+    if (capacity == 0) {
+        return false;
     }
+    const bool isInChunk = (pBlock->marks & kInChunk) != 0;
+    const size_t bytes = sizeof(ArrayBlock) + capacity * sizeof(QvJsonValue_t);
+    auto* pGrown = static_cast<ArrayBlock*>(std::realloc(isInChunk ? nullptr : pBlock, bytes));
+    if (pGrown == nullptr) {
+        return false;
+    }
+    if (isInChunk) {
+        // The old place stays unused. The chunks of a root come along.
+        std::memcpy(pGrown, pBlock, sizeof(ArrayBlock) + pBlock->open.number * sizeof(QvJsonValue_t));
+        pGrown->marks &= ~kInChunk;
+    }
+    pGrown->capacity = static_cast<uint32_t>(capacity);
+    pGrown->open.pValues = itemsOf(pGrown);
+    array.holder.pArray = &pGrown->open;
+    return true;
+}
+
+ArrayBlock* beginArray(void* pMemory, size_t capacity, uint32_t marks)
+{
+    auto* pBlock = static_cast<ArrayBlock*>(pMemory);
+    pBlock->open = {0, itemsOf(pBlock)};
+    pBlock->capacity = static_cast<uint32_t>(capacity);
+    pBlock->marks = marks;
     return pBlock;
 }
 
-ObjectBlock* makeObject(size_t capacity, size_t extraBytes)
+ObjectBlock* beginObject(void* pMemory, size_t capacity, uint32_t marks)
 {
-    const size_t bytes = sizeof(ObjectBlock) + capacity * sizeof(QvJsonValuePair_t) + extraBytes;
-    auto* pBlock = static_cast<ObjectBlock*>(std::malloc(bytes));
-    if (pBlock != nullptr) {
-        pBlock->open = {0, innerPairsOf(pBlock)};
-        pBlock->capacity = capacity;
-        pBlock->hint = 0;
-        pBlock->pIndex = nullptr;
-    }
+    auto* pBlock = static_cast<ObjectBlock*>(pMemory);
+    pBlock->open = {0, innerPairsOf(pBlock)};
+    pBlock->capacity = static_cast<uint32_t>(capacity);
+    pBlock->marks = marks;
+    pBlock->pIndex = nullptr;
+    pBlock->hint = 0;
     return pBlock;
+}
+
+void ownChunks(QvJsonValue_t& root, Chunk* pChunks)
+{
+    if (root.type == QvJsonValueType_Array) {
+        arrayOf(root)->marks |= kOwnsChunks;
+        arrayOf(root)->pChunks = pChunks;
+    } else {
+        objectOf(root)->marks |= kOwnsChunks;
+        objectOf(root)->pChunks = pChunks;
+    }
 }
 
 char* copyText(std::string_view text)
@@ -138,8 +173,9 @@ char* copyText(std::string_view text)
 bool becomeArray(QvJsonValue_t& value)
 {
     if (value.type == QvJsonValueType_Null && (value.reserved & kFrozen) == 0) {
-        ArrayBlock* pBlock = makeArray(kFirstCapacity);
-        if (pBlock != nullptr) {
+        void* pMemory = std::malloc(sizeof(ArrayBlock) + kFirstCapacity * sizeof(QvJsonValue_t));
+        if (pMemory != nullptr) {
+            ArrayBlock* pBlock = beginArray(pMemory, kFirstCapacity, kFlat);
             value.holder.pArray = &pBlock->open;
             value.type = QvJsonValueType_Array;
         }
@@ -150,8 +186,9 @@ bool becomeArray(QvJsonValue_t& value)
 bool becomeObject(QvJsonValue_t& value)
 {
     if (value.type == QvJsonValueType_Null && (value.reserved & kFrozen) == 0) {
-        ObjectBlock* pBlock = makeObject(kFirstCapacity, 0);
-        if (pBlock != nullptr) {
+        void* pMemory = std::malloc(sizeof(ObjectBlock) + kFirstCapacity * sizeof(QvJsonValuePair_t));
+        if (pMemory != nullptr) {
+            ObjectBlock* pBlock = beginObject(pMemory, kFirstCapacity, 0);
             value.holder.pObject = &pBlock->open;
             value.type = QvJsonValueType_Object;
         }
@@ -195,22 +232,12 @@ QvJsonValue_t* appendMember(const QvJsonValue_t& value, std::string_view key)
 
 QvJsonValue_t* appendItems(QvJsonValue_t& array, size_t number)
 {
-    ArrayBlock* pBlock = arrayOf(array);
-    const size_t newNumber = pBlock->open.number + number;
-    if (newNumber > pBlock->capacity) {
-        size_t capacity = pBlock->capacity < kFirstCapacity ? kFirstCapacity : pBlock->capacity;
-        while (capacity < newNumber) {
-            capacity *= 2;
-        }
-        const size_t bytes = sizeof(ArrayBlock) + capacity * sizeof(QvJsonValue_t);
-        pBlock = static_cast<ArrayBlock*>(std::realloc(pBlock, bytes));
-        if (pBlock == nullptr) {
-            return nullptr;
-        }
-        pBlock->capacity = capacity;
-        pBlock->open.pValues = itemsOf(pBlock);
-        array.holder.pArray = &pBlock->open;
+    const size_t newNumber = arrayOf(array)->open.number + number;
+    if (newNumber > arrayOf(array)->capacity && !growArray(array, newNumber)) {
+        return nullptr;
     }
+    ArrayBlock* pBlock = arrayOf(array);
+    endFlat(*pBlock);
     for (size_t index = pBlock->open.number; index < newNumber; ++index) {
         pBlock->open.pValues[index] = {};
         pBlock->open.pValues[index].reserved = kPlaced;
@@ -251,18 +278,36 @@ void mergeDoubledKeys(ObjectBlock& object)
 
 void releaseOwned(QvJsonValue_t& root)
 {
-    // Containers found on the way wait in two lists, linked through the blocks themselves.
+    // Containers found on the way wait in two lists, linked through the blocks themselves. Chunks go last, as blocks lie
+    // in them.
     ArrayBlock* pArrays = nullptr;
     ObjectBlock* pObjects = nullptr;
+    Chunk* pChunks = nullptr;
+    const auto takeArray = [&](ArrayBlock* pArray) {
+        if ((pArray->marks & kOwnsChunks) != 0) {
+            pChunks = joinChunks(pArray->pChunks, pChunks);
+        }
+        if ((pArray->marks & kFlat) == 0) {
+            pArray->pNext = pArrays;
+            pArrays = pArray;
+        } else if ((pArray->marks & kInChunk) == 0) {
+            std::free(pArray);
+        }
+    };
+    const auto takeObject = [&](ObjectBlock* pObject) {
+        if ((pObject->marks & kOwnsChunks) != 0) {
+            pChunks = joinChunks(pObject->pChunks, pChunks);
+        }
+        pObject->pNext = pObjects;
+        pObjects = pObject;
+    };
     const auto take = [&](const QvJsonValue_t& value) {
-        if (value.type == QvJsonValueType_String) {
-            std::free(value.holder.pChar);
-        } else if (value.type == QvJsonValueType_Array) {
-            arrayOf(value)->pNext = pArrays;
-            pArrays = arrayOf(value);
+        if (value.type == QvJsonValueType_Array) {
+            takeArray(arrayOf(value));
         } else if (value.type == QvJsonValueType_Object) {
-            objectOf(value)->pNext = pObjects;
-            pObjects = objectOf(value);
+            takeObject(objectOf(value));
+        } else if (value.type == QvJsonValueType_String && (value.reserved & kChunkText) == 0) {
+            std::free(value.holder.pChar);
         }
     };
     const auto takeWhole = [&](const QvJsonValue_t& value) {
@@ -279,7 +324,9 @@ void releaseOwned(QvJsonValue_t& root)
             for (size_t index = 0; index < pArray->open.number; ++index) {
                 takeWhole(pArray->open.pValues[index]);
             }
-            std::free(pArray);
+            if ((pArray->marks & kInChunk) == 0) {
+                std::free(pArray);
+            }
         } else {
             ObjectBlock* pObject = pObjects;
             pObjects = pObject->pNext;
@@ -294,9 +341,12 @@ void releaseOwned(QvJsonValue_t& root)
                 std::free(pObject->open.pPairs);
             }
             KeyIndex::release(pObject->pIndex);
-            std::free(pObject);
+            if ((pObject->marks & kInChunk) == 0) {
+                std::free(pObject);
+            }
         }
     }
+    releaseChunks(pChunks);
 }
 
 void clearValue(QvJsonValue_t& value)

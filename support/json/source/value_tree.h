@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "chunk_memory.h"
 #include "key_index.h"
 #include "qv_json_c/json_value.h"
 
@@ -15,25 +16,42 @@ namespace qv::json {
 constexpr size_t kMaximumDepth = 512;
 
 // Marks in QvJsonValue_t::reserved.
-constexpr uint32_t kPlaced = 1; // stands in a container or among the scratch values: never freed on its own
-constexpr uint32_t kNode = 2;   // a member in an allocation of its own, its key behind it
-constexpr uint32_t kFrozen = 4; // stays null
+constexpr uint32_t kPlaced = 1;    // stands in a container or among the scratch values: never freed on its own
+constexpr uint32_t kNode = 2;      // a member in an allocation of its own, its key behind it
+constexpr uint32_t kFrozen = 4;    // stays null
+constexpr uint32_t kChunkText = 8; // a String whose text lies in a chunk
 
-// An array; its items stand behind it in the same allocation.
-struct ArrayBlock {
+// Marks of blocks. A tree that was read lies in chunks; what is added to it later comes from malloc() piece by piece.
+constexpr uint32_t kInChunk = 1;    // the block is freed with its chunk
+constexpr uint32_t kOwnsChunks = 2; // the block of a tree's root, wherever the root's value is moved to
+constexpr uint32_t kFlat = 4;       // an array of nothing but numbers and booleans without comments
+
+// The most items and pairs of a block.
+constexpr size_t kMaximumCapacity = UINT32_MAX;
+
+// An array; its items stand behind it.
+struct alignas(kChunkAlignment) ArrayBlock {
     QvJsonValueArray_t open;
-    size_t capacity;
-    ArrayBlock* pNext; // used while a tree is released
+    uint32_t capacity;
+    uint32_t marks;
+    union {
+        Chunk* pChunks;    // with kOwnsChunks
+        ArrayBlock* pNext; // used while a tree is released
+    };
 };
 
 // An object. Pairs stand behind it until they outgrow their first capacity; so do the values and keys of a text that
 // was read. Members added later are nodes.
-struct ObjectBlock {
+struct alignas(kChunkAlignment) ObjectBlock {
     QvJsonValueObject_t open;
-    size_t capacity; // of pairs
-    size_t hint;     // where the next lookup starts: behind the last hit
+    uint32_t capacity; // of pairs
+    uint32_t marks;
     KeyIndex* pIndex;
-    ObjectBlock* pNext; // used while a tree is released
+    size_t hint; // where the next lookup starts: behind the last hit
+    union {
+        Chunk* pChunks;     // with kOwnsChunks
+        ObjectBlock* pNext; // used while a tree is released
+    };
 };
 
 inline ArrayBlock* arrayOf(const QvJsonValue_t& value)
@@ -54,9 +72,19 @@ inline bool ownsContent(const QvJsonValue_t& value)
     return (kOwners >> value.type & 1) != 0;
 }
 
-// A block with room for that many items or pairs, and none yet. For objects, extra bytes behind the pairs.
-ArrayBlock* makeArray(size_t capacity);
-ObjectBlock* makeObject(size_t capacity, size_t extraBytes);
+inline QvJsonValue_t* itemsOf(ArrayBlock* pBlock)
+{
+    return reinterpret_cast<QvJsonValue_t*>(pBlock + 1);
+}
+
+inline QvJsonValuePair_t* innerPairsOf(ObjectBlock* pBlock)
+{
+    return reinterpret_cast<QvJsonValuePair_t*>(pBlock + 1);
+}
+
+// Begins an empty block in memory that has room for that many items or pairs.
+ArrayBlock* beginArray(void* pMemory, size_t capacity, uint32_t marks);
+ObjectBlock* beginObject(void* pMemory, size_t capacity, uint32_t marks);
 
 // A copy in a string from malloc(); null without memory.
 char* copyText(std::string_view text);
@@ -71,10 +99,22 @@ QvJsonValue_t* findMember(const QvJsonValue_t& object, std::string_view key);
 // A new null member at the end; the object doesn't hold the key. Null without memory.
 QvJsonValue_t* appendMember(const QvJsonValue_t& object, std::string_view key);
 
+// Makes room for that many items in all. False without memory. The value is an array.
+bool growArray(QvJsonValue_t& array, size_t number);
+
 // That many new null items at the end. The last of them, or null without memory. The value is an array.
 QvJsonValue_t* appendItems(QvJsonValue_t& array, size_t number);
 
-// The place of one more item, still to be filled; null if the block is full.
+// Before an item is given out or becomes anything that isn't a number or boolean.
+inline void endFlat(ArrayBlock& array)
+{
+    array.marks &= ~kFlat;
+}
+
+// Makes the root's block the owner of the chunks that its tree lies in. The value is an array or object.
+void ownChunks(QvJsonValue_t& root, Chunk* pChunks);
+
+// The place of one more item, still to be filled; null if the block is full. What is no number or boolean ends flatness.
 inline QvJsonValue_t* addItem(ArrayBlock& array)
 {
     return array.open.number < array.capacity ? &array.open.pValues[array.open.number++] : nullptr;
@@ -98,6 +138,7 @@ inline void releaseContent(QvJsonValue_t& value)
     }
     value.type = QvJsonValueType_Null;
     value.holder = {};
+    value.reserved &= ~kChunkText;
 }
 
 // The same with the comments.

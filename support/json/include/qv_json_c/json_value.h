@@ -2,8 +2,9 @@
  * A tree of JSON values.
  *
  * Rules for the whole header:
- * 1. The structs are open for reading. They are changed through the operations alone, but for the text of a value's two
- *    comments, which a caller may replace by another string from malloc() (or null).
+ * 1. The structs are open for reading. A caller changes only values that an operation gave him (create, member, member2,
+ *    item, an add, path, reader), and not those that he found by reading the structs: through the operations, and the
+ *    texts of their two comments, which he may replace by another string from malloc() (or null).
  * 2. A tree is used by one thread at a time, lookups included, since they remember where they were.
  * 3. Members of an object never move: a pointer to one is good as long as the object lives. Items of an array lie one
  *    behind the other: a pointer to an item is good until the next item is added to the same array.
@@ -44,9 +45,9 @@ typedef struct QvJsonValue {
         bool _bool;
         double _float;
         ssize_t integer;
-        QvJsonValueArray_t* pArray;   /* never null in an Array; owned by the value */
-        char* pChar;                  /* never null in a String; owned by the value */
-        QvJsonValueObject_t* pObject; /* never null in an Object; owned by the value */
+        QvJsonValueArray_t* pArray;   /* never null in an Array; owned by the tree */
+        char* pChar;                  /* never null in a String; owned by the tree */
+        QvJsonValueObject_t* pObject; /* never null in an Object; owned by the tree */
     } holder;                         /* the value, by type */
     char* pComment;                   /* lines that stand above the value; null if none; from malloc(), owned */
     char* pComment2;                  /* text behind the value on its line; null if none; from malloc(), owned */
