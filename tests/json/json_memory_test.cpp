@@ -1,5 +1,5 @@
-// Trees that were read lie in large chunks, trees that were built in many pieces: nobody may be able to tell, whatever is
-// done to them, and no shortage of memory may harm either. The library's calls of the allocator go through this file.
+// Trees lie in a few large chunks, whose pieces are never given back one by one: nobody may be able to tell, whatever is
+// done to a tree, and no shortage of memory may harm. The library's calls of the allocator go through this file.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -11,6 +11,8 @@
 #include <string_view>
 #include <utility>
 
+#include <malloc.h>
+
 #include "json_document.h"
 
 using namespace qv::test;
@@ -19,15 +21,18 @@ extern "C" {
 void* __real_malloc(size_t size);
 void* __real_calloc(size_t number, size_t size);
 void* __real_realloc(void* pBlock, size_t size);
+void __real_free(void* pBlock);
 [[gnu::visibility("default")]] void* __wrap_malloc(size_t size);
 [[gnu::visibility("default")]] void* __wrap_calloc(size_t number, size_t size);
 [[gnu::visibility("default")]] void* __wrap_realloc(void* pBlock, size_t size);
+[[gnu::visibility("default")]] void __wrap_free(void* pBlock);
 }
 
 namespace {
 
 long allowed = -1;      // allocations until one fails; below zero none does
 size_t takenBytes = 0;  // asked for so far
+ssize_t usedBytes = 0;  // taken and not given back
 bool hasFailed = false; // an allocation did
 
 bool isRefused(size_t bytes)
@@ -42,21 +47,37 @@ bool isRefused(size_t bytes)
     return isNow;
 }
 
+void* counted(void* pBlock)
+{
+    usedBytes += static_cast<ssize_t>(malloc_usable_size(pBlock));
+    return pBlock;
+}
+
 } // namespace
 
 void* __wrap_malloc(size_t size)
 {
-    return isRefused(size) ? nullptr : __real_malloc(size);
+    return isRefused(size) ? nullptr : counted(__real_malloc(size));
 }
 
 void* __wrap_calloc(size_t number, size_t size)
 {
-    return isRefused(number * size) ? nullptr : __real_calloc(number, size);
+    return isRefused(number * size) ? nullptr : counted(__real_calloc(number, size));
 }
 
 void* __wrap_realloc(void* pBlock, size_t size)
 {
-    return isRefused(size) ? nullptr : __real_realloc(pBlock, size);
+    if (isRefused(size)) {
+        return nullptr;
+    }
+    usedBytes -= static_cast<ssize_t>(malloc_usable_size(pBlock));
+    return counted(__real_realloc(pBlock, size));
+}
+
+void __wrap_free(void* pBlock)
+{
+    usedBytes -= static_cast<ssize_t>(malloc_usable_size(pBlock));
+    __real_free(pBlock);
 }
 
 namespace {
@@ -334,6 +355,35 @@ TEST(JsonMemory, ATreeTakesLittleMoreThanItsValues)
     EXPECT_LT(takenBytes, 6000U);
 }
 
+// A long life of changes doesn't make a tree larger and larger.
+TEST(JsonMemory, WhatIsReplacedAgainAndAgainGivesItsMemoryBack)
+{
+    const auto replaceAll = [](QvJsonValue_t* pRoot) {
+        QvJsonValue_t* pList = nullptr;
+        QvJsonValue_create(QvJsonValueType_Array, &pList);
+        QvJsonValue_addValueToObject(pRoot, "list", &pList);
+        for (int index = 0; index < 50; ++index) {
+            QvJsonValue_addStringToObject(QvJsonValue_item(pList, static_cast<size_t>(index)), "key", "some text");
+        }
+        QvJsonValue_addStringToObject(pRoot, "text", "a text that is longer than the one before it");
+        QvJsonValue_t* pEmptied = QvJsonValue_member(pRoot, "object");
+        QvJsonValue_delete(&pEmptied);
+        QvJsonValue_addIntegerToArray(QvJsonValue_member(QvJsonValue_member(pRoot, "object"), "inner"), 1);
+    };
+    const Tree fromText = read(R"({"list": [1, 2, {"a": "b"}], "text": "t", "object": {"inner": [1, 2]}})");
+    const Tree fromNothing = make(QvJsonValueType_Null);
+    for (const Tree* pTree : {&fromText, &fromNothing}) {
+        for (int round = 0; round < 3; ++round) {
+            replaceAll(pTree->get());
+        }
+        const ssize_t before = usedBytes;
+        for (int round = 0; round < 100; ++round) {
+            replaceAll(pTree->get());
+        }
+        EXPECT_EQ(usedBytes, before);
+    }
+}
+
 TEST(JsonMemory, NoAllocationThatFailsDoesHarm)
 {
     const Traces traces; // made before memory runs short
@@ -385,6 +435,19 @@ TEST(JsonMemory, NoAllocationThatFailsDoesHarm)
         status = QvJsonValue_addStringToObject(pInner, "a", "replaced");
         if (status != 0) {
             EXPECT_STREQ(QvJsonValue_itemAsString(QvJsonValue_member(pInner, "a"), 0), "b");
+        }
+        return status;
+    });
+    const std::string longKey(5000, 'k');
+    failEachOnce([&] {
+        QvJsonValue_t* pRoot = nullptr;
+        int status = QvJsonValue_create(QvJsonValueType_Null, &pRoot);
+        const Tree tree(pRoot);
+        status = status != 0 ? status : QvJsonValue_addIntegerToObject(pRoot, longKey.c_str(), 1);
+        for (int index = 0; status == 0 && index < 3000; ++index) {
+            QvJsonValue_t* pList = QvJsonValue_member(pRoot, "list");
+            status = QvJsonValue_addIntegerToArray(pList, index);
+            EXPECT_TRUE(QvJsonValue_size(pList) == static_cast<size_t>(index) + (status == 0 ? 1 : 0) || hasFailed);
         }
         return status;
     });

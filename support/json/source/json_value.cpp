@@ -134,7 +134,16 @@ bool isFree(const QvJsonValue_t* pTarget, QvJsonValue_t* const* ppValue)
 void moveInto(QvJsonValue_t& place, QvJsonValue_t** ppValue)
 {
     QvJsonValue_t* pShell = *ppValue;
-    setContent(place, *pShell);
+    // What has nothing in it yet is begun anew where it is going to be filled.
+    const bool isBegun =
+        (place.reserved & kHasMemory) != 0 && QvJsonValue_isEmpty(pShell) &&
+        (pShell->type == QvJsonValueType_Null || (pShell->type == QvJsonValueType_Array && becomeArray(place)) ||
+         (pShell->type == QvJsonValueType_Object && becomeObject(place)));
+    if (isBegun) {
+        releaseContent(*pShell);
+    } else {
+        setContent(place, *pShell);
+    }
     if (pShell->pComment != nullptr) {
         std::free(place.pComment);
         place.pComment = pShell->pComment;
@@ -160,9 +169,9 @@ int QvJsonValue_create(QvJsonValueType_t type, QvJsonValue_t** ppValue)
     }
     bool isMade = true;
     if (type == QvJsonValueType_Array) {
-        isMade = becomeArray(*pValue);
+        beEmptyArray(*pValue);
     } else if (type == QvJsonValueType_Object) {
-        isMade = becomeObject(*pValue);
+        beEmptyObject(*pValue);
     } else if (type == QvJsonValueType_String) {
         pValue->holder.pChar = copyText("");
         isMade = pValue->holder.pChar != nullptr;
@@ -412,8 +421,7 @@ int QvJsonValue_addValueToArray(QvJsonValue_t* pValue, QvJsonValue_t** ppValue)
     QvJsonValue_t* pPlace = nullptr;
     const int status = itemPlace(pValue, &pPlace);
     if (status == QvCommonError_Success) {
-        endFlat(*arrayOf(*pValue));
-        *pPlace = placed(QvJsonValueType_Null, {});
+        beNullItem(*pPlace, *arrayOf(*pValue));
         moveInto(*pPlace, ppValue);
     }
     return status;

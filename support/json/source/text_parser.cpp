@@ -19,6 +19,9 @@ namespace qv::json {
 
 namespace {
 
+// For what operations add to a tree that was read.
+constexpr size_t kLaterChunk = 1024;
+
 char* copyTextOrThrow(std::string_view text)
 {
     char* pCopy = copyText(text);
@@ -102,9 +105,14 @@ bool mayStandBefore(const Key* pKeys, size_t index)
 } // namespace
 
 TextParser::TextParser(ParserMemory& memory, const char* pBegin, const char* pEnd)
-    : memory_(memory), values_(memory.values), keys_(memory.keys), chunks_(expectedBytes(pBegin, pEnd)),
-      pBegin_(pBegin), pEnd_(pEnd)
+    : memory_(memory), values_(memory.values), keys_(memory.keys), pBegin_(pBegin), pEnd_(pEnd)
 {
+    const size_t bytes = expectedBytes(pBegin, pEnd);
+    pTree_ = TreeMemory::make(bytes);
+    if (pTree_ == nullptr) {
+        throw std::bad_alloc();
+    }
+    pTree_->expect(bytes / 4);
 }
 
 TextParser::~TextParser()
@@ -115,6 +123,19 @@ TextParser::~TextParser()
     }
     dropKeys(0);
     memory_.trim();
+    if (pTree_ != nullptr) {
+        TreeMemory::release(pTree_);
+    }
+}
+
+// Room in the tree's memory.
+inline char* TextParser::room(size_t bytes)
+{
+    char* pRoom = pTree_->room(bytes);
+    if (pRoom == nullptr) [[unlikely]] {
+        throw std::bad_alloc();
+    }
+    return pRoom;
 }
 
 void TextParser::dropKeys(size_t firstKey)
@@ -146,7 +167,9 @@ bool TextParser::parse(QvJsonValue_t* pRoot)
     if (root.type == QvJsonValueType_String) {
         root.holder.pChar = copyTextOrThrow(root.holder.pChar);
     } else if (ownsContent(root)) {
-        ownChunks(root, chunks_.giveAway());
+        ownMemory(root);
+        pTree_->expect(kLaterChunk); // for what is added by operations
+        pTree_ = nullptr;
     }
     *pRoot = root;
     pRoot->reserved = 0;
@@ -339,14 +362,17 @@ inline const char* TextParser::readAnyNumber(const char* p, QvJsonValue_t* pValu
 const char* TextParser::parseNumbers(const char* p, bool* pIsClosed)
 {
     constexpr size_t kFirstRoom = sizeof(ArrayBlock) + 64 * sizeof(QvJsonValue_t);
-    char* pBlock = chunks_.room(kFirstRoom);
+    char* pBlock = room(kFirstRoom);
     char* pTop = pBlock + sizeof(ArrayBlock);
     const char* pGapEnd = nullptr;
     *pIsClosed = false;
     for (;;) {
-        if (chunks_.limit() - pTop < ptrdiff_t{sizeof(QvJsonValue_t)}) [[unlikely]] {
+        if (pTree_->limit() - pTop < ptrdiff_t{sizeof(QvJsonValue_t)}) [[unlikely]] {
             const auto used = static_cast<size_t>(pTop - pBlock);
-            pBlock = chunks_.moreRoom(used, used * 2);
+            pBlock = pTree_->moreRoom(used, used * 2);
+            if (pBlock == nullptr) {
+                throw std::bad_alloc();
+            }
             pTop = pBlock + used;
         }
         auto* pItem = reinterpret_cast<QvJsonValue_t*>(pTop);
@@ -374,9 +400,9 @@ const char* TextParser::parseNumbers(const char* p, bool* pIsClosed)
     }
     const size_t number = static_cast<size_t>(pTop - pBlock) / sizeof(QvJsonValue_t) - 1;
     if (pGapEnd != pEnd_ && *pGapEnd == ']' && number <= kMaximumCapacity) {
-        ArrayBlock* pArray = beginArray(pBlock, number, kInChunk | kFlat);
+        ArrayBlock* pArray = beginArray(pBlock, number, kIsInner | kFlat, pTree_);
         pArray->open.number = number;
-        chunks_.keep(pTop);
+        pTree_->keep(pTop);
         addValue(QvJsonValueType_Array).holder.pArray = &pArray->open;
         --depth_;
         *pIsClosed = true;
@@ -410,11 +436,11 @@ const char* TextParser::parseString(const char* p)
     if (scan.pQuote == nullptr) {
         return fail(scan.pError, scan.pExpected);
     }
-    char* pText = chunks_.room(static_cast<size_t>(scan.pQuote - p) + 1);
-    chunks_.keep(writeText(pText, p, scan));
+    char* pText = room(static_cast<size_t>(scan.pQuote - p) + 1);
+    pTree_->keep(writeText(pText, p, scan));
     QvJsonValue_t& value = addValue(QvJsonValueType_String);
     value.holder.pChar = pText;
-    value.reserved |= kChunkText;
+    value.reserved |= kInnerText;
     return scan.pQuote + 1;
 }
 
@@ -487,12 +513,12 @@ const char* TextParser::closeArray(const char* p, size_t firstValue)
         throw std::bad_alloc();
     }
     const size_t bytes = sizeof(ArrayBlock) + number * sizeof(QvJsonValue_t);
-    ArrayBlock* pBlock = beginArray(chunks_.room(bytes), number, kInChunk | (number == 0 ? kFlat : 0));
+    ArrayBlock* pBlock = beginArray(room(bytes), number, kIsInner | (number == 0 ? kFlat : 0), pTree_);
     pBlock->open.number = number;
     if (number != 0) {
         std::memcpy(pBlock->open.pValues, values_.at(firstValue), number * sizeof(QvJsonValue_t));
     }
-    chunks_.keep(reinterpret_cast<char*>(pBlock) + bytes);
+    pTree_->keep(reinterpret_cast<char*>(pBlock) + bytes);
     values_.shrink(firstValue);
     addValue(QvJsonValueType_Array).holder.pArray = &pBlock->open;
     giveRestToLastValue(firstValue);
@@ -556,7 +582,7 @@ const char* TextParser::closeObject(const char* p, size_t firstValue, size_t fir
     for (size_t index = 0; index < number; ++index) {
         bytes += pKeys[index].length + 1;
     }
-    ObjectBlock* pBlock = beginObject(chunks_.room(bytes), number, kInChunk);
+    ObjectBlock* pBlock = beginObject(room(bytes), number, 0, pTree_);
     pBlock->open.number = number;
     auto* pValues = reinterpret_cast<QvJsonValue_t*>(pBlock->open.pPairs + number);
     auto* pText = reinterpret_cast<char*>(pValues + number);
@@ -573,7 +599,7 @@ const char* TextParser::closeObject(const char* p, size_t firstValue, size_t fir
         pText += key.length + 1;
         pValues[index] = *values_.at(firstValue + index);
     }
-    chunks_.keep(pText);
+    pTree_->keep(pText);
     if (isDoubled) {
         mergeDoubledKeys(*pBlock);
     }

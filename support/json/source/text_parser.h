@@ -6,8 +6,8 @@
 #include <string>
 #include <utility>
 
-#include "chunk_memory.h"
 #include "qv_json_c/json_value.h"
+#include "tree_memory.h"
 #include "value_tree.h"
 
 namespace qv::json {
@@ -137,6 +137,7 @@ private:
     const char* closeArray(const char* p, size_t firstValue);
     const char* closeObject(const char* p, size_t firstValue, size_t firstKey);
 
+    char* room(size_t bytes);
     QvJsonValue_t& addValue(QvJsonValueType_t type);
     const char* blanksEnd(const char* p) const;
     bool isOnLine(const char* pFrom, const char* pTo) const;
@@ -147,7 +148,7 @@ private:
     ParserMemory& memory_;
     Stack<QvJsonValue_t>& values_;
     Stack<Key>& keys_;
-    ChunkMemory chunks_; // blocks and texts of the tree
+    TreeMemory* pTree_ = nullptr; // of the tree that is made, until its root owns it
     const char* pBegin_;
     const char* pEnd_;
     size_t depth_ = 0;

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <string_view>
 
-#include "chunk_memory.h"
 #include "key_index.h"
 #include "qv_json_c/json_value.h"
+#include "tree_memory.h"
 
 // The blocks behind arrays and objects, and the operations on them that the public interface, the reader and the path
 // share. Nothing here throws: what runs out of memory yields null or false and changes nothing.
@@ -17,40 +17,42 @@ constexpr size_t kMaximumDepth = 512;
 
 // Marks in QvJsonValue_t::reserved.
 constexpr uint32_t kPlaced = 1;    // stands in a container or among the scratch values: never freed on its own
-constexpr uint32_t kNode = 2;      // a member in an allocation of its own, its key behind it
-constexpr uint32_t kFrozen = 4;    // stays null
-constexpr uint32_t kChunkText = 8; // a String whose text lies in a chunk
+constexpr uint32_t kFrozen = 2;    // stays null
+constexpr uint32_t kInnerText = 4; // a String whose text lies in the tree's memory
+constexpr uint32_t kHasMemory = 8; // a Null that never was anything else: the holder tells where its content shall lie
 
-// Marks of blocks. A tree that was read lies in chunks; what is added to it later comes from malloc() piece by piece.
-constexpr uint32_t kInChunk = 1;    // the block is freed with its chunk
-constexpr uint32_t kOwnsChunks = 2; // the block of a tree's root, wherever the root's value is moved to
+// Marks of blocks. The root's block owns the tree's memory, wherever the root's value is moved to, and the blocks below
+// it lie in that memory. What a place in it once held is lost until the tree is released; so a place whose content was
+// released takes its next one from malloc(), and however often a tree is changed, no more is lost than it first held.
+constexpr uint32_t kIsInner = 1;    // the block is freed with the memory that it lies in
+constexpr uint32_t kOwnsMemory = 2; // and the memory with the block
 constexpr uint32_t kFlat = 4;       // an array of nothing but numbers and booleans without comments
 
 // The most items and pairs of a block.
 constexpr size_t kMaximumCapacity = UINT32_MAX;
 
 // An array; its items stand behind it.
-struct alignas(kChunkAlignment) ArrayBlock {
+struct alignas(kPieceAlignment) ArrayBlock {
     QvJsonValueArray_t open;
     uint32_t capacity;
     uint32_t marks;
     union {
-        Chunk* pChunks;    // with kOwnsChunks
-        ArrayBlock* pNext; // used while a tree is released
+        TreeMemory* pMemory; // of the tree; null where there is none yet
+        ArrayBlock* pNext;   // used while a tree is released
     };
 };
 
 // An object. Pairs stand behind it until they outgrow their first capacity; so do the values and keys of a text that
-// was read. Members added later are nodes.
-struct alignas(kChunkAlignment) ObjectBlock {
+// was read.
+struct alignas(kPieceAlignment) ObjectBlock {
     QvJsonValueObject_t open;
     uint32_t capacity; // of pairs
     uint32_t marks;
     KeyIndex* pIndex;
     size_t hint; // where the next lookup starts: behind the last hit
     union {
-        Chunk* pChunks;     // with kOwnsChunks
-        ObjectBlock* pNext; // used while a tree is released
+        TreeMemory* pMemory; // of the tree; null only where there was never a member
+        ObjectBlock* pNext;  // used while a tree is released
     };
 };
 
@@ -82,9 +84,23 @@ inline QvJsonValuePair_t* innerPairsOf(ObjectBlock* pBlock)
     return reinterpret_cast<QvJsonValuePair_t*>(pBlock + 1);
 }
 
-// Begins an empty block in memory that has room for that many items or pairs.
-ArrayBlock* beginArray(void* pMemory, size_t capacity, uint32_t marks);
-ObjectBlock* beginObject(void* pMemory, size_t capacity, uint32_t marks);
+// Begins an empty block in a piece of memory that has room for that many items or pairs.
+ArrayBlock* beginArray(void* pPiece, size_t capacity, uint32_t marks, TreeMemory* pMemory);
+ObjectBlock* beginObject(void* pPiece, size_t capacity, uint32_t marks, TreeMemory* pMemory);
+
+// A null value in a container whose content shall lie in that memory. It may be null.
+inline QvJsonValue_t nullWith(TreeMemory* pMemory)
+{
+    QvJsonValue_t value = {};
+    static_assert(sizeof(value.holder.integer) == sizeof(pMemory));
+    value.holder.integer = reinterpret_cast<ssize_t>(pMemory);
+    value.reserved = kPlaced | (pMemory != nullptr ? kHasMemory : 0);
+    return value;
+}
+
+// Makes a value an array or object with nothing in it. It takes no memory before something is added.
+void beEmptyArray(QvJsonValue_t& value);
+void beEmptyObject(QvJsonValue_t& value);
 
 // A copy in a string from malloc(); null without memory.
 char* copyText(std::string_view text);
@@ -97,7 +113,7 @@ bool becomeObject(QvJsonValue_t& value);
 QvJsonValue_t* findMember(const QvJsonValue_t& object, std::string_view key);
 
 // A new null member at the end; the object doesn't hold the key. Null without memory.
-QvJsonValue_t* appendMember(const QvJsonValue_t& object, std::string_view key);
+QvJsonValue_t* appendMember(QvJsonValue_t& object, std::string_view key);
 
 // Makes room for that many items in all. False without memory. The value is an array.
 bool growArray(QvJsonValue_t& array, size_t number);
@@ -105,14 +121,17 @@ bool growArray(QvJsonValue_t& array, size_t number);
 // That many new null items at the end. The last of them, or null without memory. The value is an array.
 QvJsonValue_t* appendItems(QvJsonValue_t& array, size_t number);
 
+// Makes a new place of an array a null item.
+void beNullItem(QvJsonValue_t& place, ArrayBlock& array);
+
 // Before an item is given out or becomes anything that isn't a number or boolean.
 inline void endFlat(ArrayBlock& array)
 {
     array.marks &= ~kFlat;
 }
 
-// Makes the root's block the owner of the chunks that its tree lies in. The value is an array or object.
-void ownChunks(QvJsonValue_t& root, Chunk* pChunks);
+// Makes the root's block the owner of the memory that its tree lies in. The value is an array or object.
+void ownMemory(QvJsonValue_t& root);
 
 // The place of one more item, still to be filled; null if the block is full. What is no number or boolean ends flatness.
 inline QvJsonValue_t* addItem(ArrayBlock& array)
@@ -138,7 +157,7 @@ inline void releaseContent(QvJsonValue_t& value)
     }
     value.type = QvJsonValueType_Null;
     value.holder = {};
-    value.reserved &= ~kChunkText;
+    value.reserved &= ~(kInnerText | kHasMemory);
 }
 
 // The same with the comments.
