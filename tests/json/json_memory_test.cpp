@@ -355,6 +355,37 @@ TEST(JsonMemory, ATreeTakesLittleMoreThanItsValues)
     EXPECT_LT(takenBytes, 6000U);
 }
 
+TEST(JsonMemory, AListThatIsReservedTakesItsMemoryAtOnce)
+{
+    const Tree root = read(R"({"text": "1", "list": [1, 2], "null": null})");
+    for (const char* pKey : {"list", "null", "new", "text"}) {
+        QvJsonValue_t* pValue = QvJsonValue_member(root.get(), pKey);
+        const size_t number = QvJsonValue_size(pValue);
+        if (pValue->type == QvJsonValueType_String) {
+            EXPECT_EQ(QvJsonValue_reserve(pValue, 1), 13);
+            continue;
+        }
+        EXPECT_EQ(QvJsonValue_reserve(pValue, 5000), 0);
+        EXPECT_EQ(QvJsonValue_size(pValue), number);
+        EXPECT_EQ(pValue->type, QvJsonValueType_Array);
+        const size_t before = takenBytes;
+        EXPECT_EQ(QvJsonValue_reserve(pValue, 3), 0);
+        for (size_t index = number; index < 5000; ++index) {
+            ASSERT_EQ(QvJsonValue_addFloatToArray(pValue, 0.5), 0);
+        }
+        EXPECT_EQ(takenBytes, before);
+        EXPECT_EQ(QvJsonValue_addFloatToArray(pValue, 0.5), 0);
+        EXPECT_EQ(QvJsonValue_reserve(pValue, SIZE_MAX), 5);
+        EXPECT_EQ(QvJsonValue_size(pValue), 5001U);
+    }
+    EXPECT_EQ(QvJsonValue_itemAsInteger(QvJsonValue_member(root.get(), "list"), 1), 2);
+    EXPECT_EQ(QvJsonValue_reserve(nullptr, 1), 13);
+
+    const Tree none = make(QvJsonValueType_Null);
+    EXPECT_EQ(QvJsonValue_reserve(none.get(), SIZE_MAX), 5);
+    EXPECT_EQ(none->type, QvJsonValueType_Null);
+}
+
 // A long life of changes doesn't make a tree larger and larger.
 TEST(JsonMemory, WhatIsReplacedAgainAndAgainGivesItsMemoryBack)
 {

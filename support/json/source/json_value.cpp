@@ -400,6 +400,17 @@ int QvJsonValue_addStringToArray(QvJsonValue_t* pValue, const char* pText)
     return QvCommonError_Success;
 }
 
+int QvJsonValue_reserve(QvJsonValue_t* pValue, size_t number)
+{
+    if (pValue == nullptr || (pValue->type != QvJsonValueType_Null && pValue->type != QvJsonValueType_Array)) {
+        return QvCommonError_BadArgument;
+    }
+    const bool isDone = pValue->type == QvJsonValueType_Null
+                            ? becomeArray(*pValue, number)
+                            : number <= arrayOf(*pValue)->capacity || growArray(*pValue, number, number);
+    return isDone ? QvCommonError_Success : QvCommonError_OutOfMemory;
+}
+
 int QvJsonValue_addValueToObject(QvJsonValue_t* pValue, const char* pKey, QvJsonValue_t** ppValue)
 {
     if (!isFree(pValue, ppValue)) {

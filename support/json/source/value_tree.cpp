@@ -9,8 +9,6 @@ namespace qv::json {
 
 namespace {
 
-constexpr size_t kFirstCapacity = 8;
-
 // Of a tree that is built: enough for a small object. Each further chunk is twice as large.
 constexpr size_t kFirstChunk = 640;
 
@@ -194,10 +192,10 @@ void ownMemory(QvJsonValue_t& root)
     }
 }
 
-bool growArray(QvJsonValue_t& array, size_t number)
+bool growArray(QvJsonValue_t& array, size_t number, size_t most)
 {
     ArrayBlock* pBlock = arrayOf(array);
-    const size_t capacity = grownCapacity(pBlock->capacity, number);
+    const size_t capacity = std::min(grownCapacity(pBlock->capacity, number), most);
     if (capacity == 0) {
         return false;
     }
@@ -239,15 +237,15 @@ char* copyText(std::string_view text)
     return pCopy;
 }
 
-bool becomeArray(QvJsonValue_t& value)
+bool becomeArray(QvJsonValue_t& value, size_t capacity)
 {
-    if (value.type == QvJsonValueType_Null && (value.reserved & kFrozen) == 0) {
+    if (value.type == QvJsonValueType_Null && (value.reserved & kFrozen) == 0 && capacity <= kMaximumCapacity) {
         TreeMemory* pMemory = memoryFor(value);
-        const size_t bytes = bytesOfArray(kFirstCapacity);
+        const size_t bytes = bytesOfArray(capacity);
         void* pPiece = pMemory != nullptr ? pMemory->take(bytes) : std::malloc(bytes);
         if (pPiece != nullptr) {
             const uint32_t marks = pMemory != nullptr ? kIsInner | kFlat : kFlat;
-            value.holder.pArray = &beginArray(pPiece, kFirstCapacity, marks, pMemory)->open;
+            value.holder.pArray = &beginArray(pPiece, capacity, marks, pMemory)->open;
             value.type = QvJsonValueType_Array;
             value.reserved &= ~kHasMemory;
         }

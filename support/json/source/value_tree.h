@@ -105,8 +105,11 @@ void beEmptyObject(QvJsonValue_t& value);
 // A copy in a string from malloc(); null without memory.
 char* copyText(std::string_view text);
 
+// The room that arrays and objects begin with.
+constexpr size_t kFirstCapacity = 8;
+
 // Turns a null value into an array or object. False if it is another kind or frozen, or without memory.
-bool becomeArray(QvJsonValue_t& value);
+bool becomeArray(QvJsonValue_t& value, size_t capacity = kFirstCapacity);
 bool becomeObject(QvJsonValue_t& value);
 
 // The member, or null. The value is an object.
@@ -115,8 +118,9 @@ QvJsonValue_t* findMember(const QvJsonValue_t& object, std::string_view key);
 // A new null member at the end; the object doesn't hold the key. Null without memory.
 QvJsonValue_t* appendMember(QvJsonValue_t& object, std::string_view key);
 
-// Makes room for that many items in all. False without memory. The value is an array.
-bool growArray(QvJsonValue_t& array, size_t number);
+// Makes room for that many items in all, and for more as the block grows, up to `most`. False without memory. The value
+// is an array with less room.
+bool growArray(QvJsonValue_t& array, size_t number, size_t most = kMaximumCapacity);
 
 // That many new null items at the end. The last of them, or null without memory. The value is an array.
 QvJsonValue_t* appendItems(QvJsonValue_t& array, size_t number);
