@@ -18,29 +18,31 @@ namespace {
 // So far past the end an index is a fault of its caller.
 constexpr size_t kMaximumGap = size_t{1} << 20;
 
-// What an add puts in place.
+// What an add puts in place, marked as standing there.
+QvJsonValue_t placed(QvJsonValueType_t type, QvJsonValue_t::Holder holder)
+{
+    return {holder, nullptr, nullptr, type, kPlaced};
+}
+
 QvJsonValue_t scalar(bool value)
 {
-    QvJsonValue_t result = {};
-    result.type = QvJsonValueType_Boolean;
-    result.holder._bool = value;
-    return result;
+    QvJsonValue_t::Holder holder = {};
+    holder._bool = value;
+    return placed(QvJsonValueType_Boolean, holder);
 }
 
 QvJsonValue_t scalar(double value)
 {
-    QvJsonValue_t result = {};
-    result.type = QvJsonValueType_Float;
-    result.holder._float = value;
-    return result;
+    QvJsonValue_t::Holder holder;
+    holder._float = value;
+    return placed(QvJsonValueType_Float, holder);
 }
 
 QvJsonValue_t scalar(ssize_t value)
 {
-    QvJsonValue_t result = {};
-    result.type = QvJsonValueType_Integer;
-    result.holder.integer = value;
-    return result;
+    QvJsonValue_t::Holder holder;
+    holder.integer = value;
+    return placed(QvJsonValueType_Integer, holder);
 }
 
 // The place of a new or existing member. It is found before anything is given up, so a failure changes nothing.
@@ -60,13 +62,26 @@ int memberPlace(QvJsonValue_t* pValue, const char* pKey, QvJsonValue_t** ppPlace
     return *ppPlace != nullptr ? QvCommonError_Success : QvCommonError_OutOfMemory;
 }
 
+// The place of a new item, still to be filled.
 int itemPlace(QvJsonValue_t* pValue, QvJsonValue_t** ppPlace)
 {
-    if (pValue == nullptr || (pValue->type != QvJsonValueType_Null && pValue->type != QvJsonValueType_Array)) {
-        return QvCommonError_BadArgument;
+    // Lists are filled by one call an item, and most of them find room.
+    if (pValue == nullptr || pValue->type != QvJsonValueType_Array) [[unlikely]] {
+        if (pValue == nullptr || pValue->type != QvJsonValueType_Null) {
+            return QvCommonError_BadArgument;
+        }
+        if (!becomeArray(*pValue)) {
+            return QvCommonError_OutOfMemory;
+        }
     }
-    *ppPlace = becomeArray(*pValue) ? appendItems(*pValue, 1) : nullptr;
-    return *ppPlace != nullptr ? QvCommonError_Success : QvCommonError_OutOfMemory;
+    *ppPlace = addItem(*arrayOf(*pValue));
+    if (*ppPlace == nullptr) [[unlikely]] {
+        if (!growArray(*pValue, pValue->holder.pArray->number + 1)) {
+            return QvCommonError_OutOfMemory;
+        }
+        *ppPlace = addItem(*arrayOf(*pValue));
+    }
+    return QvCommonError_Success;
 }
 
 // Puts kind and content of a value into a place; comments and address of the place stay.
@@ -87,12 +102,13 @@ int addToObject(QvJsonValue_t* pValue, const char* pKey, const QvJsonValue_t& co
     return status;
 }
 
-int addToArray(QvJsonValue_t* pValue, const QvJsonValue_t& content)
+// Adds what leaves an array flat.
+int addToArray(QvJsonValue_t* pValue, const QvJsonValue_t& scalar)
 {
     QvJsonValue_t* pPlace = nullptr;
     const int status = itemPlace(pValue, &pPlace);
     if (status == QvCommonError_Success) {
-        setContent(*pPlace, content);
+        *pPlace = scalar;
     }
     return status;
 }
@@ -103,9 +119,9 @@ int makeText(const char* pText, QvJsonValue_t* pContent)
     if (pText == nullptr) {
         return QvCommonError_BadArgument;
     }
-    *pContent = {};
-    pContent->holder.pChar = copyText(pText);
-    pContent->type = QvJsonValueType_String;
+    QvJsonValue_t::Holder holder = {};
+    holder.pChar = copyText(pText);
+    *pContent = placed(QvJsonValueType_String, holder);
     return pContent->holder.pChar != nullptr ? QvCommonError_Success : QvCommonError_OutOfMemory;
 }
 
@@ -118,7 +134,16 @@ bool isFree(const QvJsonValue_t* pTarget, QvJsonValue_t* const* ppValue)
 void moveInto(QvJsonValue_t& place, QvJsonValue_t** ppValue)
 {
     QvJsonValue_t* pShell = *ppValue;
-    setContent(place, *pShell);
+    // What has nothing in it yet is begun anew where it is going to be filled.
+    const bool isBegun =
+        (place.reserved & kHasMemory) != 0 && QvJsonValue_isEmpty(pShell) &&
+        (pShell->type == QvJsonValueType_Null || (pShell->type == QvJsonValueType_Array && becomeArray(place)) ||
+         (pShell->type == QvJsonValueType_Object && becomeObject(place)));
+    if (isBegun) {
+        releaseContent(*pShell);
+    } else {
+        setContent(place, *pShell);
+    }
     if (pShell->pComment != nullptr) {
         std::free(place.pComment);
         place.pComment = pShell->pComment;
@@ -144,11 +169,12 @@ int QvJsonValue_create(QvJsonValueType_t type, QvJsonValue_t** ppValue)
     }
     bool isMade = true;
     if (type == QvJsonValueType_Array) {
-        isMade = becomeArray(*pValue);
+        beEmptyArray(*pValue);
     } else if (type == QvJsonValueType_Object) {
-        isMade = becomeObject(*pValue);
+        beEmptyObject(*pValue);
     } else if (type == QvJsonValueType_String) {
-        isMade = makeText("", pValue) == QvCommonError_Success;
+        pValue->holder.pChar = copyText("");
+        isMade = pValue->holder.pChar != nullptr;
     }
     if (!isMade) {
         std::free(pValue);
@@ -213,6 +239,7 @@ size_t QvJsonValue_size(QvJsonValue_t* pValue)
 QvJsonValue_t* QvJsonValue_item(QvJsonValue_t* pValue, size_t index)
 {
     if (QvJsonValue_t* pItem = findItem(pValue, index); pItem != nullptr) {
+        endFlat(*arrayOf(*pValue));
         return pItem;
     }
     const size_t number = QvJsonValue_size(pValue);
@@ -362,11 +389,26 @@ int QvJsonValue_addStringToArray(QvJsonValue_t* pValue, const char* pText)
     if (status != QvCommonError_Success) {
         return status;
     }
-    status = addToArray(pValue, content);
+    QvJsonValue_t* pPlace = nullptr;
+    status = itemPlace(pValue, &pPlace);
     if (status != QvCommonError_Success) {
         std::free(content.holder.pChar);
+        return status;
     }
-    return status;
+    endFlat(*arrayOf(*pValue));
+    *pPlace = content;
+    return QvCommonError_Success;
+}
+
+int QvJsonValue_reserve(QvJsonValue_t* pValue, size_t number)
+{
+    if (pValue == nullptr || (pValue->type != QvJsonValueType_Null && pValue->type != QvJsonValueType_Array)) {
+        return QvCommonError_BadArgument;
+    }
+    const bool isDone = pValue->type == QvJsonValueType_Null
+                            ? becomeArray(*pValue, number)
+                            : number <= arrayOf(*pValue)->capacity || growArray(*pValue, number, number);
+    return isDone ? QvCommonError_Success : QvCommonError_OutOfMemory;
 }
 
 int QvJsonValue_addValueToObject(QvJsonValue_t* pValue, const char* pKey, QvJsonValue_t** ppValue)
@@ -390,6 +432,7 @@ int QvJsonValue_addValueToArray(QvJsonValue_t* pValue, QvJsonValue_t** ppValue)
     QvJsonValue_t* pPlace = nullptr;
     const int status = itemPlace(pValue, &pPlace);
     if (status == QvCommonError_Success) {
+        beNullItem(*pPlace, *arrayOf(*pValue));
         moveInto(*pPlace, ppValue);
     }
     return status;

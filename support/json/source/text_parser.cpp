@@ -1,6 +1,7 @@
 #include "text_parser.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -18,6 +19,9 @@ namespace qv::json {
 
 namespace {
 
+// For what operations add to a tree that was read.
+constexpr size_t kLaterChunk = 1024;
+
 char* copyTextOrThrow(std::string_view text)
 {
     char* pCopy = copyText(text);
@@ -27,19 +31,48 @@ char* copyTextOrThrow(std::string_view text)
     return pCopy;
 }
 
-// The inside of a text in quotes as a string from malloc().
-char* makeString(const char* pText, const StringScan& scan)
+// Writes the inside of a text in quotes with a zero byte behind it to a place that has room. Returns the place behind.
+char* writeText(char* pTarget, const char* pText, const StringScan& scan)
 {
     const std::string_view text(pText, static_cast<size_t>(scan.pQuote - pText));
-    if (!scan.hasEscape) {
-        return copyTextOrThrow(text);
+    char* pZero = pTarget + (scan.hasEscape ? resolveEscapes(text, pTarget) : text.copy(pTarget, text.size()));
+    *pZero = '\0';
+    return pZero + 1;
+}
+
+// What the tree of a text will take, judged by samples of it.
+size_t expectedBytes(const char* pBegin, const char* pEnd)
+{
+    constexpr size_t kSample = 256;
+    constexpr size_t kDistance = 32; // in samples; long texts alone have gaps
+    constexpr size_t kValue = sizeof(QvJsonValue_t);
+    // What each character stands for: a comma for a value, a colon for a key. Letters are those of keys and texts.
+    constexpr auto kWeights = [] {
+        std::array<uint8_t, 256> weights = {};
+        for (size_t byte = 'A'; byte < weights.size(); ++byte) {
+            weights[byte] = 1;
+        }
+        weights['"'] = 4;
+        weights[','] = kValue;
+        weights['['] = kValue + sizeof(ArrayBlock);
+        weights['{'] = kValue + sizeof(ObjectBlock);
+        weights[':'] = sizeof(QvJsonValuePair_t);
+        return weights;
+    }();
+    const auto size = static_cast<size_t>(pEnd - pBegin);
+    const size_t step = size < kSample * kDistance * 8 ? kSample : kSample * kDistance;
+    size_t bytes = 0;
+    size_t seen = 0;
+    for (size_t begin = 0; begin < size; begin += step) {
+        const size_t end = std::min(begin + kSample, size);
+        seen += end - begin;
+        for (size_t index = begin; index < end; ++index) {
+            bytes += kWeights[static_cast<unsigned char>(pBegin[index])];
+        }
     }
-    auto* pString = static_cast<char*>(std::malloc(text.size() + 1));
-    if (pString == nullptr) {
-        throw std::bad_alloc();
-    }
-    pString[resolveEscapes(text, pString)] = '\0';
-    return pString;
+    // A little more than judged, and no more than any text can need.
+    const double share = seen != 0 ? static_cast<double>(bytes) / static_cast<double>(seen) : 0;
+    return static_cast<size_t>(static_cast<double>(size) * std::min(share * 1.06, 24.0));
 }
 
 bool startsNumber(char c)
@@ -71,6 +104,17 @@ bool mayStandBefore(const Key* pKeys, size_t index)
 
 } // namespace
 
+TextParser::TextParser(ParserMemory& memory, const char* pBegin, const char* pEnd)
+    : memory_(memory), values_(memory.values), keys_(memory.keys), pBegin_(pBegin), pEnd_(pEnd)
+{
+    const size_t bytes = expectedBytes(pBegin, pEnd);
+    pTree_ = TreeMemory::make(bytes);
+    if (pTree_ == nullptr) {
+        throw std::bad_alloc();
+    }
+    pTree_->expect(bytes / 4);
+}
+
 TextParser::~TextParser()
 {
     while (values_.size() != 0) {
@@ -78,6 +122,20 @@ TextParser::~TextParser()
         values_.shrink(values_.size() - 1);
     }
     dropKeys(0);
+    memory_.trim();
+    if (pTree_ != nullptr) {
+        TreeMemory::release(pTree_);
+    }
+}
+
+// Room in the tree's memory.
+inline char* TextParser::room(size_t bytes)
+{
+    char* pRoom = pTree_->room(bytes);
+    if (pRoom == nullptr) [[unlikely]] {
+        throw std::bad_alloc();
+    }
+    return pRoom;
 }
 
 void TextParser::dropKeys(size_t firstKey)
@@ -105,7 +163,15 @@ bool TextParser::parse(QvJsonValue_t* pRoot)
         return false;
     }
     giveRestToLastValue(0);
-    *pRoot = values_.top();
+    QvJsonValue_t& root = values_.top();
+    if (root.type == QvJsonValueType_String) {
+        root.holder.pChar = copyTextOrThrow(root.holder.pChar);
+    } else if (ownsContent(root)) {
+        ownMemory(root);
+        pTree_->expect(kLaterChunk); // for what is added by operations
+        pTree_ = nullptr;
+    }
+    *pRoot = root;
     pRoot->reserved = 0;
     values_.shrink(0);
     return true;
@@ -276,38 +342,76 @@ const char* TextParser::parsePlainValue(const char* p)
 const char* TextParser::parseNumber(const char* p)
 {
     QvJsonValue_t& value = addValue(QvJsonValueType_Null);
-    const char* pError = nullptr;
-    const char* pNext = pEnd_ - p >= kShortReach ? readShortNumber(p, &value) : nullptr;
-    if (pNext == nullptr) {
-        pNext = readNumber(p, pEnd_, &value, &pError);
-    }
-    return pNext != nullptr ? pNext : fail(pError, "a digit");
+    return readAnyNumber(p, &value);
 }
 
-// Most of a document is lists of short numbers, a comma and a blank apart: this loop reads them with nothing else in
-// it. It stops in front of whatever is different, or right behind a value.
-inline const char* TextParser::parseShortNumbers(const char* p, bool* pIsBehindValue)
+inline const char* TextParser::readAnyNumber(const char* p, QvJsonValue_t* pValue)
 {
-    QvJsonValue_t* pValue = values_.next();
-    QvJsonValue_t* const pLimit = values_.limit();
-    *pIsBehindValue = false;
-    while (pEnd_ - p >= kShortReach + 3 && pValue != pLimit) {
-        const char* pNext = readShortNumber(p, pValue);
-        if (pNext == nullptr) {
-            break;
-        }
-        pValue->pComment = nullptr;
-        pValue->pComment2 = nullptr;
-        pValue->reserved = kPlaced;
-        ++pValue;
-        if (std::memcmp(pNext, ", ", 2) != 0 || !startsNumber(pNext[2])) {
-            p = pNext;
-            *pIsBehindValue = true;
-            break;
-        }
-        p = pNext + 2;
+    const char* pNext = pEnd_ - p >= kShortReach ? readShortNumber(p, pValue) : nullptr;
+    if (pNext == nullptr) [[unlikely]] {
+        const char* pError = nullptr;
+        pNext = readNumber(p, pEnd_, pValue, &pError);
+        return pNext != nullptr ? pNext : fail(pError, "a digit");
     }
-    values_.raise(pValue);
+    return pNext;
+}
+
+// Most of a document is lists of numbers: they are read into the block that they will stay in, which grows at the end
+// of the newest chunk. Where something else comes, what was read moves to the stack, and *pIsClosed is false: then the
+// place behind the last number is returned.
+const char* TextParser::parseNumbers(const char* p, bool* pIsClosed)
+{
+    constexpr size_t kFirstRoom = sizeof(ArrayBlock) + 64 * sizeof(QvJsonValue_t);
+    char* pBlock = room(kFirstRoom);
+    char* pTop = pBlock + sizeof(ArrayBlock);
+    const char* pGapEnd = nullptr;
+    *pIsClosed = false;
+    for (;;) {
+        if (pTree_->limit() - pTop < ptrdiff_t{sizeof(QvJsonValue_t)}) [[unlikely]] {
+            const auto used = static_cast<size_t>(pTop - pBlock);
+            pBlock = pTree_->moreRoom(used, used * 2);
+            if (pBlock == nullptr) {
+                throw std::bad_alloc();
+            }
+            pTop = pBlock + used;
+        }
+        auto* pItem = reinterpret_cast<QvJsonValue_t*>(pTop);
+        p = readAnyNumber(p, pItem);
+        if (p == nullptr) {
+            return nullptr;
+        }
+        pItem->pComment = nullptr;
+        pItem->pComment2 = nullptr;
+        pItem->reserved = kPlaced;
+        pTop += sizeof(QvJsonValue_t);
+        if (pEnd_ - p >= 3 && std::memcmp(p, ", ", 2) == 0 && startsNumber(p[2])) [[likely]] {
+            p += 2;
+            continue;
+        }
+        pGapEnd = blanksEnd(p);
+        if (pGapEnd == pEnd_ || *pGapEnd != ',') {
+            break;
+        }
+        const char* pNext = blanksEnd(pGapEnd + 1);
+        if (pNext == pEnd_ || !startsNumber(*pNext)) {
+            break;
+        }
+        p = pNext;
+    }
+    const size_t number = static_cast<size_t>(pTop - pBlock) / sizeof(QvJsonValue_t) - 1;
+    if (pGapEnd != pEnd_ && *pGapEnd == ']' && number <= kMaximumCapacity) {
+        ArrayBlock* pArray = beginArray(pBlock, number, kIsInner | kFlat, pTree_);
+        pArray->open.number = number;
+        pTree_->keep(pTop);
+        addValue(QvJsonValueType_Array).holder.pArray = &pArray->open;
+        --depth_;
+        *pIsClosed = true;
+        return pGapEnd + 1;
+    }
+    const auto* pItems = reinterpret_cast<const QvJsonValue_t*>(pBlock + sizeof(ArrayBlock));
+    for (size_t index = 0; index < number; ++index) {
+        values_.add() = pItems[index];
+    }
     return p;
 }
 
@@ -332,9 +436,11 @@ const char* TextParser::parseString(const char* p)
     if (scan.pQuote == nullptr) {
         return fail(scan.pError, scan.pExpected);
     }
-    QvJsonValue_t& value = addValue(QvJsonValueType_Null);
-    value.holder.pChar = makeString(p, scan);
-    value.type = QvJsonValueType_String;
+    char* pText = room(static_cast<size_t>(scan.pQuote - p) + 1);
+    pTree_->keep(writeText(pText, p, scan));
+    QvJsonValue_t& value = addValue(QvJsonValueType_String);
+    value.holder.pChar = pText;
+    value.reserved |= kInnerText;
     return scan.pQuote + 1;
 }
 
@@ -347,7 +453,11 @@ const char* TextParser::parseKey(const char* p)
     Key& key = keys_.add();
     key = {p, static_cast<size_t>(scan.pQuote - p), nullptr};
     if (scan.hasEscape) {
-        key.pOwned = makeString(p, scan);
+        key.pOwned = static_cast<char*>(std::malloc(key.length + 1));
+        if (key.pOwned == nullptr) {
+            throw std::bad_alloc();
+        }
+        writeText(key.pOwned, p, scan);
         key.pText = key.pOwned;
         key.length = std::strlen(key.pOwned);
     }
@@ -365,14 +475,20 @@ const char* TextParser::parseArray(const char* p)
     if (p != nullptr && p != pEnd_ && *p == ']') {
         return closeArray(p, firstValue);
     }
-    while (p != nullptr) {
-        bool isBehindValue = false;
-        if (!hasComment_) {
-            p = parseShortNumbers(p, &isBehindValue);
+    bool isBehindValue = false;
+    if (p != nullptr && p != pEnd_ && startsNumber(*p) && !hasComment_) {
+        bool isClosed = false;
+        p = parseNumbers(p, &isClosed);
+        if (isClosed) {
+            return p;
         }
+        isBehindValue = true;
+    }
+    while (p != nullptr) {
         if (!isBehindValue) {
             p = parseValue(p);
         }
+        isBehindValue = false;
         p = p != nullptr ? skip(p, Gap::BehindValue) : nullptr;
         if (p == nullptr) {
             break;
@@ -393,14 +509,16 @@ const char* TextParser::closeArray(const char* p, size_t firstValue)
     giveRestToLastValue(firstValue);
     values_.makeRoom();
     const size_t number = values_.size() - firstValue;
-    ArrayBlock* pBlock = makeArray(number);
-    if (pBlock == nullptr) {
+    if (number > kMaximumCapacity) {
         throw std::bad_alloc();
     }
+    const size_t bytes = sizeof(ArrayBlock) + number * sizeof(QvJsonValue_t);
+    ArrayBlock* pBlock = beginArray(room(bytes), number, kIsInner | (number == 0 ? kFlat : 0), pTree_);
     pBlock->open.number = number;
     if (number != 0) {
         std::memcpy(pBlock->open.pValues, values_.at(firstValue), number * sizeof(QvJsonValue_t));
     }
+    pTree_->keep(reinterpret_cast<char*>(pBlock) + bytes);
     values_.shrink(firstValue);
     addValue(QvJsonValueType_Array).holder.pArray = &pBlock->open;
     giveRestToLastValue(firstValue);
@@ -457,14 +575,14 @@ const char* TextParser::closeObject(const char* p, size_t firstValue, size_t fir
     values_.makeRoom();
     const size_t number = values_.size() - firstValue;
     const Key* pKeys = keys_.at(firstKey);
-    size_t bytes = number * sizeof(QvJsonValue_t);
+    if (number > kMaximumCapacity) {
+        throw std::bad_alloc();
+    }
+    size_t bytes = sizeof(ObjectBlock) + number * (sizeof(QvJsonValuePair_t) + sizeof(QvJsonValue_t));
     for (size_t index = 0; index < number; ++index) {
         bytes += pKeys[index].length + 1;
     }
-    ObjectBlock* pBlock = makeObject(number, bytes);
-    if (pBlock == nullptr) {
-        throw std::bad_alloc();
-    }
+    ObjectBlock* pBlock = beginObject(room(bytes), number, 0, pTree_);
     pBlock->open.number = number;
     auto* pValues = reinterpret_cast<QvJsonValue_t*>(pBlock->open.pPairs + number);
     auto* pText = reinterpret_cast<char*>(pValues + number);
@@ -481,6 +599,7 @@ const char* TextParser::closeObject(const char* p, size_t firstValue, size_t fir
         pText += key.length + 1;
         pValues[index] = *values_.at(firstValue + index);
     }
+    pTree_->keep(pText);
     if (isDoubled) {
         mergeDoubledKeys(*pBlock);
     }

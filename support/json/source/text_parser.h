@@ -4,8 +4,11 @@
 #include <cstdlib>
 #include <new>
 #include <string>
+#include <utility>
 
 #include "qv_json_c/json_value.h"
+#include "tree_memory.h"
+#include "value_tree.h"
 
 namespace qv::json {
 
@@ -34,15 +37,20 @@ public:
         }
     }
 
+    // Gives the memory back where it is more than that many items' worth. The stack is empty.
+    void trim(size_t number)
+    {
+        if (static_cast<size_t>(pLimit_ - pItems_) > number) {
+            std::free(std::exchange(pItems_, nullptr));
+            pTop_ = nullptr;
+            pLimit_ = nullptr;
+        }
+    }
+
     size_t size() const { return static_cast<size_t>(pTop_ - pItems_); }
     T* at(size_t index) { return pItems_ + index; }
     T& top() { return pTop_[-1]; }
     void shrink(size_t size) { pTop_ = pItems_ + size; }
-
-    // The free room above the top, for loops that fill many; raise() tells up to where they did.
-    T* next() { return pTop_; }
-    T* limit() { return pLimit_; }
-    void raise(T* pTop) { pTop_ = pTop; }
 
 private:
     void grow()
@@ -70,20 +78,25 @@ struct Key {
     char* pOwned;
 };
 
-// Working memory that serves one text after the other.
+// Working memory that serves one text after the other. What an uncommon text needed isn't kept.
 struct ParserMemory {
+    static constexpr size_t kKeptNumber = 1024;
+
+    void trim()
+    {
+        values.trim(kKeptNumber);
+        keys.trim(kKeptNumber);
+    }
+
     Stack<QvJsonValue_t> values;
     Stack<Key> keys;
 };
 
-// One pass over one text. Values are collected on a stack; a container that closes moves its own into one allocation of
-// the right size. Throws std::bad_alloc.
+// One pass over one text. Values are collected on a stack; a container that closes moves its own into a block of the
+// right size. Lists of numbers are read straight into their block. Throws std::bad_alloc.
 class TextParser {
 public:
-    TextParser(ParserMemory& memory, const char* pBegin, const char* pEnd)
-        : values_(memory.values), keys_(memory.keys), pBegin_(pBegin), pEnd_(pEnd)
-    {
-    }
+    TextParser(ParserMemory& memory, const char* pBegin, const char* pEnd);
 
     // Releases what has not been given away.
     ~TextParser();
@@ -114,7 +127,8 @@ private:
     const char* parseCommentedValue(const char* p);
     const char* parsePlainValue(const char* p);
     const char* parseNumber(const char* p);
-    const char* parseShortNumbers(const char* p, bool* pIsBehindValue);
+    const char* readAnyNumber(const char* p, QvJsonValue_t* pValue);
+    const char* parseNumbers(const char* p, bool* pIsClosed);
     const char* parseWord(const char* p);
     const char* parseString(const char* p);
     const char* parseKey(const char* p);
@@ -123,6 +137,7 @@ private:
     const char* closeArray(const char* p, size_t firstValue);
     const char* closeObject(const char* p, size_t firstValue, size_t firstKey);
 
+    char* room(size_t bytes);
     QvJsonValue_t& addValue(QvJsonValueType_t type);
     const char* blanksEnd(const char* p) const;
     bool isOnLine(const char* pFrom, const char* pTo) const;
@@ -130,8 +145,10 @@ private:
     void giveRestToLastValue(size_t firstValue);
     void appendComment2(QvJsonValue_t& value, const std::string& text);
 
+    ParserMemory& memory_;
     Stack<QvJsonValue_t>& values_;
     Stack<Key>& keys_;
+    TreeMemory* pTree_ = nullptr; // of the tree that is made, until its root owns it
     const char* pBegin_;
     const char* pEnd_;
     size_t depth_ = 0;

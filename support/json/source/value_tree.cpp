@@ -1,30 +1,23 @@
 #include "value_tree.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 namespace qv::json {
 
 namespace {
 
-constexpr size_t kFirstCapacity = 8;
+// Of a tree that is built: enough for a small object. Each further chunk is twice as large.
+constexpr size_t kFirstChunk = 640;
 
-QvJsonValue_t* itemsOf(ArrayBlock* pBlock)
-{
-    return reinterpret_cast<QvJsonValue_t*>(pBlock + 1);
-}
+// Lists that outgrow it are better off with realloc().
+constexpr size_t kLargestPiece = size_t{64} * 1024;
 
-QvJsonValuePair_t* innerPairsOf(ObjectBlock* pBlock)
-{
-    return reinterpret_cast<QvJsonValuePair_t*>(pBlock + 1);
-}
-
-// Most values are plain numbers: one test passes them over.
 bool ownsMemory(const QvJsonValue_t& value)
 {
-    constexpr unsigned kOwners =
-        1U << QvJsonValueType_Array | 1U << QvJsonValueType_Object | 1U << QvJsonValueType_String;
-    return (kOwners >> value.type & 1) != 0 || value.pComment != nullptr || value.pComment2 != nullptr;
+    return ownsContent(value) || value.pComment != nullptr || value.pComment2 != nullptr;
 }
 
 void freeComments(const QvJsonValue_t& value)
@@ -83,49 +76,155 @@ size_t findPlace(ObjectBlock& object, std::string_view key)
     return KeyIndex::kNone;
 }
 
+// What a block grows to that shall hold that many; 0 if none can.
+size_t grownCapacity(size_t capacity, size_t number)
+{
+    if (number > kMaximumCapacity) {
+        return 0;
+    }
+    return std::min(std::max({number, capacity * 2, kFirstCapacity}), kMaximumCapacity);
+}
+
 bool makeRoomForPair(ObjectBlock& object)
 {
     if (object.open.number < object.capacity) {
         return true;
     }
-    const size_t capacity = object.capacity < kFirstCapacity ? kFirstCapacity : object.capacity * 2;
-    const bool isInner = object.open.pPairs == innerPairsOf(&object);
-    void* pOld = isInner ? nullptr : object.open.pPairs;
-    auto* pPairs = static_cast<QvJsonValuePair_t*>(std::realloc(pOld, capacity * sizeof(QvJsonValuePair_t)));
-    if (pPairs == nullptr) {
+    const size_t capacity = grownCapacity(object.capacity, object.open.number + 1);
+    void* pPiece = capacity != 0 ? object.pMemory->take(capacity * sizeof(QvJsonValuePair_t)) : nullptr;
+    if (pPiece == nullptr) {
         return false;
     }
-    if (isInner && object.open.number != 0) {
-        std::memcpy(pPairs, object.open.pPairs, object.open.number * sizeof(QvJsonValuePair_t));
+    if (object.open.number != 0) {
+        std::memcpy(pPiece, object.open.pPairs, object.open.number * sizeof(QvJsonValuePair_t));
     }
-    object.open.pPairs = pPairs;
-    object.capacity = capacity;
+    object.open.pPairs = static_cast<QvJsonValuePair_t*>(pPiece);
+    object.capacity = static_cast<uint32_t>(capacity);
     return true;
 }
 
+// The memory of an array's tree, made where there is none yet. Null without memory.
+TreeMemory* memoryOf(ArrayBlock& array)
+{
+    if (array.pMemory == nullptr) {
+        array.pMemory = TreeMemory::make(kFirstChunk);
+        array.marks |= array.pMemory != nullptr ? kOwnsMemory : 0;
+    }
+    return array.pMemory;
+}
+
+// The memory for what a null value becomes, if it stands in a tree that has some.
+TreeMemory* memoryFor(const QvJsonValue_t& value)
+{
+    return (value.reserved & kHasMemory) != 0 ? reinterpret_cast<TreeMemory*>(value.holder.integer) : nullptr;
+}
+
+// Gives a value a block for members, in that memory or in one of its own.
+bool beginMembers(QvJsonValue_t& value, TreeMemory* pMemory)
+{
+    constexpr size_t kBytes = sizeof(ObjectBlock) + kFirstCapacity * sizeof(QvJsonValuePair_t);
+    TreeMemory* pOwned = pMemory == nullptr ? TreeMemory::make(kFirstChunk) : nullptr;
+    pMemory = pOwned != nullptr ? pOwned : pMemory;
+    void* pPiece = pMemory != nullptr ? pMemory->take(kBytes) : nullptr;
+    if (pPiece == nullptr) {
+        if (pOwned != nullptr) {
+            TreeMemory::release(pOwned);
+        }
+        return false;
+    }
+    ObjectBlock* pBlock = beginObject(pPiece, kFirstCapacity, pOwned != nullptr ? kOwnsMemory : 0, pMemory);
+    value.holder.pObject = &pBlock->open;
+    return true;
+}
+
+constexpr size_t bytesOfArray(size_t capacity)
+{
+    return sizeof(ArrayBlock) + capacity * sizeof(QvJsonValue_t);
+}
+
+// What all arrays and objects share that nothing was added to yet. They are never written to: whatever is added needs
+// room first.
+constinit ArrayBlock emptyArray = {{0, nullptr}, 0, kIsInner | kFlat, {nullptr}};
+constinit ObjectBlock emptyObject = {{0, nullptr}, 0, 0, nullptr, 0, {nullptr}};
+
 } // namespace
 
-ArrayBlock* makeArray(size_t capacity)
+ArrayBlock* beginArray(void* pPiece, size_t capacity, uint32_t marks, TreeMemory* pMemory)
 {
-    auto* pBlock = static_cast<ArrayBlock*>(std::malloc(sizeof(ArrayBlock) + capacity * sizeof(QvJsonValue_t)));
-    if (pBlock != nullptr) {
-        pBlock->open = {0, itemsOf(pBlock)};
-        pBlock->capacity = capacity;
-    }
+    auto* pBlock = static_cast<ArrayBlock*>(pPiece);
+    pBlock->open = {0, itemsOf(pBlock)};
+    pBlock->capacity = static_cast<uint32_t>(capacity);
+    pBlock->marks = marks;
+    pBlock->pMemory = pMemory;
     return pBlock;
 }
 
-ObjectBlock* makeObject(size_t capacity, size_t extraBytes)
+ObjectBlock* beginObject(void* pPiece, size_t capacity, uint32_t marks, TreeMemory* pMemory)
 {
-    const size_t bytes = sizeof(ObjectBlock) + capacity * sizeof(QvJsonValuePair_t) + extraBytes;
-    auto* pBlock = static_cast<ObjectBlock*>(std::malloc(bytes));
-    if (pBlock != nullptr) {
-        pBlock->open = {0, innerPairsOf(pBlock)};
-        pBlock->capacity = capacity;
-        pBlock->hint = 0;
-        pBlock->pIndex = nullptr;
-    }
+    auto* pBlock = static_cast<ObjectBlock*>(pPiece);
+    pBlock->open = {0, innerPairsOf(pBlock)};
+    pBlock->capacity = static_cast<uint32_t>(capacity);
+    pBlock->marks = marks;
+    pBlock->pIndex = nullptr;
+    pBlock->hint = 0;
+    pBlock->pMemory = pMemory;
     return pBlock;
+}
+
+void beEmptyArray(QvJsonValue_t& value)
+{
+    value.holder.pArray = &emptyArray.open;
+    value.type = QvJsonValueType_Array;
+}
+
+void beEmptyObject(QvJsonValue_t& value)
+{
+    value.holder.pObject = &emptyObject.open;
+    value.type = QvJsonValueType_Object;
+}
+
+void ownMemory(QvJsonValue_t& root)
+{
+    if (root.type == QvJsonValueType_Array) {
+        arrayOf(root)->marks |= kOwnsMemory;
+    } else {
+        objectOf(root)->marks |= kOwnsMemory;
+    }
+}
+
+bool growArray(QvJsonValue_t& array, size_t number, size_t most)
+{
+    ArrayBlock* pBlock = arrayOf(array);
+    const size_t capacity = std::min(grownCapacity(pBlock->capacity, number), most);
+    if (capacity == 0) {
+        return false;
+    }
+    const bool isInner = (pBlock->marks & kIsInner) != 0;
+    TreeMemory* pMemory = isInner ? pBlock->pMemory : nullptr;
+    if (pMemory != nullptr && pMemory->extend(pBlock, bytesOfArray(pBlock->capacity), bytesOfArray(capacity))) {
+        pBlock->capacity = static_cast<uint32_t>(capacity);
+        return true;
+    }
+    void* pPiece = nullptr;
+    uint32_t marks = pBlock->marks;
+    if (pMemory != nullptr && bytesOfArray(capacity) <= kLargestPiece) {
+        pPiece = pMemory->take(bytesOfArray(capacity));
+    } else {
+        pPiece = std::realloc(isInner ? nullptr : pBlock, bytesOfArray(capacity));
+        marks &= ~kIsInner;
+    }
+    if (pPiece == nullptr) {
+        return false;
+    }
+    if (isInner) {
+        std::memcpy(pPiece, pBlock, bytesOfArray(pBlock->open.number));
+    }
+    auto* pGrown = static_cast<ArrayBlock*>(pPiece);
+    pGrown->capacity = static_cast<uint32_t>(capacity);
+    pGrown->marks = marks;
+    pGrown->open.pValues = itemsOf(pGrown);
+    array.holder.pArray = &pGrown->open;
+    return true;
 }
 
 char* copyText(std::string_view text)
@@ -138,13 +237,17 @@ char* copyText(std::string_view text)
     return pCopy;
 }
 
-bool becomeArray(QvJsonValue_t& value)
+bool becomeArray(QvJsonValue_t& value, size_t capacity)
 {
-    if (value.type == QvJsonValueType_Null && (value.reserved & kFrozen) == 0) {
-        ArrayBlock* pBlock = makeArray(kFirstCapacity);
-        if (pBlock != nullptr) {
-            value.holder.pArray = &pBlock->open;
+    if (value.type == QvJsonValueType_Null && (value.reserved & kFrozen) == 0 && capacity <= kMaximumCapacity) {
+        TreeMemory* pMemory = memoryFor(value);
+        const size_t bytes = bytesOfArray(capacity);
+        void* pPiece = pMemory != nullptr ? pMemory->take(bytes) : std::malloc(bytes);
+        if (pPiece != nullptr) {
+            const uint32_t marks = pMemory != nullptr ? kIsInner | kFlat : kFlat;
+            value.holder.pArray = &beginArray(pPiece, capacity, marks, pMemory)->open;
             value.type = QvJsonValueType_Array;
+            value.reserved &= ~kHasMemory;
         }
     }
     return value.type == QvJsonValueType_Array;
@@ -152,12 +255,10 @@ bool becomeArray(QvJsonValue_t& value)
 
 bool becomeObject(QvJsonValue_t& value)
 {
-    if (value.type == QvJsonValueType_Null && (value.reserved & kFrozen) == 0) {
-        ObjectBlock* pBlock = makeObject(kFirstCapacity, 0);
-        if (pBlock != nullptr) {
-            value.holder.pObject = &pBlock->open;
-            value.type = QvJsonValueType_Object;
-        }
+    if (value.type == QvJsonValueType_Null && (value.reserved & kFrozen) == 0 &&
+        beginMembers(value, memoryFor(value))) {
+        value.type = QvJsonValueType_Object;
+        value.reserved &= ~kHasMemory;
     }
     return value.type == QvJsonValueType_Object;
 }
@@ -173,53 +274,51 @@ QvJsonValue_t* findMember(const QvJsonValue_t& value, std::string_view key)
     return object.open.pPairs[place].pValue;
 }
 
-QvJsonValue_t* appendMember(const QvJsonValue_t& value, std::string_view key)
+QvJsonValue_t* appendMember(QvJsonValue_t& value, std::string_view key)
 {
+    if (objectOf(value)->pMemory == nullptr && !beginMembers(value, nullptr)) {
+        return nullptr;
+    }
     ObjectBlock& object = *objectOf(value);
     if (!makeRoomForPair(object)) {
         return nullptr;
     }
-    auto* pNode = static_cast<QvJsonValue_t*>(std::malloc(sizeof(QvJsonValue_t) + key.size() + 1));
-    if (pNode == nullptr) {
+    auto* pMember = static_cast<QvJsonValue_t*>(object.pMemory->take(sizeof(QvJsonValue_t) + key.size() + 1));
+    if (pMember == nullptr) {
         return nullptr;
     }
-    auto* pKey = reinterpret_cast<char*>(pNode + 1);
+    *pMember = nullWith(object.pMemory);
+    auto* pKey = reinterpret_cast<char*>(pMember + 1);
     key.copy(pKey, key.size());
     pKey[key.size()] = '\0';
-    *pNode = {};
-    pNode->reserved = kPlaced | kNode;
-    object.open.pPairs[object.open.number] = {pKey, pNode};
+    object.open.pPairs[object.open.number] = {pKey, pMember};
     ++object.open.number;
     if (object.pIndex != nullptr && !object.pIndex->add(key, object.open.number - 1)) {
         rebuildIndex(object);
     }
-    return pNode;
+    return pMember;
 }
 
 QvJsonValue_t* appendItems(QvJsonValue_t& array, size_t number)
 {
-    ArrayBlock* pBlock = arrayOf(array);
-    const size_t newNumber = pBlock->open.number + number;
-    if (newNumber > pBlock->capacity) {
-        size_t capacity = pBlock->capacity < kFirstCapacity ? kFirstCapacity : pBlock->capacity;
-        while (capacity < newNumber) {
-            capacity *= 2;
-        }
-        const size_t bytes = sizeof(ArrayBlock) + capacity * sizeof(QvJsonValue_t);
-        pBlock = static_cast<ArrayBlock*>(std::realloc(pBlock, bytes));
-        if (pBlock == nullptr) {
-            return nullptr;
-        }
-        pBlock->capacity = capacity;
-        pBlock->open.pValues = itemsOf(pBlock);
-        array.holder.pArray = &pBlock->open;
+    const size_t newNumber = arrayOf(array)->open.number + number;
+    if (newNumber > arrayOf(array)->capacity && !growArray(array, newNumber)) {
+        return nullptr;
     }
+    ArrayBlock* pBlock = arrayOf(array);
+    endFlat(*pBlock);
+    const QvJsonValue_t item = nullWith(memoryOf(*pBlock));
     for (size_t index = pBlock->open.number; index < newNumber; ++index) {
-        pBlock->open.pValues[index] = {};
-        pBlock->open.pValues[index].reserved = kPlaced;
+        pBlock->open.pValues[index] = item;
     }
     pBlock->open.number = newNumber;
     return &pBlock->open.pValues[newNumber - 1];
+}
+
+void beNullItem(QvJsonValue_t& place, ArrayBlock& array)
+{
+    endFlat(array);
+    place = nullWith(memoryOf(array));
 }
 
 QvJsonValue_t* findItem(QvJsonValue_t* pValue, size_t index)
@@ -252,20 +351,36 @@ void mergeDoubledKeys(ObjectBlock& object)
     }
 }
 
-void releaseContent(QvJsonValue_t& root)
+void releaseOwned(QvJsonValue_t& root)
 {
-    // Containers found on the way wait in two lists, linked through the blocks themselves.
+    // Containers found on the way wait in two lists, linked through the blocks themselves. Memory goes last, as blocks
+    // lie in it.
     ArrayBlock* pArrays = nullptr;
     ObjectBlock* pObjects = nullptr;
+    TreeMemory* pMemories = nullptr;
+    const auto takeMemory = [&](uint32_t marks, TreeMemory* pMemory) {
+        if ((marks & kOwnsMemory) != 0) {
+            pMemory->pNext = pMemories;
+            pMemories = pMemory;
+        }
+    };
     const auto take = [&](const QvJsonValue_t& value) {
-        if (value.type == QvJsonValueType_String) {
+        if (value.type == QvJsonValueType_Array) {
+            ArrayBlock* pArray = arrayOf(value);
+            takeMemory(pArray->marks, pArray->pMemory);
+            if ((pArray->marks & kFlat) == 0) {
+                pArray->pNext = pArrays;
+                pArrays = pArray;
+            } else if ((pArray->marks & kIsInner) == 0) {
+                std::free(pArray);
+            }
+        } else if (value.type == QvJsonValueType_Object && objectOf(value)->pMemory != nullptr) {
+            ObjectBlock* pObject = objectOf(value);
+            takeMemory(pObject->marks, pObject->pMemory);
+            pObject->pNext = pObjects;
+            pObjects = pObject;
+        } else if (value.type == QvJsonValueType_String && (value.reserved & kInnerText) == 0) {
             std::free(value.holder.pChar);
-        } else if (value.type == QvJsonValueType_Array) {
-            arrayOf(value)->pNext = pArrays;
-            pArrays = arrayOf(value);
-        } else if (value.type == QvJsonValueType_Object) {
-            objectOf(value)->pNext = pObjects;
-            pObjects = objectOf(value);
         }
     };
     const auto takeWhole = [&](const QvJsonValue_t& value) {
@@ -276,31 +391,26 @@ void releaseContent(QvJsonValue_t& root)
     };
 
     take(root);
-    root.type = QvJsonValueType_Null;
-    root.holder = {};
     while (pArrays != nullptr || pObjects != nullptr) {
         if (ArrayBlock* pArray = pArrays; pArray != nullptr) {
             pArrays = pArray->pNext;
             for (size_t index = 0; index < pArray->open.number; ++index) {
                 takeWhole(pArray->open.pValues[index]);
             }
-            std::free(pArray);
+            if ((pArray->marks & kIsInner) == 0) {
+                std::free(pArray);
+            }
         } else {
             ObjectBlock* pObject = pObjects;
             pObjects = pObject->pNext;
             for (size_t place = 0; place < pObject->open.number; ++place) {
-                QvJsonValue_t* pMember = pObject->open.pPairs[place].pValue;
-                takeWhole(*pMember);
-                if ((pMember->reserved & kNode) != 0) {
-                    std::free(pMember);
-                }
-            }
-            if (pObject->open.pPairs != innerPairsOf(pObject)) {
-                std::free(pObject->open.pPairs);
+                takeWhole(*pObject->open.pPairs[place].pValue);
             }
             KeyIndex::release(pObject->pIndex);
-            std::free(pObject);
         }
+    }
+    while (pMemories != nullptr) {
+        TreeMemory::release(std::exchange(pMemories, pMemories->pNext));
     }
 }
 

@@ -6,6 +6,7 @@
 
 #include "key_index.h"
 #include "qv_json_c/json_value.h"
+#include "tree_memory.h"
 
 // The blocks behind arrays and objects, and the operations on them that the public interface, the reader and the path
 // share. Nothing here throws: what runs out of memory yields null or false and changes nothing.
@@ -15,25 +16,44 @@ namespace qv::json {
 constexpr size_t kMaximumDepth = 512;
 
 // Marks in QvJsonValue_t::reserved.
-constexpr uint32_t kPlaced = 1; // stands in a container or among the scratch values: never freed on its own
-constexpr uint32_t kNode = 2;   // a member in an allocation of its own, its key behind it
-constexpr uint32_t kFrozen = 4; // stays null
+constexpr uint32_t kPlaced = 1;    // stands in a container or among the scratch values: never freed on its own
+constexpr uint32_t kFrozen = 2;    // stays null
+constexpr uint32_t kInnerText = 4; // a String whose text lies in the tree's memory
+constexpr uint32_t kHasMemory = 8; // a Null that never was anything else: the holder tells where its content shall lie
 
-// An array; its items stand behind it in the same allocation.
-struct ArrayBlock {
+// Marks of blocks. The root's block owns the tree's memory, wherever the root's value is moved to, and the blocks below
+// it lie in that memory. What a place in it once held is lost until the tree is released; so a place whose content was
+// released takes its next one from malloc(), and however often a tree is changed, no more is lost than it first held.
+constexpr uint32_t kIsInner = 1;    // the block is freed with the memory that it lies in
+constexpr uint32_t kOwnsMemory = 2; // and the memory with the block
+constexpr uint32_t kFlat = 4;       // an array of nothing but numbers and booleans without comments
+
+// The most items and pairs of a block.
+constexpr size_t kMaximumCapacity = UINT32_MAX;
+
+// An array; its items stand behind it.
+struct alignas(kPieceAlignment) ArrayBlock {
     QvJsonValueArray_t open;
-    size_t capacity;
-    ArrayBlock* pNext; // used while a tree is released
+    uint32_t capacity;
+    uint32_t marks;
+    union {
+        TreeMemory* pMemory; // of the tree; null where there is none yet
+        ArrayBlock* pNext;   // used while a tree is released
+    };
 };
 
 // An object. Pairs stand behind it until they outgrow their first capacity; so do the values and keys of a text that
-// was read. Members added later are nodes.
-struct ObjectBlock {
+// was read.
+struct alignas(kPieceAlignment) ObjectBlock {
     QvJsonValueObject_t open;
-    size_t capacity; // of pairs
-    size_t hint;     // where the next lookup starts: behind the last hit
+    uint32_t capacity; // of pairs
+    uint32_t marks;
     KeyIndex* pIndex;
-    ObjectBlock* pNext; // used while a tree is released
+    size_t hint; // where the next lookup starts: behind the last hit
+    union {
+        TreeMemory* pMemory; // of the tree; null only where there was never a member
+        ObjectBlock* pNext;  // used while a tree is released
+    };
 };
 
 inline ArrayBlock* arrayOf(const QvJsonValue_t& value)
@@ -46,25 +66,82 @@ inline ObjectBlock* objectOf(const QvJsonValue_t& value)
     return reinterpret_cast<ObjectBlock*>(value.holder.pObject);
 }
 
-// A block with room for that many items or pairs, and none yet. For objects, extra bytes behind the pairs.
-ArrayBlock* makeArray(size_t capacity);
-ObjectBlock* makeObject(size_t capacity, size_t extraBytes);
+// Most values are plain numbers: one test passes them over.
+inline bool ownsContent(const QvJsonValue_t& value)
+{
+    constexpr unsigned kOwners =
+        1U << QvJsonValueType_Array | 1U << QvJsonValueType_Object | 1U << QvJsonValueType_String;
+    return (kOwners >> value.type & 1) != 0;
+}
+
+inline QvJsonValue_t* itemsOf(ArrayBlock* pBlock)
+{
+    return reinterpret_cast<QvJsonValue_t*>(pBlock + 1);
+}
+
+inline QvJsonValuePair_t* innerPairsOf(ObjectBlock* pBlock)
+{
+    return reinterpret_cast<QvJsonValuePair_t*>(pBlock + 1);
+}
+
+// Begins an empty block in a piece of memory that has room for that many items or pairs.
+ArrayBlock* beginArray(void* pPiece, size_t capacity, uint32_t marks, TreeMemory* pMemory);
+ObjectBlock* beginObject(void* pPiece, size_t capacity, uint32_t marks, TreeMemory* pMemory);
+
+// A null value in a container whose content shall lie in that memory. It may be null.
+inline QvJsonValue_t nullWith(TreeMemory* pMemory)
+{
+    QvJsonValue_t value = {};
+    static_assert(sizeof(value.holder.integer) == sizeof(pMemory));
+    value.holder.integer = reinterpret_cast<ssize_t>(pMemory);
+    value.reserved = kPlaced | (pMemory != nullptr ? kHasMemory : 0);
+    return value;
+}
+
+// Makes a value an array or object with nothing in it. It takes no memory before something is added.
+void beEmptyArray(QvJsonValue_t& value);
+void beEmptyObject(QvJsonValue_t& value);
 
 // A copy in a string from malloc(); null without memory.
 char* copyText(std::string_view text);
 
+// The room that arrays and objects begin with.
+constexpr size_t kFirstCapacity = 8;
+
 // Turns a null value into an array or object. False if it is another kind or frozen, or without memory.
-bool becomeArray(QvJsonValue_t& value);
+bool becomeArray(QvJsonValue_t& value, size_t capacity = kFirstCapacity);
 bool becomeObject(QvJsonValue_t& value);
 
 // The member, or null. The value is an object.
 QvJsonValue_t* findMember(const QvJsonValue_t& object, std::string_view key);
 
 // A new null member at the end; the object doesn't hold the key. Null without memory.
-QvJsonValue_t* appendMember(const QvJsonValue_t& object, std::string_view key);
+QvJsonValue_t* appendMember(QvJsonValue_t& object, std::string_view key);
+
+// Makes room for that many items in all, and for more as the block grows, up to `most`. False without memory. The value
+// is an array with less room.
+bool growArray(QvJsonValue_t& array, size_t number, size_t most = kMaximumCapacity);
 
 // That many new null items at the end. The last of them, or null without memory. The value is an array.
 QvJsonValue_t* appendItems(QvJsonValue_t& array, size_t number);
+
+// Makes a new place of an array a null item.
+void beNullItem(QvJsonValue_t& place, ArrayBlock& array);
+
+// Before an item is given out or becomes anything that isn't a number or boolean.
+inline void endFlat(ArrayBlock& array)
+{
+    array.marks &= ~kFlat;
+}
+
+// Makes the root's block the owner of the memory that its tree lies in. The value is an array or object.
+void ownMemory(QvJsonValue_t& root);
+
+// The place of one more item, still to be filled; null if the block is full. What is no number or boolean ends flatness.
+inline QvJsonValue_t* addItem(ArrayBlock& array)
+{
+    return array.open.number < array.capacity ? &array.open.pValues[array.open.number++] : nullptr;
+}
 
 // The item of an array, or null if there is no array or no such item.
 QvJsonValue_t* findItem(QvJsonValue_t* pValue, size_t index);
@@ -73,8 +150,19 @@ QvJsonValue_t* findItem(QvJsonValue_t* pValue, size_t index);
 // reader.
 void mergeDoubledKeys(ObjectBlock& object);
 
+// The same for a value that holds an array, an object or a text.
+void releaseOwned(QvJsonValue_t& value);
+
 // Releases what the value holds, without the comments; then it is null. Neither recurses nor allocates.
-void releaseContent(QvJsonValue_t& value);
+inline void releaseContent(QvJsonValue_t& value)
+{
+    if (ownsContent(value)) {
+        releaseOwned(value);
+    }
+    value.type = QvJsonValueType_Null;
+    value.holder = {};
+    value.reserved &= ~(kInnerText | kHasMemory);
+}
 
 // The same with the comments.
 void clearValue(QvJsonValue_t& value);

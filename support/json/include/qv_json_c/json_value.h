@@ -2,8 +2,9 @@
  * A tree of JSON values.
  *
  * Rules for the whole header:
- * 1. The structs are open for reading. They are changed through the operations alone, but for the text of a value's two
- *    comments, which a caller may replace by another string from malloc() (or null).
+ * 1. The structs are open for reading. A caller changes only values that an operation gave him (create, member, member2,
+ *    item, an add, path, reader), and not those that he found by reading the structs: through the operations, and the
+ *    texts of their two comments, which he may replace by another string from malloc() (or null).
  * 2. A tree is used by one thread at a time, lookups included, since they remember where they were.
  * 3. Members of an object never move: a pointer to one is good as long as the object lives. Items of an array lie one
  *    behind the other: a pointer to an item is good until the next item is added to the same array.
@@ -44,9 +45,9 @@ typedef struct QvJsonValue {
         bool _bool;
         double _float;
         ssize_t integer;
-        QvJsonValueArray_t* pArray;   /* never null in an Array; owned by the value */
-        char* pChar;                  /* never null in a String; owned by the value */
-        QvJsonValueObject_t* pObject; /* never null in an Object; owned by the value */
+        QvJsonValueArray_t* pArray;   /* never null in an Array; owned by the tree */
+        char* pChar;                  /* never null in a String; owned by the tree */
+        QvJsonValueObject_t* pObject; /* never null in an Object; owned by the tree */
     } holder;                         /* the value, by type */
     char* pComment;                   /* lines that stand above the value; null if none; from malloc(), owned */
     char* pComment2;                  /* text behind the value on its line; null if none; from malloc(), owned */
@@ -151,6 +152,14 @@ QV_JSON_API int QvJsonValue_addBooleanToArray(QvJsonValue_t* pValue, bool value)
 QV_JSON_API int QvJsonValue_addFloatToArray(QvJsonValue_t* pValue, double value);
 QV_JSON_API int QvJsonValue_addIntegerToArray(QvJsonValue_t* pValue, ssize_t value);
 QV_JSON_API int QvJsonValue_addStringToArray(QvJsonValue_t* pValue, const char* pText);
+
+/*
+ * Says how many items an array will hold in all, so that adding them needs no further memory. It is an offer that saves
+ * time and changes nothing that is seen, but that a null value becomes an array. A number below that of the items there
+ * are does nothing.
+ * 0; 5 when memory runs out; 13 for a null pointer and for a value of another kind. A failure changes nothing.
+ */
+QV_JSON_API int QvJsonValue_reserve(QvJsonValue_t* pValue, size_t number);
 
 /*
  * Hand a value from QvJsonValue_create, or a reader's tree, over to an object or array, with all below it and its

@@ -1,0 +1,486 @@
+// Trees lie in a few large chunks, whose pieces are never given back one by one: nobody may be able to tell, whatever is
+// done to a tree, and no shortage of memory may harm. The library's calls of the allocator go through this file.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <functional>
+#include <iterator>
+#include <random>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include <malloc.h>
+
+#include "json_document.h"
+
+using namespace qv::test;
+
+extern "C" {
+void* __real_malloc(size_t size);
+void* __real_calloc(size_t number, size_t size);
+void* __real_realloc(void* pBlock, size_t size);
+void __real_free(void* pBlock);
+[[gnu::visibility("default")]] void* __wrap_malloc(size_t size);
+[[gnu::visibility("default")]] void* __wrap_calloc(size_t number, size_t size);
+[[gnu::visibility("default")]] void* __wrap_realloc(void* pBlock, size_t size);
+[[gnu::visibility("default")]] void __wrap_free(void* pBlock);
+}
+
+namespace {
+
+long allowed = -1;      // allocations until one fails; below zero none does
+size_t takenBytes = 0;  // asked for so far
+ssize_t usedBytes = 0;  // taken and not given back
+bool hasFailed = false; // an allocation did
+
+bool isRefused(size_t bytes)
+{
+    takenBytes += bytes;
+    if (allowed < 0) {
+        return false;
+    }
+    const bool isNow = allowed == 0;
+    hasFailed = hasFailed || isNow;
+    --allowed; // only one fails
+    return isNow;
+}
+
+void* counted(void* pBlock)
+{
+    usedBytes += static_cast<ssize_t>(malloc_usable_size(pBlock));
+    return pBlock;
+}
+
+} // namespace
+
+void* __wrap_malloc(size_t size)
+{
+    return isRefused(size) ? nullptr : counted(__real_malloc(size));
+}
+
+void* __wrap_calloc(size_t number, size_t size)
+{
+    return isRefused(number * size) ? nullptr : counted(__real_calloc(number, size));
+}
+
+void* __wrap_realloc(void* pBlock, size_t size)
+{
+    if (isRefused(size)) {
+        return nullptr;
+    }
+    usedBytes -= static_cast<ssize_t>(malloc_usable_size(pBlock));
+    return counted(__real_realloc(pBlock, size));
+}
+
+void __wrap_free(void* pBlock)
+{
+    usedBytes -= static_cast<ssize_t>(malloc_usable_size(pBlock));
+    __real_free(pBlock);
+}
+
+namespace {
+
+char* copyOf(const char* pText)
+{
+    return pText != nullptr ? strdup(pText) : nullptr;
+}
+
+// Makes the same content by operations.
+void build(const QvJsonValue_t& from, QvJsonValue_t* pValue)
+{
+    QvJsonValue_t* pNew = nullptr;
+    switch (from.type) {
+    case QvJsonValueType_Array:
+        for (size_t index = 0; index < from.holder.pArray->number; ++index) {
+            const QvJsonValue_t& item = from.holder.pArray->pValues[index];
+            if (item.type == QvJsonValueType_Integer) {
+                QvJsonValue_addIntegerToArray(pValue, item.holder.integer);
+            } else if (item.type == QvJsonValueType_Float) {
+                QvJsonValue_addFloatToArray(pValue, item.holder._float);
+            } else if (item.type == QvJsonValueType_Boolean) {
+                QvJsonValue_addBooleanToArray(pValue, item.holder._bool);
+            } else if (item.type == QvJsonValueType_String) {
+                QvJsonValue_addStringToArray(pValue, item.holder.pChar);
+            } else {
+                QvJsonValue_create(item.type, &pNew);
+                QvJsonValue_addValueToArray(pValue, &pNew);
+                build(item, pNew);
+            }
+            if (item.pComment != nullptr || item.pComment2 != nullptr) {
+                pNew = QvJsonValue_item(pValue, index);
+                pNew->pComment = copyOf(item.pComment);
+                pNew->pComment2 = copyOf(item.pComment2);
+            }
+        }
+        break;
+    case QvJsonValueType_Object:
+        for (size_t place = 0; place < from.holder.pObject->number; ++place) {
+            const QvJsonValuePair_t& pair = from.holder.pObject->pPairs[place];
+            const QvJsonValue_t& member = *pair.pValue;
+            if (member.type == QvJsonValueType_Integer) {
+                QvJsonValue_addIntegerToObject(pValue, pair.pKey, member.holder.integer);
+            } else if (member.type == QvJsonValueType_Float) {
+                QvJsonValue_addFloatToObject(pValue, pair.pKey, member.holder._float);
+            } else if (member.type == QvJsonValueType_Boolean) {
+                QvJsonValue_addBooleanToObject(pValue, pair.pKey, member.holder._bool);
+            } else if (member.type == QvJsonValueType_String) {
+                QvJsonValue_addStringToObject(pValue, pair.pKey, member.holder.pChar);
+            } else {
+                QvJsonValue_create(member.type, &pNew);
+                QvJsonValue_addValueToObject(pValue, pair.pKey, &pNew);
+                build(member, pNew);
+            }
+            pNew = QvJsonValue_member(pValue, pair.pKey);
+            pNew->pComment = copyOf(member.pComment);
+            pNew->pComment2 = copyOf(member.pComment2);
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+Tree built(const QvJsonValue_t& from)
+{
+    Tree tree = make(from.type);
+    build(from, tree.get());
+    tree->pComment = copyOf(from.pComment);
+    tree->pComment2 = copyOf(from.pComment2);
+    return tree;
+}
+
+constexpr std::string_view kDocuments[] = {
+    "[1, 2.5, -3]",
+    "[]",
+    R"({"a": [1, 2, 3], "b": {"a": "text", "c": [true, false]}, "c": [[1, 2], [3, 4], []]})",
+    "// top\n[1, 2, // two\n 3]",
+    R"([1, 2, "three", {"a": [4, null, "five"]}, [6, [7, [8, "nine"]]]])",
+    R"({"\u0061": "esc\naped", "b": {"a": [0.5, 1.5], "b": [{"c": "deep"}, {"c": ""}]}, "a": ["last", "wins"]})",
+    "{\"a\": /* one */ [1, 2] /* two */, \"b\": \"x\" // three\n}",
+};
+
+// Some place in the tree. Lists are entered less often, so that some of them are never looked into.
+QvJsonValue_t* somePlace(QvJsonValue_t* pRoot, std::mt19937& random)
+{
+    QvJsonValue_t* pValue = pRoot;
+    while (random() % 5 != 0) {
+        if (pValue->type == QvJsonValueType_Object && pValue->holder.pObject->number != 0) {
+            const size_t place = random() % pValue->holder.pObject->number;
+            pValue = QvJsonValue_member(pValue, pValue->holder.pObject->pPairs[place].pKey);
+        } else if (QvJsonValue_size(pValue) != 0 && random() % 2 == 0) {
+            pValue = QvJsonValue_item(pValue, random() % QvJsonValue_size(pValue));
+        } else {
+            break;
+        }
+    }
+    return pValue;
+}
+
+// Changes something. Equal trees are changed alike, with parts that are read or built.
+void change(QvJsonValue_t* pRoot, std::mt19937& random, bool isBuilt)
+{
+    constexpr const char* kKeys[] = {"a", "b", "c", "new"};
+    QvJsonValue_t* pPlace = somePlace(pRoot, random);
+    const char* pKey = kKeys[random() % std::size(kKeys)];
+    const std::string_view document = kDocuments[random() % std::size(kDocuments)];
+    const auto newTree = [&] {
+        Tree tree = read(document);
+        return isBuilt ? built(*tree).release() : tree.release();
+    };
+    QvJsonValue_t* pNew = nullptr;
+    switch (random() % 12) {
+    case 0:
+        for (size_t number = random() % 40; number != 0; --number) {
+            QvJsonValue_addIntegerToArray(pPlace, static_cast<ssize_t>(number));
+        }
+        break;
+    case 1:
+        QvJsonValue_addFloatToObject(pPlace, pKey, 0.25);
+        break;
+    case 2:
+        QvJsonValue_addStringToArray(pPlace, "added");
+        break;
+    case 3:
+        QvJsonValue_addStringToObject(pPlace, pKey, "replaced");
+        break;
+    case 4:
+        QvJsonValue_addBooleanToArray(QvJsonValue_item(pPlace, QvJsonValue_size(pPlace) + random() % 3), true);
+        break;
+    case 5:
+        QvJsonValue_addIntegerToObject(QvJsonValue_member(pPlace, pKey), "x", 7);
+        break;
+    case 6:
+    case 7:
+        pNew = newTree();
+        if (QvJsonValue_addValueToObject(pPlace, pKey, &pNew) != 0) {
+            QvJsonValue_delete(&pNew);
+        }
+        break;
+    case 8:
+        pNew = newTree();
+        if (QvJsonValue_addValueToArray(pPlace, &pNew) != 0) {
+            QvJsonValue_delete(&pNew);
+        }
+        break;
+    case 9:
+        std::free(pPlace->pComment);
+        pPlace->pComment = strdup("noted");
+        break;
+    case 10:
+        std::free(std::exchange(pPlace->pComment2, strdup(pKey)));
+        break;
+    default:
+        if (pPlace != pRoot) {
+            QvJsonValue_delete(&pPlace);
+        }
+        break;
+    }
+}
+
+// Does the work again and again, with another allocation failing each time, until none is left to fail. A work gives
+// 0 or 5 and leaves nothing behind.
+void failEachOnce(const std::function<int()>& work)
+{
+    for (long number = 0;; ++number) {
+        hasFailed = false;
+        allowed = number;
+        const int status = work();
+        allowed = -1;
+        ASSERT_TRUE(status == 0 || (status == 5 && hasFailed)) << "allocation " << number << ": " << status;
+        if (!hasFailed) {
+            break;
+        }
+    }
+}
+
+} // namespace
+
+TEST(JsonMemory, ATreeThatWasReadChangesAsOneThatWasBuilt)
+{
+    std::mt19937 random(2718);
+    for (int round = 0; round < 600; ++round) {
+        const Tree first = read(kDocuments[static_cast<size_t>(round) % std::size(kDocuments)]);
+        const Tree second = built(*first);
+        for (int step = 0; step < 25; ++step) {
+            std::mt19937 same = random;
+            change(first.get(), random, false);
+            change(second.get(), same, true);
+        }
+        const std::string text = write(first.get());
+        ASSERT_EQ(text, write(second.get())) << "round " << round;
+        ASSERT_EQ(text, write(read(text).get()));
+    }
+}
+
+TEST(JsonMemory, AnyKindOfRootIsItsOwn)
+{
+    const Tree collection = make(QvJsonValueType_Null);
+    for (const char* pText : {"1", "\"text\"", "\"esc\\u0061ped\"", "null", "[1, 2]", "{\"a\": \"b\"}", "[[\"x\"]]"}) {
+        QvJsonValue_t* pRoot = read(pText).release();
+        ASSERT_EQ(QvJsonValue_addValueToArray(collection.get(), &pRoot), 0);
+        pRoot = read(pText).release();
+        QvJsonValue_delete(&pRoot);
+    }
+    // A root that outgrows its chunk takes the chunk along.
+    Tree root = read(R"(["first", [1, 2]])");
+    for (int index = 0; index < 1000; ++index) {
+        ASSERT_EQ(QvJsonValue_addIntegerToArray(root.get(), index), 0);
+    }
+    QvJsonValue_t* pMoved = root.release();
+    ASSERT_EQ(QvJsonValue_addValueToArray(collection.get(), &pMoved), 0);
+    EXPECT_STREQ(QvJsonValue_itemAsString(pMoved, 0), "first");
+    EXPECT_EQ(QvJsonValue_itemAsInteger(QvJsonValue_item(pMoved, 1), 1), 2);
+    EXPECT_EQ(QvJsonValue_itemAsInteger(pMoved, 1001), 999);
+}
+
+// The reader judges by samples how much a text will need. A text that looks like nothing where it samples makes lists,
+// objects and texts go over from one chunk to the next at every kind of place.
+TEST(JsonMemory, ATreeGoesFromChunkToChunk)
+{
+    std::mt19937 random(31);
+    std::string text = "{\n  \"list\": [";
+    const std::string blanks(300, ' ');
+    for (int index = 0; index < 40000; ++index) {
+        text += index != 0 ? ", " : "";
+        text += text.size() % 8192 > 8100 ? blanks : "";
+        switch (random() % 5) {
+        case 0:
+            text += "[1, 2, 3]";
+            break;
+        case 1:
+            text += numbered("\"a text with its number ", index) + "\"";
+            break;
+        case 2:
+            text += numbered("{\"key\": [], \"other\": ", index) + "}";
+            break;
+        default:
+            text += std::to_string(index);
+            break;
+        }
+    }
+    text += "],\n  \"numbers\": [";
+    for (int index = 0; index < 200000; ++index) {
+        text += text.size() % 8192 > 8100 ? blanks : "";
+        text += std::to_string(index) + (index < 199999 ? ", " : "]\n}\n");
+    }
+    const Tree root = read(text);
+    const Tree copy = built(*root);
+    EXPECT_TRUE(write(root.get()) == write(copy.get()));
+    const QvJsonValueArray_t& numbers = *QvJsonValue_member(root.get(), "numbers")->holder.pArray;
+    ASSERT_EQ(numbers.number, 200000U);
+    for (size_t index = 0; index < numbers.number; ++index) {
+        ASSERT_EQ(numbers.pValues[index].holder.integer, static_cast<ssize_t>(index));
+    }
+    EXPECT_EQ(QvJsonValue_size(QvJsonValue_member(root.get(), "list")), 40000U);
+}
+
+TEST(JsonMemory, ATreeTakesLittleMoreThanItsValues)
+{
+    std::string text = "[";
+    for (int row = 0; row < 100; ++row) {
+        text += "[999";
+        for (int column = 1; column < 200; ++column) {
+            text += numbered(", ", 1000 + column);
+        }
+        text += "], ";
+    }
+    text += "0]";
+    takenBytes = 0;
+    const Tree root = read(text);
+    EXPECT_LT(takenBytes, 100 * 200 * sizeof(QvJsonValue_t) * 12 / 10);
+    takenBytes = 0;
+    const Tree tiny = read("[1]");
+    EXPECT_LT(takenBytes, 6000U);
+}
+
+TEST(JsonMemory, AListThatIsReservedTakesItsMemoryAtOnce)
+{
+    const Tree root = read(R"({"text": "1", "list": [1, 2], "null": null})");
+    for (const char* pKey : {"list", "null", "new", "text"}) {
+        QvJsonValue_t* pValue = QvJsonValue_member(root.get(), pKey);
+        const size_t number = QvJsonValue_size(pValue);
+        if (pValue->type == QvJsonValueType_String) {
+            EXPECT_EQ(QvJsonValue_reserve(pValue, 1), 13);
+            continue;
+        }
+        EXPECT_EQ(QvJsonValue_reserve(pValue, 5000), 0);
+        EXPECT_EQ(QvJsonValue_size(pValue), number);
+        EXPECT_EQ(pValue->type, QvJsonValueType_Array);
+        const size_t before = takenBytes;
+        EXPECT_EQ(QvJsonValue_reserve(pValue, 3), 0);
+        for (size_t index = number; index < 5000; ++index) {
+            ASSERT_EQ(QvJsonValue_addFloatToArray(pValue, 0.5), 0);
+        }
+        EXPECT_EQ(takenBytes, before);
+        EXPECT_EQ(QvJsonValue_addFloatToArray(pValue, 0.5), 0);
+        EXPECT_EQ(QvJsonValue_reserve(pValue, SIZE_MAX), 5);
+        EXPECT_EQ(QvJsonValue_size(pValue), 5001U);
+    }
+    EXPECT_EQ(QvJsonValue_itemAsInteger(QvJsonValue_member(root.get(), "list"), 1), 2);
+    EXPECT_EQ(QvJsonValue_reserve(nullptr, 1), 13);
+
+    const Tree none = make(QvJsonValueType_Null);
+    EXPECT_EQ(QvJsonValue_reserve(none.get(), SIZE_MAX), 5);
+    EXPECT_EQ(none->type, QvJsonValueType_Null);
+}
+
+// A long life of changes doesn't make a tree larger and larger.
+TEST(JsonMemory, WhatIsReplacedAgainAndAgainGivesItsMemoryBack)
+{
+    const auto replaceAll = [](QvJsonValue_t* pRoot) {
+        QvJsonValue_t* pList = nullptr;
+        QvJsonValue_create(QvJsonValueType_Array, &pList);
+        QvJsonValue_addValueToObject(pRoot, "list", &pList);
+        for (int index = 0; index < 50; ++index) {
+            QvJsonValue_addStringToObject(QvJsonValue_item(pList, static_cast<size_t>(index)), "key", "some text");
+        }
+        QvJsonValue_addStringToObject(pRoot, "text", "a text that is longer than the one before it");
+        QvJsonValue_t* pEmptied = QvJsonValue_member(pRoot, "object");
+        QvJsonValue_delete(&pEmptied);
+        QvJsonValue_addIntegerToArray(QvJsonValue_member(QvJsonValue_member(pRoot, "object"), "inner"), 1);
+    };
+    const Tree fromText = read(R"({"list": [1, 2, {"a": "b"}], "text": "t", "object": {"inner": [1, 2]}})");
+    const Tree fromNothing = make(QvJsonValueType_Null);
+    for (const Tree* pTree : {&fromText, &fromNothing}) {
+        for (int round = 0; round < 3; ++round) {
+            replaceAll(pTree->get());
+        }
+        const ssize_t before = usedBytes;
+        for (int round = 0; round < 100; ++round) {
+            replaceAll(pTree->get());
+        }
+        EXPECT_EQ(usedBytes, before);
+    }
+}
+
+TEST(JsonMemory, NoAllocationThatFailsDoesHarm)
+{
+    const Traces traces; // made before memory runs short
+    QvJsonReaderHandle_t reader = 0;
+    ASSERT_EQ(QvJsonReader_open(&reader), 0);
+    std::string keys = "{";
+    for (int index = 0; index < 40; ++index) {
+        keys += numbered("\"k", index) + "\": [1, \"x\"],";
+    }
+    const std::string many = keys + "\"k0\": [\"\\u0061\"], \"\\u0061\": \"b\", // note\n \"c\": [1 /* one */, 2]}";
+    const auto parse = [&](const std::string& text, Tree* pTree) {
+        QvJsonValue_t* pValue = nullptr;
+        const int status = QvJsonReader_parse(reader, text.data(), text.data() + text.size(), &pValue);
+        pTree->reset(pValue);
+        return status;
+    };
+    failEachOnce([&] {
+        Tree tree;
+        return parse(many, &tree);
+    });
+    // A large chunk is only an offer: where it can't be had, smaller ones do.
+    Tree small;
+    const std::string blanks(100000, ' ');
+    allowed = 1; // behind the root's value
+    hasFailed = false;
+    EXPECT_EQ(parse("[[1, 2]" + blanks + ", 3]", &small), 0);
+    EXPECT_TRUE(hasFailed);
+    failEachOnce([&] {
+        Tree tree;
+        const int status = parse(many + "]", &tree);
+        return status == 7 ? 0 : status;
+    });
+    failEachOnce([&] {
+        Tree outer;
+        Tree inner;
+        int status = parse(R"([1, 2, "three"])", &outer);
+        status = status != 0 ? status : parse(R"({"a": ["b"]})", &inner);
+        if (status != 0) {
+            return status;
+        }
+        QvJsonValue_t* pInner = inner.release();
+        status = QvJsonValue_addValueToArray(outer.get(), &pInner);
+        if (status != 0) {
+            EXPECT_EQ(QvJsonValue_size(outer.get()), 3U);
+            inner.reset(pInner);
+            return status;
+        }
+        EXPECT_EQ(QvJsonValue_size(outer.get()), 4U);
+        status = QvJsonValue_addStringToObject(pInner, "a", "replaced");
+        if (status != 0) {
+            EXPECT_STREQ(QvJsonValue_itemAsString(QvJsonValue_member(pInner, "a"), 0), "b");
+        }
+        return status;
+    });
+    const std::string longKey(5000, 'k');
+    failEachOnce([&] {
+        QvJsonValue_t* pRoot = nullptr;
+        int status = QvJsonValue_create(QvJsonValueType_Null, &pRoot);
+        const Tree tree(pRoot);
+        status = status != 0 ? status : QvJsonValue_addIntegerToObject(pRoot, longKey.c_str(), 1);
+        for (int index = 0; status == 0 && index < 3000; ++index) {
+            QvJsonValue_t* pList = QvJsonValue_member(pRoot, "list");
+            status = QvJsonValue_addIntegerToArray(pList, index);
+            EXPECT_TRUE(QvJsonValue_size(pList) == static_cast<size_t>(index) + (status == 0 ? 1 : 0) || hasFailed);
+        }
+        return status;
+    });
+    QvJsonReader_close(&reader);
+}
