@@ -16,6 +16,9 @@
 #include "database_status.h"
 #include "database_trace.h"
 
+// Not in the contract of the JSON library: with a build of it that lacks this one, lists grow as they are filled.
+extern "C" [[gnu::weak]] decltype(QvJsonValue_reserve) QvJsonValue_reserve;
+
 namespace qv::database {
 namespace {
 
@@ -63,11 +66,21 @@ int readMember(QvJsonValue_t* pValue, const char* pKey, std::initializer_list<st
     return kSuccess;
 }
 
+/// Makes room for the items that a list is about to get.
+void reserve(QvJsonValue_t* pList, std::size_t number)
+{
+    if (QvJsonValue_reserve != nullptr && number != 0) {
+        // Without memory for it the adding fails, and says so.
+        static_cast<void>(QvJsonValue_reserve(pList, QvJsonValue_size(pList) + number));
+    }
+}
+
 /// Calls add(list, index in the record) for each element of the record; lists inside are attached before they are
 /// filled.
 template <class Add>
 int writeList(QvJsonValue_t* pList, Extents extents, std::size_t base, const Place& place, const Add& add)
 {
+    reserve(pList, extents.front());
     for (std::size_t i = 0; i < extents.front(); ++i) {
         int status = 0;
         if (extents.size() == 1) {
@@ -174,11 +187,31 @@ int readIntegers(QvJsonValue_t* pValue, const char* pKey, std::initializer_list<
     }
 }
 
-auto integerAdd(bool isSigned, void* pData, std::size_t stride)
+/// Adds integers of type T.
+template <class T>
+auto narrowAdd(const void* pData)
 {
-    return [isSigned, pData, stride](QvJsonValue_t* pList, std::size_t at) {
-        return QvJsonValue_addIntegerToArray(pList, QvCommonConvert_integer2Binary_(isSigned, pData, stride, at));
+    return [pData](QvJsonValue_t* pList, std::size_t at) {
+        T value{};
+        std::memcpy(&value, static_cast<const char*>(pData) + at * sizeof(T), sizeof(T));
+        return QvJsonValue_addIntegerToArray(pList, value);
     };
+}
+
+/// Hands the way to add an element to write(add): as for reading, the widths that fill the documents have a loop each.
+template <class Write>
+int writeIntegers(bool isSigned, void* pData, std::size_t stride, const Write& write)
+{
+    switch (stride) {
+    case sizeof(std::uint8_t):
+        return isSigned ? write(narrowAdd<std::int8_t>(pData)) : write(narrowAdd<std::uint8_t>(pData));
+    case sizeof(std::uint16_t):
+        return isSigned ? write(narrowAdd<std::int16_t>(pData)) : write(narrowAdd<std::uint16_t>(pData));
+    default:
+        return write([=](QvJsonValue_t* pList, std::size_t at) {
+            return QvJsonValue_addIntegerToArray(pList, QvCommonConvert_integer2Binary_(isSigned, pData, stride, at));
+        });
+    }
 }
 
 } // namespace
@@ -426,19 +459,27 @@ int QvDatabaseAccess_integer_(QvJsonValue_t* pValue, bool isSigned, void* pData,
 int QvDatabaseAccess_integers_(QvJsonValue_t* pValue, bool isSigned, void* pData, std::size_t stride,
                                std::size_t length, const char* pKey)
 {
-    return writeFlat(pValue, pKey, length, QV_HERE, integerAdd(isSigned, pData, stride));
+    const Place place = QV_HERE;
+    return writeIntegers(isSigned, pData, stride,
+                         [&](const auto& add) { return writeFlat(pValue, pKey, length, place, add); });
 }
 
 int QvDatabaseAccess_intergers22_(QvJsonValue_t* pValue, bool isSigned, void* pData, std::size_t stride,
                                   std::size_t length, std::size_t length2, const char* pKey)
 {
-    return writeNested(pValue, pKey, {length, length2}, QV_HERE, integerAdd(isSigned, pData, stride));
+    const Place place = QV_HERE;
+    return writeIntegers(isSigned, pData, stride, [&](const auto& add) {
+        return writeNested(pValue, pKey, {length, length2}, place, add);
+    });
 }
 
 int QvDatabaseAccess_intergers33_(QvJsonValue_t* pValue, bool isSigned, void* pData, std::size_t stride,
                                   std::size_t length, std::size_t length2, std::size_t length3, const char* pKey)
 {
-    return writeNested(pValue, pKey, {length, length2, length3}, QV_HERE, integerAdd(isSigned, pData, stride));
+    const Place place = QV_HERE;
+    return writeIntegers(isSigned, pData, stride, [&](const auto& add) {
+        return writeNested(pValue, pKey, {length, length2, length3}, place, add);
+    });
 }
 
 int QvDatabaseAccess_objects_(QvJsonValue_t* pValue, void* pData, std::size_t stride, std::size_t length,
