@@ -23,8 +23,8 @@ namespace {
 
 using Nlohmann = nlohmann::json; // the ordered one, which keeps members as we do, is slower
 
-/// RapidJSON's writer with the numbers that we write: six digits behind the point, correctly rounded, by the fastest
-/// that the standard library has. Its own SetMaxDecimalPlaces cuts digits off and leaves trailing zeros out.
+/// RapidJSON's writer with the numbers that we write: six digits behind the point, correctly rounded, by the
+/// standard library's to_chars. Its own SetMaxDecimalPlaces cuts digits off and leaves trailing zeros out.
 class SixDecimals : public rapidjson::PrettyWriter<rapidjson::StringBuffer> {
 public:
     explicit SixDecimals(rapidjson::StringBuffer& buffer) : PrettyWriter(buffer)
