@@ -4,7 +4,8 @@
 #include <bit>
 #include <charconv>
 #include <cstdint>
-#include <cstring>
+
+#include "decimal_digits.h"
 
 namespace qv::json {
 
@@ -20,61 +21,17 @@ constexpr auto kScales = [] {
     return scales;
 }();
 
-constexpr auto kPairs = [] {
-    std::array<char, 200> pairs = {};
-    for (size_t index = 0; index < 100; ++index) {
-        pairs[index * 2] = static_cast<char>('0' + index / 10);
-        pairs[index * 2 + 1] = static_cast<char>('0' + index % 10);
-    }
-    return pairs;
-}();
-
-void writePair(char* p, uint64_t value)
-{
-    std::memcpy(p, &kPairs[value * 2], 2);
-}
-
-// Writes exactly that many digits, with leading zeros.
+// Writes exactly that many digits, with leading zeros. Up to eight bytes behind them are written, too.
 void writeDigits(char* p, uint64_t value, int number)
 {
-    while (number >= 2) {
-        number -= 2;
-        writePair(p + number, value % 100);
-        value /= 100;
+    constexpr uint64_t kEight = 100000000;
+    if (number > 8) {
+        writeDigits(p, value / kEight, number - 8);
+        p += number - 8;
+        value %= kEight;
+        number = 8;
     }
-    if (number == 1) {
-        *p = static_cast<char>('0' + value % 10);
-    }
-}
-
-char* writeNatural(char* p, uint64_t value)
-{
-    // Most numbers of a document are short.
-    if (value < 100) {
-        if (value < 10) {
-            *p = static_cast<char>('0' + value);
-            return p + 1;
-        }
-        writePair(p, value);
-        return p + 2;
-    }
-    if (value < 10000) {
-        const uint64_t high = value / 100;
-        if (value < 1000) {
-            *p = static_cast<char>('0' + high);
-            writePair(p + 1, value % 100);
-            return p + 3;
-        }
-        writePair(p, high);
-        writePair(p + 2, value % 100);
-        return p + 4;
-    }
-    int number = 5;
-    for (uint64_t rest = value / 100000; rest != 0; rest /= 10) {
-        ++number;
-    }
-    writeDigits(p, value, number);
-    return p + number;
+    storeDigits(p, eightDigits(static_cast<uint32_t>(value)) >> (8 - number) * 8);
 }
 
 // |value| * scale as an integer, rounded half to even. The result fits into 63 bits.
@@ -99,19 +56,26 @@ uint64_t scaled(double value, uint64_t scale)
     return quotient + (rest > half || (rest == half && quotient % 2 != 0) ? 1 : 0);
 }
 
-template <int kDecimals>
-char* writeScaled(char* p, uint64_t value)
-{
-    constexpr uint64_t kScale = kScales[kDecimals];
-    p = writeNatural(p, value / kScale);
-    *p++ = '.';
-    writeDigits(p, value % kScale, kDecimals);
-    return p + kDecimals;
-}
-
 } // namespace
 
+char* writeLongNatural(char* p, uint64_t value)
+{
+    constexpr uint64_t kEight = 100000000;
+    if (value < kEight) {
+        return writeNatural(p, value);
+    }
+    p = writeLongNatural(p, value / kEight);
+    storeDigits(p, eightDigits(static_cast<uint32_t>(value % kEight)));
+    return p + 8;
+}
+
 char* writeFixed(char* p, double value, int decimals)
+{
+    char* pNext = decimals == 6 ? writeShortFixed(p, value) : nullptr;
+    return pNext != nullptr ? pNext : writeFixedExactly(p, value, decimals);
+}
+
+char* writeFixedExactly(char* p, double value, int decimals)
 {
     if (std::bit_cast<uint64_t>(value) >> 63 != 0) {
         *p++ = '-';
@@ -123,9 +87,6 @@ char* writeFixed(char* p, double value, int decimals)
         return std::to_chars(p, p + kFixedRoom - 1, value, std::chars_format::fixed, decimals).ptr;
     }
     const uint64_t digits = scaled(value, scale);
-    if (decimals == 6) {
-        return writeScaled<6>(p, digits);
-    }
     p = writeNatural(p, digits / scale);
     if (decimals > 0) {
         *p++ = '.';
@@ -133,16 +94,6 @@ char* writeFixed(char* p, double value, int decimals)
         p += decimals;
     }
     return p;
-}
-
-char* writeInteger(char* p, long long value)
-{
-    auto bits = static_cast<uint64_t>(value);
-    if (value < 0) {
-        *p++ = '-';
-        bits = uint64_t{0} - bits;
-    }
-    return writeNatural(p, bits);
 }
 
 } // namespace qv::json

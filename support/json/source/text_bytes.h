@@ -25,6 +25,14 @@ inline uint64_t loadEight(const char* pText)
     return bytes;
 }
 
+inline void storeEight(char* pText, uint64_t bytes)
+{
+    if constexpr (std::endian::native == std::endian::big) {
+        bytes = __builtin_bswap64(bytes);
+    }
+    std::memcpy(pText, &bytes, sizeof(bytes));
+}
+
 // How many bytes stand before the first one that is marked in its high bit; 8 if none is.
 inline unsigned unmarkedBytes(uint64_t marks)
 {

@@ -82,43 +82,75 @@ bool TextWriter::writeValue(const QvJsonValue_t& value, size_t level)
 {
     switch (value.type) {
     case QvJsonValueType_Array:
-        return writeArray(*value.holder.pArray, level);
+        return writeArray(value, level);
     case QvJsonValueType_Object:
         return writeObject(*value.holder.pObject, level);
     case QvJsonValueType_String:
         writeString(value.holder.pChar);
         break;
-    case QvJsonValueType_Boolean:
-        buffer_.append(value.holder._bool ? "true" : "false");
-        break;
-    case QvJsonValueType_Float:
-    case QvJsonValueType_Integer:
-        buffer_.done(writeNumber(buffer_.room(kFixedRoom), value));
-        break;
     default:
-        buffer_.append("null");
+        buffer_.done(writeScalar(buffer_.room(kFixedRoom), value));
         break;
     }
     return true;
 }
 
-// There is room for kFixedRoom bytes at p.
-inline char* TextWriter::writeNumber(char* p, const QvJsonValue_t& value) const
+// What is neither container nor text. There is room for kFixedRoom bytes at p.
+char* TextWriter::writeScalar(char* p, const QvJsonValue_t& value) const
 {
+    std::string_view word = "null";
     if (value.type == QvJsonValueType_Integer) {
         return writeInteger(p, value.holder.integer);
     }
-    if (std::isfinite(value.holder._float)) {
+    if (value.type == QvJsonValueType_Float && std::isfinite(value.holder._float)) {
         return writeFixed(p, value.holder._float, layout_.decimals);
     }
-    std::memcpy(p, "null", 4);
-    return p + 4;
+    if (value.type == QvJsonValueType_Boolean) {
+        word = value.holder._bool ? "true" : "false";
+    }
+    return p + word.copy(p, word.size());
 }
 
-bool TextWriter::writeArray(const QvJsonValueArray_t& array, size_t level)
+// The inside of a list of numbers and booleans on one line. Each item is written with the separator behind it.
+void TextWriter::writeNumbers(const QvJsonValueArray_t& array)
+{
+    constexpr size_t kRoom = 8 + kFixedRoom;
+    const bool isShort = layout_.decimals == 6;
+    char* p = buffer_.room(kRoom);
+    const char* pLimit = buffer_.limit() - kRoom;
+    for (const QvJsonValue_t *pItem = array.pValues, *pEnd = pItem + array.number; pItem != pEnd; ++pItem) {
+        if (p > pLimit) [[unlikely]] {
+            buffer_.done(p);
+            p = buffer_.room(kRoom);
+            pLimit = buffer_.limit() - kRoom;
+        }
+        const bool isInteger = pItem->type == QvJsonValueType_Integer;
+        if (isInteger && static_cast<size_t>(pItem->holder.integer) < 10000) {
+            p = writeShortItem(p, static_cast<uint32_t>(pItem->holder.integer));
+            continue;
+        }
+        char* pNext = nullptr;
+        if (isShort && pItem->type == QvJsonValueType_Float) {
+            pNext = writeShortFixed(p, pItem->holder._float);
+        }
+        p = pNext != nullptr ? pNext : writeScalar(p, *pItem);
+        std::memcpy(p, ", ", 2);
+        p += 2;
+    }
+    buffer_.done(array.number != 0 ? p - 2 : p);
+}
+
+bool TextWriter::writeArray(const QvJsonValue_t& list, size_t level)
 {
     if (level >= kMaximumDepth) {
         return false;
+    }
+    const QvJsonValueArray_t& array = *list.holder.pArray;
+    if ((arrayOf(list)->marks & kFlat) != 0 && layout_.itemsPerLine == 0) {
+        buffer_.append("[");
+        writeNumbers(array);
+        buffer_.append("]");
+        return true;
     }
     if (std::any_of(array.pValues, array.pValues + array.number, hasComment)) {
         return writeCommentedArray(array, level);
@@ -136,7 +168,7 @@ bool TextWriter::writeArray(const QvJsonValueArray_t& array, size_t level)
             buffer_.done(p + 2);
         }
         if (value.type == QvJsonValueType_Integer || value.type == QvJsonValueType_Float) {
-            buffer_.done(writeNumber(buffer_.room(kFixedRoom), value));
+            buffer_.done(writeScalar(buffer_.room(kFixedRoom), value));
         } else if (!writeValue(value, level + 1)) {
             return false;
         }

@@ -33,6 +33,7 @@ public:
         return pNext_;
     }
     void done(char* pNext) { pNext_ = pNext; }
+    const char* limit() const { return pLimit_; }
 
     void append(std::string_view text) { done(room(text.size()) + text.copy(pNext_, text.size())); }
 
@@ -57,10 +58,11 @@ public:
 
 private:
     bool writeValue(const QvJsonValue_t& value, size_t level);
-    bool writeArray(const QvJsonValueArray_t& array, size_t level);
+    bool writeArray(const QvJsonValue_t& list, size_t level);
+    void writeNumbers(const QvJsonValueArray_t& array);
     bool writeCommentedArray(const QvJsonValueArray_t& array, size_t level);
     bool writeObject(const QvJsonValueObject_t& object, size_t level);
-    char* writeNumber(char* p, const QvJsonValue_t& value) const;
+    char* writeScalar(char* p, const QvJsonValue_t& value) const;
     void writeString(const char* pText);
     void writeSpecial(const char*& p, const char* pEnd);
     void writeCommentsAbove(const QvJsonValue_t& value, size_t level);
