@@ -175,6 +175,18 @@ int queryCategory(QvDatabaseHandle_t handle, const char* pKey, const Category** 
 
 using namespace qv::database;
 
+namespace {
+
+/// Tells the logger of a key that is not registered. Its status is all that counts from then on.
+[[gnu::noinline]] int logMiss(const Context_t& context, const char* pKey)
+{
+    char text[256] = {};
+    std::snprintf(text, sizeof text, "%s: %s is never registered", context.description, pKey);
+    return QvCommonLogger_log(context.openParam.hLogger, text);
+}
+
+} // namespace
+
 int QvDatabase_query(QvDatabaseHandle_t handle, const char* pCategory, void** ppData)
 {
     if (handle == 0 || pCategory == nullptr || *pCategory == 0 || ppData == nullptr || *ppData != nullptr) {
@@ -182,14 +194,8 @@ int QvDatabase_query(QvDatabaseHandle_t handle, const char* pCategory, void** pp
     }
     const Context_t* pContext = contextOf(handle);
     QvCommonMapSlot_t* pSlot = nullptr;
-    int status = QvCommonMap_get(pContext->hMap, pCategory, &pSlot);
-    if (status != kSuccess) {
-        char text[256] = {};
-        std::snprintf(text, sizeof text, "%s: %s is never registered", pContext->description, pCategory);
-        status = QvCommonLogger_log(pContext->openParam.hLogger, text);
-        if (status != kSuccess) {
-            return QV_FAIL(status);
-        }
+    if (QvCommonMap_get(pContext->hMap, pCategory, &pSlot) != kSuccess) {
+        QV_TRY(logMiss(*pContext, pCategory));
     }
     // With the miss logged the query goes on: the map has left its shared slot, which holds null. A map that leaves the
     // slot itself null must not make an application's misspelt key fault.

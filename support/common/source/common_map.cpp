@@ -62,9 +62,9 @@ public:
     /// The entry of the key, or the open place where it would stand.
     Entry& find(const Packed& key)
     {
-        std::size_t at = key.hash() & (entries_.size() - 1);
+        std::size_t at = key.hash() & mask_;
         while (entries_[at].pSlot != nullptr && !entries_[at].is(key)) {
-            at = (at + 1) & (entries_.size() - 1);
+            at = (at + 1) & mask_;
         }
         return entries_[at];
     }
@@ -77,6 +77,7 @@ public:
         }
         std::vector<Entry> old(entries_.size() * 2);
         old.swap(entries_);
+        mask_ = entries_.size() - 1;
         for (Entry& entry : old) {
             if (entry.pSlot == nullptr) {
                 continue;
@@ -110,6 +111,7 @@ private:
     static constexpr std::size_t kFirstCapacity = 256; // a power of two, as all that follow
 
     std::vector<Entry> entries_;
+    std::size_t mask_ = kFirstCapacity - 1;
     std::size_t number_ = 0;
     int (*pFree_)(void**);
 };
