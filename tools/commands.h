@@ -11,5 +11,6 @@ enum ExitStatus { kDone = 0, kRefused = 1, kUsageError = 2 };
 ExitStatus convert(const Options& options);
 ExitStatus info(const Options& options);
 ExitStatus meta(const Options& options);
+ExitStatus schema(const Options& options);
 
 } // namespace qv::tools

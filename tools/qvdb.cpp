@@ -14,11 +14,13 @@ constexpr const char* kUsage =
     "usage: qvdb convert IN... OUT [--protocol simulator|standard] [-v]\n"
     "       qvdb info [FILE...] [-v]\n"
     "       qvdb meta IN OUT [--protocol simulator|standard] [-v]\n"
+    "       qvdb schema [tuning|simulator|calibration|meta]\n"
     "\n"
     "convert  loads the files in order and saves them as one: .json a text document, .ini an initialization\n"
     "         file, any other name a binary image\n"
     "info     loads the files and shows the calibration's summary and what each category came to\n"
     "meta     converts frame metadata between its two JSON forms\n"
+    "schema   prints a JSON Schema, by which editors check a document: of that form, or of any text document\n"
     "\n"
     "--protocol  the JSON form to save: standard (a tuning document, the default) or simulator\n"
     "-v          shows what the library does, down to each member that a document lacks\n"
@@ -36,7 +38,9 @@ ExitStatus run(const Options& options)
     if (options.command == "info") {
         return info(options);
     }
-    std::fputs(kUsage, stderr);
+    if (options.command == "schema" && options.files.size() <= 1) {
+        return schema(options);
+    }
     return kUsageError;
 }
 
@@ -51,9 +55,9 @@ int main(int argc, char* argv[])
         }
     }
     Options options;
-    if (!readOptions(argc, argv, options)) {
+    const ExitStatus status = readOptions(argc, argv, options) ? run(options) : kUsageError;
+    if (status == kUsageError) {
         std::fputs(kUsage, stderr);
-        return kUsageError;
     }
-    return run(options);
+    return status;
 }
