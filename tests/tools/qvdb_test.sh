@@ -58,11 +58,13 @@ expect 0 "saved short.json" "" "$qvdb" meta full.json short.json --protocol simu
 grep -q '"frame_index": 5,' short.json || fail "short.json lacks the frame index"
 
 for words in "" "convert imx477.json" "meta meta.json" "unknown" "info -x" "convert a.json b.json --protocol" \
-    "convert a.json b.json --protocol plain"; do
+    "convert a.json b.json --protocol plain" "schema foo" "schema tuning meta" "schema initialization"; do
     # shellcheck disable=SC2086
     expect 2 "" "usage: qvdb convert *" "$qvdb" $words
 done
 expect 0 "usage: qvdb convert *" "" "$qvdb" --help
+expect 0 '*"title": "Tuning document"*' "" "$qvdb" schema tuning
+"$qvdb" schema >/dev/full 2>error && fail "schema: a full disk goes unnoticed"
 
 : >empty.json
 printf '{\n  "tuning": {\n    "AE_3": }\n}\n' >broken.json

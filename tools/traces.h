@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include <qv_common_c/common_tracer.h>
+
+namespace qv::tools {
+
+/// Sorts the library's trace lines: results of `info` to standard output, the rest to standard error. The first line of
+/// an error is kept, since it names the place; the others, one for each level that the failure passes, only with -v.
+struct Traces {
+    bool isVerbose = false;
+    bool showsInfo = false;
+    std::string firstError;
+
+    /// The tracer's receiver; pUserData is a Traces.
+    static int write(void* pUserData, QvCommonTracerLevel_t level, const char* pText, std::size_t length);
+};
+
+} // namespace qv::tools
