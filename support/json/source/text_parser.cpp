@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "comment_text.h"
+#include "natural_run.h"
 #include "number_text.h"
 #include "string_text.h"
 #include "text_bytes.h"
@@ -386,7 +387,17 @@ const char* TextParser::parseNumbers(const char* p, bool* pIsClosed)
         pTop += sizeof(QvJsonValue_t);
         if (pEnd_ - p >= 3 && std::memcmp(p, ", ", 2) == 0 && startsNumber(p[2])) [[likely]] {
             p += 2;
-            continue;
+            // Integers mostly come in runs.
+            if (pItem->type != QvJsonValueType_Integer) {
+                continue;
+            }
+            const NaturalRun run = readNaturals(p, pEnd_, pItem + 1, pTree_->limit(), kPlaced);
+            pTop = reinterpret_cast<char*>(run.pItem);
+            p = run.pNext;
+            if (startsNumber(*p)) {
+                continue;
+            }
+            p -= 2;
         }
         pGapEnd = blanksEnd(p);
         if (pGapEnd == pEnd_ || *pGapEnd != ',') {
