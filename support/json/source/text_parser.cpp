@@ -73,7 +73,7 @@ size_t expectedBytes(const char* pBegin, const char* pEnd)
     }
     // A little more than judged, and no more than any text can need.
     const double share = seen != 0 ? static_cast<double>(bytes) / static_cast<double>(seen) : 0;
-    return static_cast<size_t>(static_cast<double>(size) * std::min(share * 1.06, 24.0));
+    return static_cast<size_t>(static_cast<double>(size) * std::min(share * 1.02, 24.0));
 }
 
 bool startsNumber(char c)
@@ -113,7 +113,7 @@ TextParser::TextParser(ParserMemory& memory, const char* pBegin, const char* pEn
     if (pTree_ == nullptr) {
         throw std::bad_alloc();
     }
-    pTree_->expect(bytes / 4);
+    pTree_->expect(bytes / 16);
 }
 
 TextParser::~TextParser()
