@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "comment_text.h"
+#include "natural_run.h"
 #include "number_text.h"
 #include "string_text.h"
 #include "text_bytes.h"
@@ -72,7 +73,7 @@ size_t expectedBytes(const char* pBegin, const char* pEnd)
     }
     // A little more than judged, and no more than any text can need.
     const double share = seen != 0 ? static_cast<double>(bytes) / static_cast<double>(seen) : 0;
-    return static_cast<size_t>(static_cast<double>(size) * std::min(share * 1.06, 24.0));
+    return static_cast<size_t>(static_cast<double>(size) * std::min(share * 1.02, 24.0));
 }
 
 bool startsNumber(char c)
@@ -112,7 +113,7 @@ TextParser::TextParser(ParserMemory& memory, const char* pBegin, const char* pEn
     if (pTree_ == nullptr) {
         throw std::bad_alloc();
     }
-    pTree_->expect(bytes / 4);
+    pTree_->expect(bytes / 16);
 }
 
 TextParser::~TextParser()
@@ -386,7 +387,17 @@ const char* TextParser::parseNumbers(const char* p, bool* pIsClosed)
         pTop += sizeof(QvJsonValue_t);
         if (pEnd_ - p >= 3 && std::memcmp(p, ", ", 2) == 0 && startsNumber(p[2])) [[likely]] {
             p += 2;
-            continue;
+            // Integers mostly come in runs.
+            if (pItem->type != QvJsonValueType_Integer) {
+                continue;
+            }
+            const NaturalRun run = readNaturals(p, pEnd_, pItem + 1, pTree_->limit(), kPlaced);
+            pTop = reinterpret_cast<char*>(run.pItem);
+            p = run.pNext;
+            if (startsNumber(*p)) {
+                continue;
+            }
+            p -= 2;
         }
         pGapEnd = blanksEnd(p);
         if (pGapEnd == pEnd_ || *pGapEnd != ',') {
