@@ -54,6 +54,10 @@ private:
     const Type* type_ = nullptr;
 };
 
+/// What the library keeps in QvDatabaseCatalogField_t::internal: the enumeration, and whether the field is the library's
+/// own business, such as a handle, which must not be set from outside.
+enum : std::size_t { kEnumeration, kIsKept };
+
 /// Whether a document names its fields as C does.
 constexpr bool isRaw(QvDatabaseCatalogDocument_t document)
 {

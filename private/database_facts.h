@@ -34,6 +34,7 @@ enum class Role : std::uint8_t {
     CountOf, ///< how many elements of the other member are in use
     Measured,
     Bits,
+    Handle, ///< an object of the run time, no setting
 };
 
 inline constexpr char kUnits[][5] = {"", "1/s", "bit", "px"};

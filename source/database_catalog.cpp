@@ -65,6 +65,11 @@ bool simulatorEntry(std::size_t index, Entry& entry)
     return onlyEntry(index - 1, entry, "MT", "/root/metadata");
 }
 
+bool isFilled(const QvDatabaseCatalogCursor_t* pCursor)
+{
+    return pCursor != nullptr && pCursor->size >= sizeof *pCursor && pCursor->table[0] != 0;
+}
+
 std::size_t imageOffset(std::string_view key)
 {
     std::size_t offset = 0;
@@ -197,7 +202,7 @@ int QvDatabaseCatalog_walk(QvDatabaseCatalogDocument_t document, const char* pCa
 
 int QvDatabaseCatalog_next(QvDatabaseCatalogCursor_t* pCursor, QvDatabaseCatalogField_t* pField)
 {
-    if (pCursor == nullptr || pField == nullptr || pCursor->size < sizeof *pCursor) {
+    if (pField == nullptr || !isFilled(pCursor)) {
         return kBadArgument;
     }
     while (pCursor->depth > 0) {
@@ -226,7 +231,7 @@ int QvDatabaseCatalog_next(QvDatabaseCatalogCursor_t* pCursor, QvDatabaseCatalog
 
 int QvDatabaseCatalog_skip(QvDatabaseCatalogCursor_t* pCursor)
 {
-    if (pCursor == nullptr || pCursor->size < sizeof *pCursor) {
+    if (!isFilled(pCursor)) {
         return kBadArgument;
     }
     // A record that has just been given is the one level that has not begun.
@@ -238,13 +243,13 @@ int QvDatabaseCatalog_skip(QvDatabaseCatalogCursor_t* pCursor)
 
 int QvDatabaseCatalog_value(const QvDatabaseCatalogField_t* pField, std::size_t index, QvDatabaseCatalogValue_t* pValue)
 {
-    if (pField == nullptr || pValue == nullptr || pField->size < sizeof *pField) {
+    if (pField == nullptr || pValue == nullptr || pField->size < sizeof *pField || pField->pKey == nullptr) {
         return kBadArgument;
     }
     if (index >= pField->valueNumber) {
         return QvCommonError_NoEntry;
     }
-    const NamedValue& row = namedValuesOf(static_cast<EnumerationId>(pField->internal[0]))[index];
+    const NamedValue& row = namedValuesOf(static_cast<EnumerationId>(pField->internal[kEnumeration]))[index];
     QvDatabaseCatalogValue_t all{};
     all.value = row.value;
     all.pName = factText(row.name);

@@ -28,7 +28,7 @@ QvDatabaseCatalogElement_t publicElement(Element element)
 // These three are the public enumerations under other names.
 static_assert(static_cast<int>(Count::Heap) == QvDatabaseCatalogCount_Heap);
 static_assert(static_cast<int>(Direction::ReadWhileWriting) == QvDatabaseCatalogDirection_ReadWhileWriting);
-static_assert(static_cast<int>(Role::Bits) == QvDatabaseCatalogRole_Bits);
+static_assert(static_cast<int>(Role::Handle) == QvDatabaseCatalogRole_Handle);
 
 /// The member at a place in a record: the record named pRecord that begins there, or else the scalar.
 const Member* memberAt(const Type& type, std::size_t offset, std::string_view record)
@@ -50,11 +50,12 @@ const Member* memberAt(const Type& type, std::size_t offset, std::string_view re
     return nullptr;
 }
 
-const char* memberName(const Type& type, std::size_t offset)
+/// The member of the record itself that stands at a place.
+const Member* findMember(const Type& type, std::size_t offset)
 {
     for (const Member& member : membersOf(type)) {
         if (member.offset == offset) {
-            return factText(member.name);
+            return &member;
         }
     }
     return nullptr;
@@ -70,10 +71,15 @@ void addMember(const Type& owner, const Member& member, QvDatabaseCatalogField_t
     field.minimum = member.minimum;
     field.maximum = member.maximum;
     field.valueNumber = namedValuesOf(member.enumeration).size();
-    field.internal[0] = static_cast<std::intptr_t>(member.enumeration);
+    field.internal[kEnumeration] = static_cast<std::intptr_t>(member.enumeration);
     field.role = static_cast<QvDatabaseCatalogRole_t>(member.role);
     if (member.role == Role::CurveX || member.role == Role::CurveY || member.role == Role::CountOf) {
-        field.pOther = memberName(owner, member.other);
+        const Member& other = *findMember(owner, member.other);
+        field.pOther = factText(other.name);
+        field.internal[kIsKept] = other.isPointer ? 1 : 0;
+    }
+    if (member.role == Role::Handle || member.isPointer) {
+        field.internal[kIsKept] = 1;
     }
     field.roleRows = member.rows;
     field.roleColumns = member.columns;
@@ -159,7 +165,7 @@ QvDatabaseCatalogField_t Scope::field(std::size_t index, std::size_t depth) cons
         field.direction = static_cast<QvDatabaseCatalogDirection_t>(row.direction);
         field.isTwin = row.isTwin;
         if (row.counter.width != 0) {
-            field.pCounter = memberName(*type_, row.counter.offset);
+            field.pCounter = factText(findMember(*type_, row.counter.offset)->name);
             field.counterOffset = row.counter.offset;
             field.counterWidth = row.counter.width;
         }

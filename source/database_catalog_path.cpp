@@ -15,6 +15,12 @@ namespace {
 enum : std::size_t { kScope, kRow, kSiblings, kDepth };
 constexpr std::intptr_t kNoRow = -1;
 
+/// Whether a find has filled the place: it names a category, or says why there is none.
+bool isFilled(const QvDatabaseCatalogPlace_t& place)
+{
+    return place.size >= sizeof place && (place.pKey != nullptr || place.stop != QvDatabaseCatalogStop_None);
+}
+
 class Follower {
 public:
     Follower(QvDatabaseCatalogDocument_t document, std::string_view path, QvDatabaseCatalogPlace_t& place)
@@ -76,6 +82,11 @@ private:
                 return false;
             }
         }
+        // At the end of a path its own members could follow.
+        const bool isRecord = place_.internal[kRow] != kNoRow && field_.count != QvDatabaseCatalogCount_Members;
+        if (const Scope nested = isRecord ? scope_.nested(row_) : Scope(); nested) {
+            place_.internal[kSiblings] = static_cast<std::intptr_t>(nested.handle(document_));
+        }
         place_.reached = at_;
         return true;
     }
@@ -126,13 +137,13 @@ private:
             std::size_t index = 0;
             const char* pEnd = path_.data() + path_.size();
             const auto [pNext, error] = std::from_chars(path_.data() + at_ + 1, pEnd, index);
-            if (pNext == pEnd || *pNext != ']' || error != std::errc{}) {
+            if (pNext == pEnd || *pNext != ']' || error == std::errc::invalid_argument) {
                 return stop(QvDatabaseCatalogStop_Syntax);
             }
             if (place_.rank == 0) {
                 return stop(QvDatabaseCatalogStop_Index);
             }
-            if (!takeIndex(index)) {
+            if (error != std::errc{} || !takeIndex(index)) {
                 return stop(QvDatabaseCatalogStop_OutOfRange);
             }
             at_ = static_cast<std::size_t>(pNext + 1 - path_.data());
@@ -217,10 +228,10 @@ int QvDatabaseCatalog_find(QvDatabaseCatalogDocument_t document, const char* pPa
 
 int QvDatabaseCatalog_field(const QvDatabaseCatalogPlace_t* pPlace, QvDatabaseCatalogField_t* pField)
 {
-    if (pPlace == nullptr || pField == nullptr || pPlace->size < sizeof *pPlace || pPlace->pKey == nullptr) {
+    if (pPlace == nullptr || pField == nullptr || !isFilled(*pPlace)) {
         return kBadArgument;
     }
-    if (pPlace->internal[kRow] == kNoRow) {
+    if (pPlace->pKey == nullptr || pPlace->internal[kRow] == kNoRow) {
         return kMemberMissing;
     }
     const Scope scope = Scope::ofHandle(static_cast<std::uintptr_t>(pPlace->internal[kScope]), pPlace->document);
@@ -231,7 +242,7 @@ int QvDatabaseCatalog_field(const QvDatabaseCatalogPlace_t* pPlace, QvDatabaseCa
 
 int QvDatabaseCatalog_siblings(const QvDatabaseCatalogPlace_t* pPlace, QvDatabaseCatalogCursor_t* pCursor)
 {
-    if (pPlace == nullptr || pCursor == nullptr || pPlace->size < sizeof *pPlace) {
+    if (pPlace == nullptr || pCursor == nullptr || !isFilled(*pPlace)) {
         return kBadArgument;
     }
     if (pPlace->internal[kSiblings] == 0) {

@@ -20,6 +20,7 @@ struct Slot {
     QvDatabaseCatalogField_t field = {};
 
     bool isText() const { return field.element == QvDatabaseCatalogElement_Text; }
+    bool isKept() const { return field.internal[kIsKept] != 0; }
 };
 
 /// The address of a place in a record. 0; 6 past the end of a list on the heap; 13 for a place that is no element.
@@ -110,6 +111,15 @@ int storeNumber(const Slot& slot, double number)
     }
 }
 
+/// Whether a number that its type can't hold is too close to zero rather than too far from it.
+template <class T>
+bool isTiny(std::string_view text)
+{
+    double wide = 0;
+    const auto [pEnd, error] = std::from_chars(text.data(), text.data() + text.size(), wide);
+    return sizeof(T) < sizeof wide && error == std::errc{} && std::fabs(wide) < 1;
+}
+
 /// Stores the text of a float or double, rounded once.
 template <class T>
 int storeReal(const Slot& slot, std::string_view text)
@@ -118,6 +128,9 @@ int storeReal(const Slot& slot, std::string_view text)
     const auto [pEnd, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (pEnd != text.data() + text.size() || error == std::errc::invalid_argument) {
         return QvCommonError_Syntax;
+    }
+    if (error == std::errc::result_out_of_range && isTiny<T>(text) && isInRange(slot, 0)) {
+        return store(slot, T{}); // as setting the number does
     }
     const bool fits = error == std::errc{} && std::isfinite(value) && isInRange(slot, static_cast<double>(value));
     return fits ? store(slot, value) : static_cast<int>(kCapacity);
@@ -226,7 +239,7 @@ int QvDatabaseCatalog_setNumber(const QvDatabaseCatalogPlace_t* pPlace, void* pR
 {
     Slot slot;
     const int status = locate(pPlace, pRecord, slot);
-    if (status != kSuccess || slot.isText()) {
+    if (status != kSuccess || slot.isText() || slot.isKept()) {
         return status != kSuccess ? status : static_cast<int>(kBadArgument);
     }
     return storeNumber(slot, number);
@@ -260,7 +273,7 @@ int QvDatabaseCatalog_setText(const QvDatabaseCatalogPlace_t* pPlace, void* pRec
 {
     Slot slot;
     const int status = locate(pPlace, pRecord, slot);
-    if (status != kSuccess || pText == nullptr) {
+    if (status != kSuccess || pText == nullptr || slot.isKept()) {
         return status != kSuccess ? status : static_cast<int>(kBadArgument);
     }
     return storeText(slot, pText);

@@ -126,6 +126,10 @@ consteval Facts window()
 {
     return only(Role::Window);
 }
+consteval Facts handle()
+{
+    return only(Role::Handle);
+}
 [[maybe_unused]] consteval Facts bits()
 {
     return only(Role::Bits);
@@ -233,6 +237,7 @@ consteval void checkRole(const Field& field, const Facts& facts)
         isSound = isInteger && field.rank == 0 && facts.other.isList;
         break;
     case Role::Bits:
+    case Role::Handle:
         isSound = isInteger;
         break;
     }

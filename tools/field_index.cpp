@@ -41,6 +41,17 @@ Member* memberAt(std::vector<Member>& members, std::size_t offset, const char* p
     return nullptr;
 }
 
+/// Notes the items of a list that stands for a record: its members have indices there, and no names.
+void addItems(QvDatabaseCatalogDocument_t document, const FieldNode& node, std::vector<Member>& members)
+{
+    for (std::size_t i = 0; i < node.fields.size(); ++i) {
+        const CatalogField& field = node.fields[i].field;
+        if (Member* pMember = memberAt(members, field.offset, nullptr); pMember != nullptr) {
+            pMember->stands.push_back({document, node.field.pKey + ("[" + std::to_string(i) + "]"), field});
+        }
+    }
+}
+
 /// Notes the places of a document's fields at the members that they are. The document may hold a record's members in
 /// objects of their own, or without the records that C puts around them.
 void addStands(QvDatabaseCatalogDocument_t document, const std::vector<FieldNode>& nodes, const std::string& prefix,
@@ -60,7 +71,11 @@ void addStands(QvDatabaseCatalogDocument_t document, const std::vector<FieldNode
         if (pMember->field.element == QvDatabaseCatalogElement_Pointer && pMember->members.empty()) {
             pMember->members = membersFrom(node.fields, true);
         }
-        addStands(document, node.fields, "", pMember->members);
+        if (node.field.count == QvDatabaseCatalogCount_Members) {
+            addItems(document, node, pMember->members);
+        } else {
+            addStands(document, node.fields, node.field.isTwin ? key + "/" : "", pMember->members);
+        }
     }
 }
 

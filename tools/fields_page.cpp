@@ -126,6 +126,8 @@ std::string roleText(const CatalogField& field)
         return "measured";
     case QvDatabaseCatalogRole_Bits:
         return "bits";
+    case QvDatabaseCatalogRole_Handle:
+        return "handle";
     default:
         return "";
     }
@@ -140,7 +142,7 @@ std::string countText(const CatalogField& field)
     case QvDatabaseCatalogCount_Fixed:
         return "always " + std::to_string(field.extents[0]);
     case QvDatabaseCatalogCount_Whole:
-        return "read as far as it goes";
+        return "read as far as it goes, all " + std::to_string(field.extents[0]) + " written";
     case QvDatabaseCatalogCount_Counted:
     case QvDatabaseCatalogCount_Schedule:
         return "counted by " + counter;
@@ -297,7 +299,8 @@ std::string categoryHtml(const IndexedCategory& indexed)
         const QvDatabaseCatalogCategory_t& entry = indexed.entries[i];
         const bool isSection = indexed.documents[i] == QvDatabaseCatalogDocument_Initialization;
         const std::string place = isSection ? std::string("[") + entry.pPlace + "]" : entry.pPlace;
-        html += documentTag(indexed.documents[i]) + " <code>" + (place.empty() ? "/" : escaped(place)) + "</code>";
+        html += documentTag(indexed.documents[i]) + " <code>" + (place.empty() ? "" : escaped(place)) + "</code>" +
+                (place.empty() ? "whole document" : "");
         if (entry.pClass != nullptr) {
             html += std::string(" <code>") + entry.pClassKey + ": \"" + escaped(entry.pClass) + "\"</code>";
         }

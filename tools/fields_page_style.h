@@ -75,25 +75,38 @@ dd { margin: 0; }
 inline constexpr const char* kPageLegend = R"html(<h1>Fields of qv_database</h1>
 <p>Every category in the order of registration, every member of its record in the order of C, and where documents hold it.</p>
 <dl>
-<dt>offset</dt><dd>bytes from the begin of the record that the member belongs to</dd>
-<dt>in image</dt><dd>bytes from the begin of the binary image; of a list's first element</dd>
+<dt>type</dt><dd>integers by their width, so that <code>size_t</code> and handles are <code>uint64_t</code> and an
+enumeration, whose values follow the meaning, is <code>uint32_t</code></dd>
+<dt>offset</dt><dd>bytes from the beginning of the record that the member belongs to</dd>
+<dt>in image</dt><dd>bytes from the beginning of the binary image; of a list's first element</dd>
 <dt><span class="range">0..20</span> <span class="unit">px</span> <span class="role">curve</span></dt>
-<dd>the range that makes sense, where it is narrower than the type; the unit; what the member is there for</dd>
+<dd>the range that makes sense, where it is narrower than the type; the unit; what the member is there for, such as "length of
+<code>tables</code>"</dd>
+<dt><b>2</b> <code>Sensor</code></dt><dd>a number that has a name</dd>
 <dt><span class="doc tuning">tuning</span> <code>key</code></dt><dd>the member of the document; inside a record, behind the
-record's own key. A member without any is in memory only, or in the image as well</dd>
-<dt><span class="doc tuning">tuning</span> <span class="doc simulator">simulator</span>
-<span class="doc calibration">calibration</span> <span class="doc version">version</span></dt>
-<dd>parts of a text document: member <code>tuning</code>; class objects in <code>root</code>; members <code>header</code>,
-<code>sensor</code> and <code>system</code>; member <code>version</code></dd>
+record's own key. A member without any is in memory, and in the image where the category is; counters without one travel as the
+length of their list</dd>
+<dt><span class="doc image">image</span></dt><dd>binary image: the records byte for byte</dd>
+<dt><span class="doc tuning">tuning</span> <span class="doc calibration">calibration</span>
+<span class="doc version">version</span></dt>
+<dd>parts of a text document: member <code>tuning</code>; members <code>header</code>, <code>sensor</code> and
+<code>system</code>; member <code>version</code></dd>
+<dt><span class="doc simulator">simulator</span></dt>
+<dd>member <code>root</code> of a text document, a list (<code>*</code> is any of its items): objects named by their member
+<code>classname</code>; then the driver object, which holds members of <code>MISC</code> and <code>MD</code> itself and in its
+list <code>driver</code> objects named by <code>class</code>. Frame metadata has a document to itself, where <code>root</code> is
+an object</dd>
 <dt><span class="doc meta">meta</span> <span class="doc initialization">.ini</span></dt>
 <dd>frame metadata; initialization files, whose keys are flat</dd>
 <dt>only read, only written</dt><dd>one codec alone carries the member</dd>
 <dt>read, saved as null</dt><dd>the writer leaves the member empty</dd>
 <dt>older key</dt><dd>read where the key before it is absent</dd>
-<dt>number for bool, bits of the float</dt><dd>the document holds an integer instead</dd>
+<dt>number for bool</dt><dd>the document holds 0 or 1 instead</dd>
 <dt>saved signed, saved unsigned</dt><dd>the document's number has the other sign than the C member</dd>
-<dt>list of the record's numbers</dt><dd>a list stands for the record; its items are the members in the order of the list</dd>
-<dt>always 4, counted by n, …</dt><dd>how many items a list of records has in the document</dd>
+<dt>in rows [3][2]</dt><dd>a list of lists for a flat array</dd>
+<dt>list of the record's numbers</dt><dd>a list stands for the record; its members show which item they are</dd>
+<dt>always 4, counted by n, length into n, …</dt><dd>how many items a list of records has in the document; "longer fails": a load
+ends there with status 6</dd>
 <dt>↳</dt><dd>in an array on the heap</dd>
 </dl>
 )html";

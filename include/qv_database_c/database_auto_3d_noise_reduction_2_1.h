@@ -22,7 +22,7 @@ typedef struct QvDatabaseAuto3DNoiseReduction_2_1_Table {
     uint8_t strength[20];               /**< denoising strength */
     int32_t motionInv[20];              /**< motion parameter Inv; the only signed member */
     uint16_t delta[20];                 /**< parameter delta */
-    uint8_t motionDilateEn[20];         /**< switches motion dilation on; a number here, a bool in `3DNR_2_1` [0..1] */
+    uint8_t motionDilateEn[20];         /**< switches motion dilation on; a number here, a bool in `3DNR_2_1` */
     uint16_t updateTemporal[20];        /**< temporal update */
     uint16_t strengthCurveTemporal[20]; /**< strength of the temporal curve */
     uint16_t temporalCurve[20][17];     /**< 17 points of the temporal curve for each gain point [curve] */

@@ -21,13 +21,13 @@ typedef struct QvDatabaseAutoEdgeEnhance_2_Table {
     float gains[20];           /**< gain points of the lists beside it, index by index [gain-axis] */
     uint8_t eeStrength[20];    /**< edge enhancement strength */
     uint8_t eeSrcStrength[20]; /**< strength of the source */
-    uint32_t eeYUpGain[20];    /**< luma gain, up */
-    uint32_t eeYDownGain[20];  /**< luma gain, down */
-    uint16_t eeUVGain[20];     /**< chroma gain; tuning key "eeUVGain", where `EE_2` has "eeUvGain" */
+    uint32_t eeYUpGain[20];    /**< Y gain, up */
+    uint32_t eeYDownGain[20];  /**< Y gain, down */
+    uint16_t eeUVGain[20];     /**< UV gain; tuning key "eeUVGain", where `EE_2` has "eeUvGain" */
     uint32_t eeEdgeGain[20];   /**< edge gain */
-    bool caEnable[20];         /**< switches the `caCurve` on; 0 and 1 in documents, not true and false */
+    bool caEnable[20];         /**< switches CA on; 0 and 1 in documents, not true and false */
     uint16_t caCurve[20][65];  /**< 65 points of the CA curve for each gain point [curve] */
-    bool dciEnable[20];        /**< switches the `dciCurve` on; 0 and 1 in documents, not true and false */
+    bool dciEnable[20];        /**< switches DCI on; 0 and 1 in documents, not true and false */
     uint16_t dciCurve[20][65]; /**< 65 points of the DCI curve for each gain point [curve] */
     bool hdr;                  /**< HDR flag of the schedule; read from a tuning document, never written to one */
 } QvDatabaseAutoEdgeEnhance_2_Table_t;

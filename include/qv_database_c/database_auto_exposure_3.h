@@ -41,13 +41,13 @@ typedef struct QvDatabaseAutoExposure_3 {
 
     float wdrContrastMin; /**< least WDR contrast */
     float wdrContrastMax; /**< greatest WDR contrast */
-    bool frameCalEnable;  /**< switches the frame Cal on */
+    bool frameCalEnable;  /**< switches "frameCal" on */
     bool autoHdrEnable;   /**< switches automatic HDR on */
 
     float expv2WindowWeight[1024]; /**< weights of the exposure windows; simulator key "expV2WindowWeight" */
     uint8_t roiNum;         /**< regions of interest in use; simulator key "roiNumber" [0..25; count-of roiWindow] */
     float roiWeight;        /**< weight of the regions of interest */
-    float roiWindow[25][5]; /**< regions, five numbers each; documents hold all 25 whatever `roiNum` is */
+    float roiWindow[25][5]; /**< regions, five numbers each; all 25 are written whatever `roiNum` is */
 
     uint16_t antiFlickerMode;  /**< anti-flicker mode; spelled "antiFlikerMode" in both documents */
     uint16_t semMode;          /**< SEM mode */

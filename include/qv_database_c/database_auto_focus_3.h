@@ -23,12 +23,12 @@ typedef struct QvDatabaseAutoFocus_3 {
     float cStableTolerance;   /**< tolerance of stability */
     uint8_t cPointsOfCurve;   /**< points of the curve */
     float focalFilter[5];     /**< focal filter */
-    float shapFilter[5];      /**< sharpness filter; spelled "shapFilter" in both documents */
+    float shapFilter[5];      /**< filter, five numbers; spelled "shapFilter" in both documents */
     uint16_t focalMax;        /**< greatest focal value; key "maxFocal" in the simulator document */
     uint16_t focalMin;        /**< least focal value; key "minFocal" in the simulator document */
     float cMotionThr;         /**< motion threshold; simulator key "cMotionThreshold" */
     float focalStableThr;     /**< threshold of a stable focal value; simulator key "focalStableThreshold" */
-    float cMseTolerance;      /**< tolerance of the mean square error */
+    float cMseTolerance;      /**< tolerance "cMse" */
     float cPdConfThr;         /**< threshold of the PD confidence; simulator key "cPdConfThreshold" */
     int32_t pdFocal[48];      /**< PD focal values, signed; simulator key "PdFocal" */
     int32_t pdDistance;       /**< PD distance, signed; simulator key "PdDistance" */

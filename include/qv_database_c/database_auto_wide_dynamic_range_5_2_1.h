@@ -46,9 +46,9 @@ typedef struct QvDatabaseAutoWideDynamicRange_5_2_1_Table {
     uint16_t logAnchorSlope[20];     /**< slope at the log curve's anchor */
     float maxGain[20];               /**< upper limit of the gain; a double in `WDR_5_2_1` */
     uint8_t hlcSlope[20];            /**< slope of the HLC */
-    bool lightEn[20];                /**< switches light on; 0 and 1 in the simulator document, bools in a tuning one */
-    uint8_t wdrColorWeight[20][3];   /**< three colour weights for each gain point */
-    bool hdr;                        /**< HDR flag of the schedule */
+    bool lightEn[20]; /**< switches the light part on; 0 and 1 in the simulator document, bools in a tuning one */
+    uint8_t wdrColorWeight[20][3]; /**< three colour weights for each gain point */
+    bool hdr;                      /**< HDR flag of the schedule */
 } QvDatabaseAutoWideDynamicRange_5_2_1_Table_t;
 static_assert(sizeof(QvDatabaseAutoWideDynamicRange_5_2_1_Table_t) == 2984, "the layout is part of the interface");
 

@@ -41,8 +41,8 @@ static_assert(sizeof(QvDatabaseGain_t) == 16, "the layout is part of the interfa
 
 /** Position of a rectangle, in pixels. */
 typedef struct QvDatabasePoint {
-    uint16_t x; /**< column; written as a signed number, 65535 as -1 [px] */
-    uint16_t y; /**< row; written as a signed number, 65535 as -1 [px] */
+    uint16_t x; /**< column; a signed number in tuning and meta documents, 65535 as -1 [px] */
+    uint16_t y; /**< row; a signed number in tuning and meta documents, 65535 as -1 [px] */
 } QvDatabasePoint_t;
 static_assert(sizeof(QvDatabasePoint_t) == 4, "the layout is part of the interface");
 

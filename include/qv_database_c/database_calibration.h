@@ -85,7 +85,7 @@ typedef struct QvDatabaseCalibrationSensorAwbGlobal {
     char resolution[50];                            /**< name of the resolution; not compared with the header's */
     float svdMeanValue[3];                          /**< three mean values of the SVD; "SVDMeanValue" */
     float pcaMatrix[6];                             /**< PCA matrix, rows of 2 in documents; "PCAMatrix" [matrix 3x2] */
-    float centerLine[3];                            /**< center line, three numbers; "CenterLine" */
+    float centerLine[3];                            /**< centre line, three numbers; "CenterLine" */
     float afRg2[16];                                /**< 16 coefficients, known to the white balance algorithm alone */
     float afMaxDist2[16];                           /**< 16 coefficients, known to the white balance algorithm alone */
     float afRg1[16];                                /**< 16 coefficients, known to the white balance algorithm alone */
@@ -153,7 +153,7 @@ static_assert(sizeof(QvDatabaseCalibrationSensorAwbIllumination_Acc_t) == 200, "
 /** White balance data of one illumination, an item of "illumination". */
 typedef struct QvDatabaseCalibrationSensorAwbIllumination {
     char name[50];                                            /**< name of the illumination */
-    char doorType[50];                                        /**< type of the door, as text */
+    char doorType[50];                                        /**< "doorType", a text of the document */
     QvDatabaseCalibrationSensorAwbIllumination_Gmm_t gmm;     /**< Gaussian mixture model; "GMM" */
     QvDatabaseCalibrationSensorAwbIllumination_Alsc_t alsc;   /**< lens shading profiles; "aLSC" */
     float manualWb[4];                                        /**< manual white balance, four values; "manualWB" */
@@ -245,9 +245,9 @@ typedef struct QvDatabaseCalibrationSensorLsc {
     char resolution[50];           /**< name of the resolution; not compared with the header's */
     char illumination[50];         /**< name of the illumination */
     int32_t sectors;               /**< number of sectors; "LSC_sectors" */
-    int32_t no;                    /**< "LSC_No" */
-    int32_t xo;                    /**< "LSC_Xo" */
-    int32_t yo;                    /**< "LSC_Yo" */
+    int32_t no;                    /**< "LSC_No", meaning known to the calibration tool alone */
+    int32_t xo;                    /**< "LSC_Xo", likewise */
+    int32_t yo;                    /**< "LSC_Yo", likewise */
     uint16_t sectSizeX[32];        /**< sizes of the 32 sectors along x; "LSC_SECT_SIZE_X" */
     uint16_t sectSizeY[32];        /**< sizes of the 32 sectors along y; "LSC_SECT_SIZE_Y" */
     int32_t vignetting;            /**< vignetting of the profile */
@@ -255,8 +255,8 @@ typedef struct QvDatabaseCalibrationSensorLsc {
     uint16_t sampleGreenR[33][33]; /**< samples of green in red rows; "LSC_SAMPLES_greenR" [map 33x33] */
     uint16_t sampleGreenB[33][33]; /**< samples of green in blue rows; "LSC_SAMPLES_greenB" [map 33x33] */
     uint16_t sampleBlue[33][33];   /**< correction samples of blue; "LSC_SAMPLES_blue" [map 33x33] */
-    int16_t center[2];             /**< center, two numbers; signed in documents */
-    uint16_t offCenter;            /**< off-center value; "off_center" */
+    int16_t center[2];             /**< centre, two numbers; signed in documents */
+    uint16_t offCenter;            /**< off-centre value; "off_center" */
     uint16_t radialGain[4][129];   /**< radial gains, 4 rows of 129; "radial_gain" */
 } QvDatabaseCalibrationSensorLsc_t;
 static_assert(sizeof(QvDatabaseCalibrationSensorLsc_t) == 10056, "the layout is part of the interface");

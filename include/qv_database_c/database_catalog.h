@@ -17,7 +17,8 @@
  *  2. Texts are constant and stay valid as long as the library is loaded.
  *  3. Nothing is allocated and nothing is traced. Any number of threads may ask at once.
  *  4. Statuses: 0; 6 for a value that the field can't hold; 7 for a text that is no value of the field's kind; 8 for
- *     what is past the last; 10 for a path that leads nowhere; 13 for a null argument or a struct that was not filled.
+ *     what is past the last; 10 for a path that leads nowhere; 13 for a null argument, and for a struct that no call has
+ *     filled yet. A struct is zero but for its size until then.
  */
 #ifndef QV_DATABASE_C_DATABASE_CATALOG_H
 #define QV_DATABASE_C_DATABASE_CATALOG_H
@@ -37,7 +38,8 @@ typedef enum QvDatabaseCatalogDocument {
     QvDatabaseCatalogDocument_Memory = 0,         /**< the records themselves: all categories, all members */
     QvDatabaseCatalogDocument_Image = 1,          /**< binary image: the records of 49 categories, byte for byte */
     QvDatabaseCatalogDocument_Tuning = 2,         /**< member "tuning" of a text document */
-    QvDatabaseCatalogDocument_Simulator = 3,      /**< class objects of a text document, and its small meta document */
+    QvDatabaseCatalogDocument_Simulator = 3,      /**< member "root" of a text document: class objects, and members of
+                                                       the driver object; and its small document of frame metadata */
     QvDatabaseCatalogDocument_Calibration = 4,    /**< members "header", "sensor" and "system" of a text document */
     QvDatabaseCatalogDocument_Initialization = 5, /**< sections of an `.ini` file */
     QvDatabaseCatalogDocument_Meta = 6,           /**< frame metadata */
@@ -90,7 +92,8 @@ typedef enum QvDatabaseCatalogRole {
     QvDatabaseCatalogRole_Window = 8,    /**< a region of the image */
     QvDatabaseCatalogRole_CountOf = 9,   /**< how many elements of the other field are in use */
     QvDatabaseCatalogRole_Measured = 10, /**< a result of hardware or of an algorithm, no setting */
-    QvDatabaseCatalogRole_Bits = 11      /**< a mask or pattern of bits */
+    QvDatabaseCatalogRole_Bits = 11,     /**< a mask or pattern of bits */
+    QvDatabaseCatalogRole_Handle = 12    /**< an object of the run time, no setting; it can be read and not set */
 } QvDatabaseCatalogRole_t;
 
 /** A category, and where one document carries it. */
@@ -121,9 +124,11 @@ typedef struct QvDatabaseCatalogValue {
 
 /** A field: a member of a record, as one document carries it. */
 typedef struct QvDatabaseCatalogField {
-    size_t size;                            /**< bytes of this struct, set by the caller */
-    const char* pName;                      /**< C member; null for an object that only groups members of its record */
-    const char* pKey;                       /**< member of the document; the C member in memory and image */
+    size_t size;       /**< bytes of this struct, set by the caller */
+    const char* pName; /**< C member; null for an object that only groups members of its record */
+    const char*
+        pKey; /**< member of the document; the C member in memory and image. Of a record that stands as a list of its
+     numbers, the members have no keys there: what stands here is their C name, and a path takes the index */
     size_t depth;                           /**< 0 for members of the category's record, 1 for theirs, and so on */
     QvDatabaseCatalogElement_t element;     /**< what one element of the C member is */
     bool isSigned;                          /**< of an integer member */
@@ -132,15 +137,16 @@ typedef struct QvDatabaseCatalogField {
     bool isWrittenSigned;                   /**< sign of the document's integer, which may differ from the member's */
     size_t width;                           /**< bytes of an element; capacity of a text; size of a record */
     size_t rank;                            /**< dimensions in the document, at most 3 */
-    size_t extents[3];                      /**< elements of each, outermost first; 1 for those not in use */
-    size_t offset;                          /**< bytes from the begin of the record that the field belongs to */
+    size_t extents[3];                      /**< elements of each, outermost first; 1 for those not in use, 0 for
+                                                 a list on the heap, whose length its record tells */
+    size_t offset;                          /**< bytes from the beginning of the record that the field belongs to */
     QvDatabaseCatalogCount_t count;         /**< how a list of records is counted */
     const char* pCounter;                   /**< C member that holds its length; null where none does */
-    size_t counterOffset;                   /**< bytes from the begin of the same record */
+    size_t counterOffset;                   /**< bytes from the beginning of the same record */
     size_t counterWidth;                    /**< bytes; 0 where there is no counter */
     QvDatabaseCatalogDirection_t direction; /**< which codec carries it; within a record, that of the record too */
     bool isTwin;                  /**< an older key of the field before it, read only where that one is absent */
-    const char* pRecord;          /**< C type of a nested record; null for other elements */
+    const char* pRecord;          /**< C type of a nested record, also behind a pointer; else null */
     const char* pMeaning;         /**< what the member means; null for an object that only groups */
     const char* pUnit;            /**< such as "px"; null where none is known */
     double minimum;               /**< least value that makes sense; -INFINITY where none is known */
@@ -178,7 +184,7 @@ typedef enum QvDatabaseCatalogStop {
 typedef struct QvDatabaseCatalogPlace {
     size_t size;        /**< bytes of this struct, set by the caller */
     const char* pKey;   /**< the category; null where even that was not found */
-    size_t offset;      /**< bytes from the begin of its record, or from that of the array on the heap, see below */
+    size_t offset;      /**< bytes from the beginning of its record, or from that of the array on the heap, see below */
     size_t length;      /**< bytes of all that the path names */
     size_t rank;        /**< dimensions that the path leaves open; 0 for an element */
     size_t extents[3];  /**< elements of each, outermost first; 1 for those not in use */
@@ -237,8 +243,9 @@ QV_DATABASE_API int QvDatabaseCatalog_siblings(const QvDatabaseCatalogPlace_t* p
 QV_DATABASE_API int QvDatabaseCatalog_number(const QvDatabaseCatalogPlace_t* pPlace, const void* pRecord,
                                              double* pNumber);
 
-/** Stores a number at a place. Nothing is changed unless the field holds it: integers and bools take no fraction, and
-    the range of the type and the one that is known of the field are kept. 0; 6; 13 as above. */
+/** Stores a number at a place. What the library keeps for itself, handles and the count of an array on the heap, can't be
+    set (13). Nothing is changed unless the field holds it: integers and bools take no fraction, and
+    the range of the type and the one that is known of the field are kept; floats are finite. 0; 6; 13 as above. */
 QV_DATABASE_API int QvDatabaseCatalog_setNumber(const QvDatabaseCatalogPlace_t* pPlace, void* pRecord, double number);
 
 /** The element at a place as a text with a terminator: "true", "-7", "0.25" with as many digits as tell the number from
@@ -247,7 +254,8 @@ QV_DATABASE_API int QvDatabaseCatalog_setNumber(const QvDatabaseCatalogPlace_t* 
 QV_DATABASE_API int QvDatabaseCatalog_text(const QvDatabaseCatalogPlace_t* pPlace, const void* pRecord, char* pText,
                                            size_t capacity, size_t* pLength);
 
-/** Stores a text's value at a place: what QvDatabaseCatalog_text gives, or the name of a value in full or short.
+/** Stores a text's value at a place: what QvDatabaseCatalog_text gives of a finite number, a bool or a text, or the name
+    of a value in full or short.
     Nothing is changed unless the field holds it; a text must leave room for its terminator, and its rest becomes zero.
     0; 6; 7; 13 as above. */
 QV_DATABASE_API int QvDatabaseCatalog_setText(const QvDatabaseCatalogPlace_t* pPlace, void* pRecord, const char* pText);

@@ -76,7 +76,7 @@ typedef struct QvDatabaseMeta {
     uint8_t modeAwb;                                  /**< white balance mode; in no document */
     uint8_t modeAe;                                   /**< exposure mode; in no document */
     float maxExposureTime;                            /**< longest exposure time; in no document */
-    uint32_t chipId;                                  /**< chip id of the sensor [measured] */
+    uint32_t chipId;                                  /**< chip id [measured] */
     uint64_t frameCount;                              /**< number of the frame [measured] */
     uint32_t apertureSize;                            /**< size of the aperture [measured] */
     uint32_t isoStrength;                             /**< ISO strength [measured] */

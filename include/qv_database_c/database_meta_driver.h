@@ -41,7 +41,7 @@ typedef struct QvDatabaseMetaDriver_Output {
     char videoFile[256];    /**< name of the video file */
     uint16_t width;         /**< number of columns [px] */
     char yuvFile[256];      /**< name of the YUV file */
-    char format[256];       /**< name of the output format */
+    char format[256];       /**< output format, as text */
     uint16_t dataBits;      /**< data bits, known to the simulator alone; key "dataBits" */
     uint16_t yuvOrder;      /**< YUV order; key "yuvOrder" */
     uint16_t alpha;         /**< alpha setting */

@@ -17,7 +17,8 @@ extern "C" {
 /** Objects that live while the database is open (category `RAM`). No file carries them, and QvDatabase_reset leaves
     them alone. */
 typedef struct QvDatabaseRam {
-    /** queue of file buffers; open puts it there, close releases it; the library puts nothing in it */
+    /** queue of file buffers; open puts it there, close releases it; the library puts nothing in it
+        [handle] */
     QvCommonBufferQueueHandle_t hBufferQueueFile;
     /** JSON value of a sensor query, null at first; owned by who stores it, close leaves it alone */
     QvJsonValue_t* pJSensorQuery;

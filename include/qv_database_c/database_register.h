@@ -26,10 +26,10 @@ typedef enum QvDatabaseRegisterType {
     of category `DUMP` it is in tuning documents. The library triggers nothing by it. QvDatabase_reset leaves it alone.
     */
 typedef struct QvDatabaseRegister {
-    char address[10];              /**< address, kept as the document's text */
+    char address[10];              /**< address, a text such as a document of `DUMP` holds */
     bool isReadAction;             /**< marks a read action; the library triggers nothing by it */
     QvDatabaseRegisterType_t type; /**< whose register it is, default the ISP's; not checked when read */
-    char value[10];                /**< value, kept as the document's text */
+    char value[10];                /**< value, a text likewise */
 } QvDatabaseRegister_t;
 static_assert(sizeof(QvDatabaseRegister_t) == 28, "the layout is part of the interface");
 

@@ -45,9 +45,9 @@ typedef struct QvDatabaseSensor_Mode {
     uint32_t bitWidth;                    /**< bit width [bit] */
     QvDatabaseSensor_Compress_t compress; /**< compression in this mode */
     uint16_t fpsMax;                      /**< highest frame rate [1/s] */
-    uint16_t nativeMode;                  /**< native HDR mode */
+    uint16_t nativeMode;                  /**< native mode */
     QvDatabaseRectangle_t rectangle;      /**< region of the image, pixels [window] */
-    uint16_t stitchingMode;               /**< stitching HDR mode */
+    uint16_t stitchingMode;               /**< stitching mode */
     QvDatabaseSensor_Type_t type;         /**< linear or HDR; not checked when read */
 } QvDatabaseSensor_Mode_t;
 static_assert(sizeof(QvDatabaseSensor_Mode_t) == 40, "the layout is part of the interface");
@@ -83,8 +83,8 @@ typedef struct QvDatabaseSensor_DrvModeInfo {
     uint32_t width;                  /**< number of columns [px] */
     uint32_t height;                 /**< number of rows [px] */
     int32_t sensorType;              /**< sensor type */
-    int32_t stitchingMode;           /**< stitching HDR mode */
-    int32_t nativeMode;              /**< native HDR mode */
+    int32_t stitchingMode;           /**< stitching mode */
+    int32_t nativeMode;              /**< native mode */
     uint32_t bitWidth;               /**< bit width [bit] */
     int32_t bayerPattern;            /**< Bayer pattern */
     uint32_t maxFps;                 /**< highest frame rate [1/s] */

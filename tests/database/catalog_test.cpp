@@ -313,6 +313,8 @@ TEST(Catalog, TellsWhereAPathWentWrongAndWhatCouldStandThere)
         {kTuning, "A2DNR_5_2.tables.gain", "                ^", QvDatabaseCatalogStop_List, nullptr},
         {kTuning, "A2DNR_5_2.tables[20]", "                ^", QvDatabaseCatalogStop_OutOfRange, nullptr},
         {kTuning, "A2DNR_5_2.tables[1][0]", "                   ^", QvDatabaseCatalogStop_Index, nullptr},
+        {kTuning, "A2DNR_5_2.tables[99999999999999999999]", "                ^", QvDatabaseCatalogStop_OutOfRange,
+         nullptr},
         {kTuning, "A2DNR_5_2.tables[x]", "                ^", QvDatabaseCatalogStop_Syntax, nullptr},
         {kTuning, "A2DNR_5_2.tables[-1]", "                ^", QvDatabaseCatalogStop_Syntax, nullptr},
         {kTuning, "A2DNR_5_2.tables[1", "                ^", QvDatabaseCatalogStop_Syntax, nullptr},
@@ -388,6 +390,8 @@ TEST(Catalog, ReadsAndStoresOneElementAndNothingElse)
         {"AE_3.setPoint", "16777217.0000000001", 0, "16777218"}, // rounded once
         {"AE_3.setPoint", "0.1", 0, "0.1"},
         {"AE_3.setPoint", "1e39", 6, "0.1"},
+        {"AE_3.setPoint", "-1e-60", 0, "0"}, // too close to zero is zero
+        {"AE_3.setPoint", "0.1", 0, "0.1"},
         {"AE_3.setPoint", "nan", 6, "0.1"},
         {"AE_3.setPoint", "1x", 7, "0.1"},
         {"AE_3.roiWindow[24][4]", "-2.5", 0, "-2.5"},
@@ -472,6 +476,37 @@ TEST(Catalog, FollowsAListOnTheHeapAsFarAsItGoes)
     EXPECT_STREQ(registers[1].address, "0x1F");
 }
 
+TEST(Catalog, KeepsWhatIsTheLibrarysOwn)
+{
+    const Database database;
+    for (const char* pPath : {"RAM.hBufferQueueFile", "DUMP.registerNumber"}) {
+        const auto place = placeOf(QvDatabaseCatalogDocument_Memory, pPath);
+        char* pRecord = &database.record<char>(place.pKey);
+        const std::string before(pRecord, 16);
+        EXPECT_EQ(QvDatabaseCatalog_setNumber(&place, pRecord, 5), 13) << pPath;
+        EXPECT_EQ(QvDatabaseCatalog_setText(&place, pRecord, "5"), 13) << pPath;
+        EXPECT_EQ(before, std::string(pRecord, 16)) << pPath;
+        double number = 0;
+        EXPECT_EQ(QvDatabaseCatalog_number(&place, pRecord, &number), 0) << pPath;
+    }
+}
+
+TEST(Catalog, TellsWhatMayFollowARecord)
+{
+    for (const auto& [path, first] : {std::pair{"AEE_2.tables[3]", "gains"}, std::pair{"C_MODEL._2dnr", "bit"},
+                                      std::pair{"AEE_2.tables", "gains"}, std::pair{"AEE_2", "enable"}}) {
+        const auto place = placeOf(QvDatabaseCatalogDocument_Tuning, path);
+        auto cursor = sized<QvDatabaseCatalogCursor_t>();
+        auto field = sized<QvDatabaseCatalogField_t>();
+        ASSERT_EQ(QvDatabaseCatalog_siblings(&place, &cursor), 0) << path;
+        ASSERT_EQ(QvDatabaseCatalog_next(&cursor, &field), 0) << path;
+        EXPECT_STREQ(field.pKey, first) << path;
+    }
+    const auto scalar = placeOf(QvDatabaseCatalogDocument_Tuning, "AEE_2.enable");
+    auto cursor = sized<QvDatabaseCatalogCursor_t>();
+    EXPECT_EQ(QvDatabaseCatalog_siblings(&scalar, &cursor), 10);
+}
+
 TEST(Catalog, KnowsTheFactsOfTheHeaders)
 {
     const auto fieldAt = [](const char* pPath) {
@@ -517,6 +552,16 @@ TEST(Catalog, RefusesStructsOfNoSizeAndWhatIsPastTheEnd)
     auto field = sized<QvDatabaseCatalogField_t>();
     EXPECT_EQ(QvDatabaseCatalog_next(&cursor, &field), 0);
     EXPECT_STREQ(field.pKey, "enable") << "a refused call must not step on";
+    // What no call has filled is refused, not followed.
+    auto place = sized<QvDatabaseCatalogPlace_t>();
+    auto value = sized<QvDatabaseCatalogValue_t>();
+    auto unfilledCursor = sized<QvDatabaseCatalogCursor_t>();
+    const auto unfilledField = sized<QvDatabaseCatalogField_t>();
+    EXPECT_EQ(QvDatabaseCatalog_next(&unfilledCursor, &field), 13);
+    EXPECT_EQ(QvDatabaseCatalog_skip(&unfilledCursor), 13);
+    EXPECT_EQ(QvDatabaseCatalog_value(&unfilledField, 0, &value), 13);
+    EXPECT_EQ(QvDatabaseCatalog_siblings(&place, &unfilledCursor), 13);
+    EXPECT_EQ(QvDatabaseCatalog_field(&place, &field), 13);
     // A newer program's struct is larger; what the library doesn't know stays as it is.
     struct {
         QvDatabaseCatalogField_t field;

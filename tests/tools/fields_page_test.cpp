@@ -110,10 +110,18 @@ TEST(FieldsPage, HoldsEachKeyOfEachDocumentAtItsMember)
         const auto document = static_cast<QvDatabaseCatalogDocument_t>(i);
         for (const QvDatabaseCatalogCategory_t& category : categoriesOf(document)) {
             const char* pWalk = category.pClass != nullptr ? category.pClass : category.pKey;
+            std::string list; // that stands for a record: its members have no keys, they are its items
+            std::size_t item = 0;
             for (const QvDatabaseCatalogField_t& field : fieldsOf(document, pWalk)) {
+                std::string key = field.pKey;
+                if (field.depth == 0) {
+                    list = field.count == QvDatabaseCatalogCount_Members ? key : "";
+                    item = 0;
+                } else if (!list.empty()) {
+                    key = list + "[" + std::to_string(item++) + "]";
+                }
                 if (field.pName != nullptr) {
-                    expected.insert(
-                        stand(QvDatabaseCatalog_document(document), category.pKey, field.pKey, field.pName));
+                    expected.insert(stand(QvDatabaseCatalog_document(document), category.pKey, key, field.pName));
                 }
             }
         }
