@@ -1,7 +1,9 @@
 #include "qv_common_c/common_buffer.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -105,6 +107,22 @@ TEST_F(CommonBuffer, LoadsWhatHasNoSizeAndSavesThroughIt)
     EXPECT_EQ(load("/proc/self/stat").find(std::to_string(getpid())), 0U); // its size is said to be 0
     EXPECT_EQ(load("/dev/zero", 3, 5000), std::string(5000, '\0'));
 
+    // A device may have no end; what reads on would take all memory.
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(QvCommonBuffer_load2("/dev/zero", 0, 0, &buffer_), 6);
+    const fs::path sparse = folder_ / "sparse";
+    std::ofstream(sparse) << "x";
+    fs::resize_file(sparse, (1ULL << 40) + 2);
+    for (const size_t size : {size_t{0}, size_t{QV_COMMON_BUFFER_LOAD_LIMIT} + 1, SIZE_MAX}) {
+        EXPECT_EQ(QvCommonBuffer_load2(sparse.c_str(), 0, size, &buffer_), 6);
+    }
+    const std::string traces = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(std::count(traces.begin(), traces.end(), '\n'), 4);
+    EXPECT_TRUE(
+        traces.ends_with("too short or over capacity(6): more than 1073741824 bytes: " + sparse.string() + "\n"));
+    EXPECT_EQ(load(sparse, 0, 2), std::string("x\0", 2));
+    EXPECT_EQ(load(sparse, 1ULL << 40), std::string(2, '\0'));
+
     // A pipe can't seek, and comes in pieces.
     const fs::path path = folder_ / "pipe";
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
@@ -113,6 +131,21 @@ TEST_F(CommonBuffer, LoadsWhatHasNoSizeAndSavesThroughIt)
     EXPECT_EQ(load(path, 5), content.substr(5));
     writer.join();
     EXPECT_TRUE(S_ISFIFO(mode(path)));
+}
+
+TEST_F(CommonBuffer, AReaderThatGoesAwayIsAStatus)
+{
+    const fs::path path = folder_ / "pipe";
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    const int reader = open(path.c_str(), O_RDONLY | O_NONBLOCK);
+    std::thread leaver([&] {
+        char byte = 0;
+        while (::read(reader, &byte, 1) != 1) {
+        }
+        close(reader);
+    });
+    EXPECT_EQ(save(path, std::string(1000000, 'p')), 12); // more than a pipe holds
+    leaver.join();
 }
 
 TEST_F(CommonBuffer, FailedLoadLeavesTheBuffer)

@@ -126,6 +126,7 @@ TEST(CommonTracer, LinesOfThreadsNeverMixAndAreOneWriteEach)
                std::string(static_cast<size_t>(number) % 300, static_cast<char>('a' + thread));
     };
     std::vector<std::thread> threads;
+    threads.reserve(2);
     for (int thread = 0; thread < 2; ++thread) {
         threads.emplace_back([&, thread] {
             for (int number = 0; number < kLines; ++number) {

@@ -63,6 +63,23 @@ TEST(InitializationWriter, TheSampleComesBackByteForByte)
     EXPECT_EQ(writeText(result.sections), content.str());
 }
 
+TEST(InitializationWriter, WhatAProgramMadeSettlesWithTheFirstWriting)
+{
+    const Section none = {{}, {}, {}};
+    const Section bare = {{}, {{"k", "1", "on k"}}, {"of none", ""}};
+    const Section named = {"a", {{"m", "2"}}, {"of a", " two\nlines "}};
+    const std::vector<std::vector<Section>> cases = {
+        {none},        {bare},       {named},       {none, named},      {bare, named},
+        {named, bare}, {bare, bare}, {named, none}, {none, bare, none}, {named, bare, named, {"b"}, none, bare},
+    };
+    for (const std::vector<Section>& sections : cases) {
+        const std::string written = writeText(sections);
+        const ReadResult result = readText(written);
+        ASSERT_EQ(result.status, 0) << written;
+        EXPECT_EQ(writeText(result.sections), written);
+    }
+}
+
 // Pieces that mean something somewhere in the syntax.
 const std::string kPieces[] = {" ", "\t", "\"", "\\", ";",  "#", "=",    "[",
                                "]", "\n", "\r", "n",  "x4", "é", "\x01", "\xEF\xBB\xBF"};

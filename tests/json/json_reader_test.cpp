@@ -94,6 +94,8 @@ TEST(JsonReader, TakesWhatTheGrammarTakesAndNothingElse)
         "1 /* open",
         "1 # note",
         std::string("1\0", 2),
+        std::string("1 // a\0b", 8),
+        std::string("/*\0*/1", 6),
         "\v1",
         nested(513),
     };
@@ -225,6 +227,8 @@ TEST(JsonReader, SyntaxErrorsTellWhatWasExpectedAndWhere)
         const std::string ending = std::string("syntax error(7): expected ") + expected.pExpected + "\n";
         EXPECT_TRUE(trace.starts_with("error: ") && trace.ends_with(ending)) << expected.pText << "\n" << trace;
     }
+    read(std::string("[1, /*\n\0*/ 2]", 14), 7);
+    EXPECT_TRUE(traces.take().ends_with("expected a comment without zero bytes at line 2, column 1\n"));
     read(nested(513), 7);
     EXPECT_TRUE(traces.take().ends_with("expected at most 512 nested objects and arrays at line 1, column 513\n"));
 }

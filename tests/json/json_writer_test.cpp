@@ -193,6 +193,57 @@ TEST(JsonWriter, CommentsAreWrittenBack)
     EXPECT_STREQ(QvJsonValue_member(again.get(), "c")->pComment, "from\n*/ a\nprogram");
 }
 
+TEST(JsonWriter, TextsWithCommentsDontChangeAnyMore)
+{
+    const std::string pieces[] = {"/*",   "*/",   "//", "\n", "\n",        " ", "\t",     "\r", "\v", "a", "\xC3\xA4",
+                                  "\xFF", "\x01", "*",  "/",  "{\"k\": 1", ",", "\"l\":", "[",  "1",  "]", "}"};
+    const std::string gaps[] = {"{", "\"a\"", ":", "[", "1", ",",     "{", "}", "]", ",", "\"b\"", ":",
+                                "{", "\"c\"", ":", "2", ",", "\"d\"", ":", "[", "]", "}", "}"};
+    std::mt19937 random(77);
+    size_t read = 0;
+    const Traces traces;
+    for (int round = 0; round < 5000; ++round) {
+        // A document with comments of all kinds between its tokens, some of them broken.
+        std::string text;
+        for (const std::string& token : gaps) {
+            text += token;
+            if (random() % 4 == 0) {
+                const bool isBlock = random() % 2 == 0;
+                text += isBlock ? " /*" : "//";
+                for (size_t number = random() % 4; number > 0; --number) {
+                    text += pieces[random() % std::size(pieces)];
+                }
+                text += isBlock ? "*/" : "\n";
+            }
+            text += random() % 3 == 0 ? "\n" : "";
+        }
+        QvJsonReaderHandle_t reader = 0;
+        QvJsonValue_t* pValue = nullptr;
+        ASSERT_EQ(QvJsonReader_open(&reader), 0);
+        const int status = QvJsonReader_parse(reader, text.data(), text.data() + text.size(), &pValue);
+        QvJsonReader_close(&reader);
+        if (status == 0) {
+            const Tree first(pValue);
+            const std::string written = write(first.get());
+            ASSERT_EQ(write(qv::test::read(written).get()), written) << text;
+            ++read;
+        }
+    }
+    EXPECT_GT(read, 2000U);
+
+    // Comments that no reader has made.
+    for (const char* pComment : {"", "\n", " a ", "a\n", "\na", "a\n\n\tb\r\n", "\r", "a\rb", "\v", "*/", "\xFF "}) {
+        const Tree root = qv::test::read("[[], {\"a\": 1}]");
+        for (QvJsonValue_t* pValue : {root.get(), QvJsonValue_item(root.get(), 0), QvJsonValue_item(root.get(), 1),
+                                      QvJsonValue_member(QvJsonValue_item(root.get(), 1), "a")}) {
+            setComment(pValue->pComment, pComment);
+            setComment(pValue->pComment2, pComment);
+        }
+        const std::string written = write(root.get());
+        EXPECT_EQ(write(qv::test::read(written).get()), written);
+    }
+}
+
 TEST(JsonWriter, ATreeDeeperThanTheReaderTakesIsRefused)
 {
     Traces traces;

@@ -1,6 +1,6 @@
 #include <algorithm>
 #include <cerrno>
-#include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <limits>
@@ -11,12 +11,14 @@
 #include "file_descriptor.h"
 #include "qv_common_c/common_buffer.h"
 #include "qv_common_c/common_error.h"
+#include "qv_common_c/common_tracer.h"
 
 namespace {
 
 using namespace qv::common;
 
 constexpr size_t kFirstCapacity = 4096;
+constexpr size_t kMost = QV_COMMON_BUFFER_LOAD_LIMIT;
 
 // A block of malloc that grows, so that the buffer can take it over.
 class Content {
@@ -24,9 +26,6 @@ public:
     // Makes room for one byte more than `capacity`, the zero byte behind the content.
     bool reserve(size_t capacity)
     {
-        if (capacity == std::numeric_limits<size_t>::max()) {
-            return false;
-        }
         auto* pBlock = static_cast<char*>(std::realloc(pBlock_.get(), capacity + 1));
         if (pBlock == nullptr) {
             return false;
@@ -37,11 +36,12 @@ public:
         return true;
     }
 
-    // Reads until `limit` bytes are there or the file ends, and ends the content with a zero byte.
+    // Reads until `limit` bytes are there or the file ends, and ends the content with a zero byte. `limit` may be one
+    // more than there may be, to see whether there are.
     int read(int descriptor, size_t limit)
     {
         while (size_ < limit) {
-            if (size_ == capacity_ && !reserve(capacity_ > SIZE_MAX / 2 ? SIZE_MAX : 2 * capacity_)) {
+            if (size_ == capacity_ && !reserve(std::min(2 * capacity_, limit))) {
                 return QvCommonError_OutOfMemory;
             }
             const ssize_t count = ::read(descriptor, pBlock_.get() + size_, std::min(capacity_, limit) - size_);
@@ -53,6 +53,9 @@ public:
             } else if (errno != EINTR) {
                 return fileStatus(errno, QvCommonError_Read);
             }
+        }
+        if (size_ > kMost) {
+            return QvCommonError_Capacity;
         }
         pBlock_.get()[size_] = '\0';
         // A shorter block is welcome but not needed.
@@ -88,13 +91,17 @@ int skip(int descriptor, size_t offset)
         return QvCommonError_Success;
     }
     char dropped[kFirstCapacity];
-    while (offset > 0) {
-        const ssize_t count = ::read(descriptor, dropped, std::min(offset, sizeof(dropped)));
+    size_t number = 0;
+    while (number < offset) {
+        const ssize_t count = ::read(descriptor, dropped, std::min(offset - number, sizeof(dropped)));
         if (count == 0) {
             break;
         }
         if (count > 0) {
-            offset -= static_cast<size_t>(count);
+            number += static_cast<size_t>(count);
+            if (number > kMost) {
+                return QvCommonError_Capacity;
+            }
         } else if (errno != EINTR) {
             return fileStatus(errno, QvCommonError_Read);
         }
@@ -112,13 +119,8 @@ size_t firstCapacity(const struct stat& file, size_t offset, size_t limit)
     return std::min(limit, fileSize - offset + 1);
 }
 
-} // namespace
-
-int QvCommonBuffer_load2(const char* pFilename, size_t offset, size_t size, QvCommonBuffer_t* pBuffer)
+int load(const char* pFilename, size_t offset, size_t size, QvCommonBuffer_t* pBuffer)
 {
-    if (pFilename == nullptr || pBuffer == nullptr) {
-        return QvCommonError_BadArgument;
-    }
     const FileDescriptor file(::open(pFilename, O_RDONLY | O_CLOEXEC | O_NOCTTY));
     struct stat state = {};
     if (!file.isOpen() || fstat(file.get(), &state) != 0) {
@@ -130,7 +132,11 @@ int QvCommonBuffer_load2(const char* pFilename, size_t offset, size_t size, QvCo
     if (const int status = skip(file.get(), offset); status != QvCommonError_Success) {
         return status;
     }
-    const size_t limit = size != 0 ? size : std::numeric_limits<size_t>::max();
+    const size_t limit = size != 0 ? std::min(size, kMost + 1) : kMost + 1;
+    if (limit > kMost && S_ISREG(state.st_mode) && state.st_size > 0 && static_cast<size_t>(state.st_size) > offset &&
+        static_cast<size_t>(state.st_size) - offset > kMost) {
+        return QvCommonError_Capacity; // nor is it read in vain
+    }
     Content content;
     if (!content.reserve(firstCapacity(state, offset, limit))) {
         return QvCommonError_OutOfMemory;
@@ -138,6 +144,22 @@ int QvCommonBuffer_load2(const char* pFilename, size_t offset, size_t size, QvCo
     const int status = content.read(file.get(), limit);
     if (status == QvCommonError_Success) {
         content.moveTo(pBuffer);
+    }
+    return status;
+}
+
+} // namespace
+
+int QvCommonBuffer_load2(const char* pFilename, size_t offset, size_t size, QvCommonBuffer_t* pBuffer)
+{
+    if (pFilename == nullptr || pBuffer == nullptr) {
+        return QvCommonError_BadArgument;
+    }
+    const int status = load(pFilename, offset, size, pBuffer);
+    if (status == QvCommonError_Capacity) {
+        QvCommonTracer_prefixSet(hTracer, QvCommonTracerLevel_Error, __FILE__, __LINE__, "QvCommonBuffer_load2");
+        std::fprintf(QvCommonTracer_file(hTracer), "%s(%d): more than %zu bytes: %s\n", QvCommonError_text(status),
+                     status, kMost, pFilename);
     }
     return status;
 }

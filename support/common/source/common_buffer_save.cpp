@@ -23,6 +23,7 @@ namespace fs = std::filesystem;
 
 constexpr int kMostLinks = 40;
 constexpr int kMostSaves = 1000; // at once of one file
+constexpr int kLookAhead = 4;
 constexpr mode_t kPermissionBits = 07777;
 
 // While it lives a write that fails sends this thread no signal, so that the failure comes back as a status in a program
@@ -65,9 +66,10 @@ private:
     bool wasPending_ = false;
 };
 
-int writeAll(int descriptor, std::string_view content)
+// `signal` is the one that a failure may send.
+int writeAll(int descriptor, std::string_view content, int signal)
 {
-    const SignalGuard guard(SIGXFSZ); // the limit on the size of files
+    const SignalGuard guard(signal);
     while (!content.empty()) {
         const ssize_t count = ::write(descriptor, content.data(), content.size());
         if (count > 0) {
@@ -87,7 +89,7 @@ int writeThrough(const char* pFilename, std::string_view content)
     if (!file.isOpen()) {
         return fileStatus(errno, QvCommonError_Write);
     }
-    const int status = writeAll(file.get(), content);
+    const int status = writeAll(file.get(), content, SIGPIPE); // the reader of a pipe went away
     return file.close() ? status : QvCommonError_Write;
 }
 
@@ -143,12 +145,15 @@ public:
         return -1;
     }
 
-    // Removes what is left over behind the name that was found.
+    // Removes what is left over behind the name that was found. Names in between may be free: their files have gone.
     void clean()
     {
-        do {
+        for (int last = number_ + kLookAhead; number_ < last && number_ < kMostSaves;) {
             name_ = stem_ + std::to_string(++number_);
-        } while (number_ < kMostSaves && removeLeftOver() != Found::Nothing);
+            if (removeLeftOver() != Found::Nothing) {
+                last = number_ + kLookAhead;
+            }
+        }
     }
 
 private:
@@ -256,7 +261,7 @@ private:
         if (pOld_ != nullptr && !inherit()) {
             return QvCommonError_Write;
         }
-        const int status = writeAll(file_.get(), content_);
+        const int status = writeAll(file_.get(), content_, SIGXFSZ); // the limit on the size of files
         if (status != QvCommonError_Success) {
             return status;
         }

@@ -2,8 +2,47 @@
 
 #include <algorithm>
 #include <atomic>
+#include <exception>
+
+#ifndef __has_feature
+#define __has_feature(feature) 0
+#endif
+#if defined(__SANITIZE_THREAD__) || __has_feature(thread_sanitizer)
+// The sanitizer doesn't see what flockfile does.
+extern "C" void __tsan_acquire(void* pLock);
+extern "C" void __tsan_release(void* pLock);
+#define QV_ACQUIRED(pLock) __tsan_acquire(pLock)
+#define QV_RELEASING(pLock) __tsan_release(pLock)
+#else
+#define QV_ACQUIRED(pLock) static_cast<void>(pLock)
+#define QV_RELEASING(pLock) static_cast<void>(pLock)
+#endif
 
 namespace qv::common {
+
+namespace {
+
+// Holds the lock of a stream. A thread may hold it several times.
+class StreamLock {
+public:
+    explicit StreamLock(FILE* pStream) : pStream_(pStream)
+    {
+        flockfile(pStream_);
+        QV_ACQUIRED(pStream_);
+    }
+    StreamLock(const StreamLock&) = delete;
+    StreamLock& operator=(const StreamLock&) = delete;
+    ~StreamLock()
+    {
+        QV_RELEASING(pStream_);
+        funlockfile(pStream_);
+    }
+
+private:
+    FILE* pStream_;
+};
+
+} // namespace
 
 FILE* sinkStream()
 {
@@ -58,23 +97,21 @@ bool LineStream::open()
 
 void LineStream::write(std::initializer_list<std::string_view> pieces)
 {
-    flockfile(pStream_);
+    const StreamLock lock(pStream_);
     for (const std::string_view piece : pieces) {
         writeCookie(this, piece.data(), piece.size());
     }
-    funlockfile(pStream_);
 }
 
 ssize_t LineStream::writeCookie(void* pCookie, const char* pText, size_t size)
 {
     auto* pSelf = static_cast<LineStream*>(pCookie);
-    flockfile(pSelf->pStream_); // stdio doesn't hold it for each part of a long text
+    const StreamLock lock(pSelf->pStream_); // stdio doesn't hold it for each part of a long text
     try {
         pSelf->take({pText, size});
-    } catch (...) {
+    } catch (const std::exception&) { // nothing else: a thread that is cancelled here goes its way
         pSelf->takeUnjoined({pText, size});
     }
-    funlockfile(pSelf->pStream_);
     return static_cast<ssize_t>(size);
 }
 
@@ -116,9 +153,7 @@ void LineStream::take(std::string_view text)
 // doesn't get this one, and the program that traces goes on.
 void LineStream::takeUnjoined(std::string_view text)
 {
-    if (target_.pWrite == nullptr) {
-        flockfile(stream());
-    }
+    const StreamLock lock(stream());
     for (Line& line : lines_) {
         if (!line.text.empty() && pthread_equal(line.thread, pthread_self()) != 0) {
             if (target_.pWrite == nullptr) {
@@ -129,7 +164,6 @@ void LineStream::takeUnjoined(std::string_view text)
     }
     if (target_.pWrite == nullptr) {
         std::fwrite(text.data(), 1, text.size(), stream());
-        funlockfile(stream());
     }
 }
 

@@ -4,6 +4,8 @@
 #include <new>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "initialization_quote.h"
 #include "initialization_record.h"
@@ -48,26 +50,59 @@ void appendMember(std::string& document, const QvInitializationMember_t& member)
     document += '\n';
 }
 
-void appendSection(std::string& document, const QvInitializationSection_t& section)
-{
+// A section as it will be read: what has no header goes with the section above.
+struct Part {
     std::string comments;
-    for (const char* pComment : elementsOf<char>(section.hComment)) {
-        appendComment(comments, pComment);
+    std::string header; // with its line end; empty only in front of all headers
+    std::string members;
+};
+
+std::vector<Part> partsOf(QvCommonDQueueHandle_t hQueue)
+{
+    std::vector<Part> parts;
+    for (const auto* pSection : elementsOf<QvInitializationSection_t>(hQueue)) {
+        if (parts.empty() || pSection->pHeader != nullptr) {
+            parts.emplace_back();
+        }
+        Part& part = parts.back();
+        for (const char* pComment : elementsOf<char>(pSection->hComment)) {
+            appendComment(part.comments, pComment);
+        }
+        if (pSection->pHeader != nullptr) {
+            part.header = "[";
+            appendHeader(part.header, pSection->pHeader);
+            part.header += "]\n";
+        }
+        for (const auto* pMember : elementsOf<QvInitializationMember_t>(pSection->hMember)) {
+            appendMember(part.members, *pMember);
+        }
     }
-    if (section.pHeader != nullptr) {
-        document += comments;
-        document += '[';
-        appendHeader(document, section.pHeader);
-        document += "]\n";
+    if (parts.size() > 1 && parts.front().header.empty()) {
+        // They would be taken for those of the first member in front of it, and behind all members are those of the
+        // next header.
+        parts[1].comments.insert(0, std::exchange(parts[0].comments, {}));
     }
-    for (const auto* pMember : elementsOf<QvInitializationMember_t>(section.hMember)) {
-        appendMember(document, *pMember);
+    return parts;
+}
+
+std::string documentOf(const std::vector<Part>& parts)
+{
+    std::string document;
+    for (const Part& part : parts) {
+        const size_t begin = document.size();
+        if (part.header.empty()) {
+            document += part.members;
+            document += part.comments;
+        } else {
+            document += part.comments;
+            document += part.header;
+            document += part.members;
+        }
+        if (document.size() != begin) {
+            document += '\n';
+        }
     }
-    if (section.pHeader == nullptr) {
-        // In front they would be taken for comments of the first member.
-        document += comments;
-    }
-    document += '\n';
+    return document;
 }
 
 } // namespace
@@ -98,10 +133,7 @@ int QvInitializationWriter_serialize(QvInitializationWriterHandle_t hWriter, QvC
         return QvCommonError_BadArgument;
     }
     return statusOf([hQueue, pBuffer] {
-        std::string document;
-        for (const auto* pSection : elementsOf<QvInitializationSection_t>(hQueue)) {
-            appendSection(document, *pSection);
-        }
+        const std::string document = documentOf(partsOf(hQueue));
         TextPointer pText = copyOf(document);
         throwUnlessSuccess(QvCommonBuffer_clear(pBuffer));
         pBuffer->pBegin = pText.release();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace qv::json {
 
@@ -11,6 +12,9 @@ struct CommentScan {
     const char* pExpected = nullptr; // and what should stand there
     std::string text;                // without delimiters, each line trimmed
 };
+
+// A line without the blanks around it, as the reader takes it and so as the writer writes it.
+std::string_view trimmedLine(std::string_view line);
 
 // Reads the comment whose first slash stands at p. The line end behind // is not part of it.
 CommentScan scanComment(const char* p, const char* pEnd);

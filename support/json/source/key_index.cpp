@@ -2,8 +2,9 @@
 
 #include <bit>
 #include <cstdlib>
-#include <functional>
 #include <new>
+
+#include "key_hash.h"
 
 namespace qv::json {
 
@@ -37,7 +38,7 @@ KeyIndex::~KeyIndex()
 
 size_t KeyIndex::find(const QvJsonValuePair_t* pPairs, std::string_view key) const
 {
-    for (size_t slot = std::hash<std::string_view>{}(key);; ++slot) {
+    for (size_t slot = hashOfKey(key);; ++slot) {
         const uint32_t place = pSlots_[slot & mask_];
         if (place == 0) {
             return kNone;
@@ -53,7 +54,7 @@ bool KeyIndex::add(std::string_view key, size_t place)
     if ((number_ + 1) * 2 > mask_ + 1) {
         return false;
     }
-    size_t slot = std::hash<std::string_view>{}(key);
+    size_t slot = hashOfKey(key);
     while (pSlots_[slot & mask_] != 0) {
         ++slot;
     }

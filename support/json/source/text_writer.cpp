@@ -7,6 +7,7 @@
 #include <cstring>
 #include <new>
 
+#include "comment_text.h"
 #include "fixed_decimal.h"
 #include "string_text.h"
 #include "value_tree.h"
@@ -270,7 +271,7 @@ void TextWriter::writeCommentsAbove(const QvJsonValue_t& value, size_t level)
     const char* p = value.pComment;
     for (bool isLast = false; !isLast;) {
         const char* pLineEnd = p + std::strcspn(p, "\n");
-        writeComment(std::string_view(p, static_cast<size_t>(pLineEnd - p)));
+        writeComment(trimmedLine(std::string_view(p, static_cast<size_t>(pLineEnd - p))));
         writeLineEnd(level);
         isLast = *pLineEnd == '\0';
         p = pLineEnd + 1;
@@ -286,7 +287,7 @@ void TextWriter::writeCommentBehind(const QvJsonValue_t& value)
     std::replace(text.begin(), text.end(), '\n', ' ');
     std::replace(text.begin(), text.end(), '\r', ' ');
     buffer_.append(" ");
-    writeComment(text);
+    writeComment(trimmedLine(text));
 }
 
 void TextWriter::writeComment(std::string_view line)

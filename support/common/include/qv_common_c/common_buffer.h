@@ -32,12 +32,16 @@ QV_COMMON_API int QvCommonBuffer_delete(QvCommonBuffer_t** ppBuffer);
  * Status 0; 13 when `pBuffer` is null. */
 QV_COMMON_API int QvCommonBuffer_clear(QvCommonBuffer_t* pBuffer);
 
+/* The most that QvCommonBuffer_load2 reads: 1 GiB. A device may have no end. */
+#define QV_COMMON_BUFFER_LOAD_LIMIT 1073741824U
+
 /* Reads a file into the buffer. `offset` is the first byte to read, counted from 0; `size` the count of bytes, 0 for
- * all up to the end. Where the file ends before, the buffer gets what there is. What has no size, a pipe or a device,
- * is read to its end. Replaces the earlier content of the buffer, as after QvCommonBuffer_clear. Afterwards `offset` is
- * 0, `size` the count of bytes read, and a zero byte, which `size` doesn't count, follows the content. On failure the
- * buffer is unchanged. Status 0; 3 no such file; 4 may not be read; 5 no memory; 9 is a folder; 11 read error; 13 bad
- * arguments. */
+ * all up to the end. Where the file ends before, the buffer gets what there is. More than QV_COMMON_BUFFER_LOAD_LIMIT
+ * bytes are refused, and so are more that would have to be read up to `offset`. What has no size, a pipe or a device, is read
+ * to its end. Replaces the earlier content of the buffer, as after QvCommonBuffer_clear. Afterwards `offset` is 0,
+ * `size` the count of bytes read, and a zero byte, which `size` doesn't count, follows the content. On failure the
+ * buffer is unchanged. Status 0; 3 no such file; 4 may not be read; 5 no memory; 6 over the limit, with a trace at
+ * Error level that names the file; 9 is a folder; 11 read error; 13 bad arguments. */
 QV_COMMON_API int QvCommonBuffer_load2(const char* pFilename, size_t offset, size_t size, QvCommonBuffer_t* pBuffer);
 
 /* Writes the first `size` bytes from `pBegin` to a file, 0 for all of the content. `pBegin` may be null when the
@@ -47,8 +51,9 @@ QV_COMMON_API int QvCommonBuffer_load2(const char* pFilename, size_t offset, siz
  * either, or a file ".qv_save.*" that the next save of the same file removes. A limit on the size of files
  * (RLIMIT_FSIZE) gives a status and no signal. An existing file's permission bits are kept; a new one gets those that
  * the process's umask leaves. Of a symbolic link the target is replaced and the link stays. What exists and isn't a
- * regular file, such as a pipe or a device, is written through. Status 0; 3 no such folder; 4 may not be written; 5 no
- * memory; 6 `size` is more than the buffer holds; 9 is a folder; 12 write error; 13 bad arguments. */
+ * regular file, such as a pipe or a device, is written through; a reader that goes away gives a status and no signal.
+ * Status 0; 3 no such folder; 4 may not be written; 5 no memory; 6 `size` is more than the buffer holds; 9 is a folder;
+ * 12 write error; 13 bad arguments. */
 QV_COMMON_API int QvCommonBuffer_save2(QvCommonBuffer_t* pBuffer, const char* pFilename, size_t size);
 
 #ifdef __cplusplus

@@ -38,9 +38,10 @@ QV_INITIALIZATION_API int QvInitializationWriter_close(QvInitializationWriterHan
  * front, a ';', a '#' or control characters, keys with a '=' or a bracket in front, headers with brackets, empty keys
  * and headers.
  *
- * A section with a null pHeader is written without a header line and its comments behind its members; it can only be
- * told apart as the first of the queue, since further down its members are read as those of the section above. Null
- * elements, and members with neither key nor value, are left out; a null key beside a value is written as an empty key.
+ * A section with a null pHeader is written without a header line. It can only be told apart as the first of the queue,
+ * where its comments go with the section below, if there is one, and else behind its members; further down all of it
+ * goes with the section above. So a text that is read and written again is the same. Null elements, and members with
+ * neither key nor value, are left out; a null key beside a value is written as an empty key.
  *
  * hWriter: an open writer.
  * hQueue: queue of QvInitializationSection_t*. It is walked by popping the front and pushing it back, so that it comes

@@ -28,7 +28,8 @@ QV_JSON_API int QvJsonReader_close(QvJsonReaderHandle_t* pHandle);
  *   What stands before a value, or before its key, becomes its pComment. What follows a value on its line becomes its
  *   pComment2, also behind the comma, unless another value follows on that line. What has no value behind it (before
  *   a closing bracket, at the end of the text) becomes pComment2 of the value before it, or of the container if that is
- *   empty. Each line is trimmed; several lines are joined by '\n'.
+ *   empty. Each line is trimmed; several lines are joined by '\n'. A zero byte may not stand in a comment; whatever
+ *   else stands in one is kept.
  *
  * Numbers without point and exponent are Integer: from -2^63 to 2^63-1 as they are, up to 2^64-1 with their 64 bits
  * kept (so they come out negative); beyond that they are Float. Floats are correctly rounded, independent of the
@@ -50,7 +51,7 @@ QV_JSON_API int QvJsonReader_parse(QvJsonReaderHandle_t handle, const char* pBeg
 
 /*
  * The same from a file. pFilename is not null. Beside the statuses above come those of QvCommonBuffer_load2 (3 not
- * found, 4 access denied, 9 a folder, 11 read error), with a trace at Error level that names the file.
+ * found, 4 access denied, 6 over 1 GiB, 9 a folder, 11 read error), with a trace at Error level that names the file.
  */
 QV_JSON_API int QvJsonReader_load(QvJsonReaderHandle_t handle, const char* pFilename, QvJsonValue_t** ppValue);
 

@@ -119,6 +119,10 @@ QV_JSON_API QvJsonValue_t* QvJsonValue_item(QvJsonValue_t* pValue, size_t index)
  * The value as the asked kind. Integer, float and boolean convert into each other: a float is cut towards zero and
  * saturates at the ends of ssize_t, not-a-number is 0; everything but zero is true. All other kinds, a null pointer
  * among them, are false, 0.0 and 0: a text is no number.
+ *
+ * The double is the one nearest to what the text says. Narrowed to a float it is rounded a second time, so what lies
+ * closer than a double can tell to the middle between two floats may become the wrong one of them:
+ * 16777217.0000000001 becomes 16777216. Numbers below 2^33 with up to six digits behind the point never do.
  */
 QV_JSON_API bool QvJsonValue_asBoolean(QvJsonValue_t* pValue);
 QV_JSON_API double QvJsonValue_asFloat(QvJsonValue_t* pValue);

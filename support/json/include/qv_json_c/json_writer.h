@@ -36,8 +36,8 @@ QV_JSON_API int QvJsonWriter_close(QvJsonWriterHandle_t* pHandle);
  * items, which count as one level deeper. Floats have exactly the asked number of digits, correctly rounded, whatever
  * the locale; what isn't finite is written as null. Bytes that aren't UTF-8 are written as U+FFFD, so that the reader
  * takes every text that the writer makes. Comments are written back: pComment in lines of its own above the value,
- * pComment2 at the end of the value's line with its line ends turned into blanks; a list whose items have comments gets
- * one line an item.
+ * pComment2 at the end of the value's line with its line ends turned into blanks, each line trimmed; a list whose items
+ * have comments gets one line an item. A text with comments that was written, read and written again is the same.
  *
  * handle  an open writer
  * pValue  the root, not null; not changed
