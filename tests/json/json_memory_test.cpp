@@ -352,7 +352,7 @@ TEST(JsonMemory, ATreeTakesLittleMoreThanItsValues)
     EXPECT_LT(takenBytes, 100 * 200 * sizeof(QvJsonValue_t) * 12 / 10);
     takenBytes = 0;
     const Tree tiny = read("[1]");
-    EXPECT_LT(takenBytes, 6000U);
+    EXPECT_LT(takenBytes, 3000U);
 }
 
 TEST(JsonMemory, AListThatIsReservedTakesItsMemoryAtOnce)

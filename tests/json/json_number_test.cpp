@@ -95,7 +95,9 @@ TEST(JsonNumber, NumbersInRunsAreReadAsAlone)
             text += text.size() == 1 ? "" : random() % 30 != 0 ? ", " : random() % 2 == 0 ? "," : " ,\n ";
             // What is no number, or none that is allowed, in the place of one.
             constexpr const char* kOthers[] = {"", "01", "1 2", "1 ,,", ", ", "1x", "00", "-", "1.", "x", "1/"};
-            other = other.empty() && random() % 40 == 0 ? text + kOthers[random() % std::size(kOthers)] : other;
+            if (other.empty() && random() % 40 == 0) {
+                other.append(text).append(kOthers[random() % std::size(kOthers)]);
+            }
             text += number;
         }
         const Tree list = read(text + (round % 2 == 0 ? "]" : "]" + std::string(100, ' ')));

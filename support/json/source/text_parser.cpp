@@ -362,7 +362,7 @@ inline const char* TextParser::readAnyNumber(const char* p, QvJsonValue_t* pValu
 // place behind the last number is returned.
 const char* TextParser::parseNumbers(const char* p, bool* pIsClosed)
 {
-    constexpr size_t kFirstRoom = sizeof(ArrayBlock) + 64 * sizeof(QvJsonValue_t);
+    constexpr size_t kFirstRoom = sizeof(ArrayBlock) + 4 * sizeof(QvJsonValue_t);
     char* pBlock = room(kFirstRoom);
     char* pTop = pBlock + sizeof(ArrayBlock);
     const char* pGapEnd = nullptr;

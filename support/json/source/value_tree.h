@@ -92,7 +92,6 @@ ObjectBlock* beginObject(void* pPiece, size_t capacity, uint32_t marks, TreeMemo
 inline QvJsonValue_t nullWith(TreeMemory* pMemory)
 {
     QvJsonValue_t value = {};
-    static_assert(sizeof(value.holder.integer) == sizeof(pMemory));
     value.holder.integer = reinterpret_cast<ssize_t>(pMemory);
     value.reserved = kPlaced | (pMemory != nullptr ? kHasMemory : 0);
     return value;
