@@ -6,8 +6,8 @@ source scripts/packages.sh
 
 install_packages "${build_packages[@]}"
 echo "building into build/release (a minute or two)"
-cmake --preset release -DQV_TESTS=OFF >/dev/null
-cmake --build --preset release | { grep -v '^\[' || true; }
+cmake --preset release >/dev/null
+cmake --build --preset release --target qvdb example_tune | { grep -v '^\[' || true; }
 
 qvdb=build/release/bin/qvdb
 document=examples/documents/imx477.json
