@@ -48,7 +48,7 @@ typedef struct QvJsonValue {
         QvJsonValueArray_t* pArray;   /* never null in an Array; owned by the tree */
         char* pChar;                  /* never null in a String; owned by the tree */
         QvJsonValueObject_t* pObject; /* never null in an Object; owned by the tree */
-    } holder;                         /* the value, by type */
+    } holder;                         /* the value, by type; private while it is null */
     char* pComment;                   /* lines that stand above the value; null if none; from malloc(), owned */
     char* pComment2;                  /* text behind the value on its line; null if none; from malloc(), owned */
     QvJsonValueType_t type;           /* which member of holder counts */
