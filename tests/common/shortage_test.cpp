@@ -3,10 +3,13 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <functional>
 #include <string>
 #include <thread>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -273,6 +276,21 @@ TEST_F(Shortage, CommonGivesAStatus)
         }
         QvCommonBuffer_delete(&pBuffer);
         return status;
+    });
+    runShort("save over an old file", [this] {
+        char old[] = "old";
+        char fresh[] = "new";
+        char found[4] = "";
+        const int file = ::open(file_.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+        bool isWell = ::write(file, static_cast<char*>(old), 3) == 3;
+        QvCommonBuffer_t buffer = {static_cast<char*>(fresh), 0, 3, nullptr, false};
+        const int status = QvCommonBuffer_save2(&buffer, file_.c_str(), 0);
+        ::close(file);
+        const int saved = ::open(file_.c_str(), O_RDONLY | O_CLOEXEC);
+        isWell = isWell && ::read(saved, static_cast<char*>(found), 3) == 3;
+        ::close(saved);
+        const char* pExpected = status == 0 ? static_cast<char*>(fresh) : static_cast<char*>(old);
+        return isWell && std::strcmp(static_cast<char*>(found), pExpected) == 0 ? status : QvCommonError_Failure;
     });
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), std::filesystem::directory_iterator()), 1);
 }
