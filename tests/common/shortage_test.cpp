@@ -263,6 +263,21 @@ TEST_F(Shortage, CommonGivesAStatus)
         QvCommonDQueue_close(&queue);
         return status;
     });
+    QvCommonDQueueHandle_t walked = 0;
+    ASSERT_EQ(QvCommonDQueue_open(nullptr, &walked), 0);
+    for (void* pElement = &walked; QvCommonDQueue_length(walked) < 300;) {
+        ASSERT_EQ(QvCommonDQueue_pushBack(walked, &pElement), 0);
+    }
+    const Outcome walk = runWith(0, [walked] {
+        int status = 0;
+        for (size_t number = 0; number < 300 && status == 0; ++number) {
+            void* pElement = nullptr;
+            status = firstOf({QvCommonDQueue_popFront(walked, &pElement), QvCommonDQueue_pushBack(walked, &pElement)});
+        }
+        return status;
+    });
+    EXPECT_EQ(walk.status, 0); // what was taken out can be put back
+    EXPECT_EQ(QvCommonDQueue_close(&walked), 0);
     runShort("buffer", [this] {
         QvCommonBuffer_t* pBuffer = nullptr;
         int status = QvCommonBuffer_create(&pBuffer);

@@ -1,8 +1,9 @@
 #include "qv_common_c/common_dqueue.h"
 
-#include <deque>
+#include <algorithm>
 #include <memory>
 #include <mutex>
+#include <vector>
 
 #include "boundary.h"
 
@@ -10,8 +11,46 @@ namespace {
 
 using namespace qv::common;
 
+// A ring. It never becomes smaller, so that what was taken out can be put back whatever memory there is: sections and
+// their members are walked that way.
+class Elements {
+public:
+    size_t size() const { return number_; }
+    void* at(size_t index) const { return places_[(first_ + index) % places_.size()]; }
+
+    void pushBack(void* pElement)
+    {
+        if (number_ == places_.size()) {
+            grow();
+        }
+        places_[(first_ + number_) % places_.size()] = pElement;
+        ++number_;
+    }
+
+    void popFront()
+    {
+        first_ = (first_ + 1) % places_.size();
+        --number_;
+    }
+
+private:
+    void grow()
+    {
+        std::vector<void*> places(std::max<size_t>(16, 2 * number_));
+        for (size_t index = 0; index < number_; ++index) {
+            places[index] = at(index);
+        }
+        places_.swap(places);
+        first_ = 0;
+    }
+
+    std::vector<void*> places_;
+    size_t first_ = 0;
+    size_t number_ = 0;
+};
+
 struct Queue {
-    std::deque<void*> elements;
+    Elements elements;
     QvCommonDQueueDeleteDataHandler_t pDelete = nullptr;
     bool isThreadSafe = false;
     std::mutex mutex;
@@ -49,7 +88,8 @@ int QvCommonDQueue_close(QvCommonDQueueHandle_t* pHandle)
     const std::unique_ptr<Queue> pQueue(fromHandle<Queue>(*pHandle));
     int status = QvCommonError_Success;
     if (pQueue->pDelete != nullptr) {
-        for (void* pElement : pQueue->elements) {
+        for (size_t index = 0; index < pQueue->elements.size(); ++index) {
+            void* pElement = pQueue->elements.at(index);
             const int released = pQueue->pDelete(&pElement);
             if (status == QvCommonError_Success) {
                 status = released;
@@ -78,7 +118,7 @@ int QvCommonDQueue_pushBack(QvCommonDQueueHandle_t handle, void** ppElement)
     return guarded([&] {
         Queue* pQueue = fromHandle<Queue>(handle);
         const auto lock = pQueue->lock();
-        pQueue->elements.push_back(*ppElement);
+        pQueue->elements.pushBack(*ppElement);
         return QvCommonError_Success;
     });
 }
@@ -91,11 +131,11 @@ int QvCommonDQueue_popFront(QvCommonDQueueHandle_t handle, void** ppElement)
     return guarded([&] {
         Queue* pQueue = fromHandle<Queue>(handle);
         const auto lock = pQueue->lock();
-        if (pQueue->elements.empty()) {
+        if (pQueue->elements.size() == 0) {
             return QvCommonError_NoEntry;
         }
-        *ppElement = pQueue->elements.front();
-        pQueue->elements.pop_front();
+        *ppElement = pQueue->elements.at(0);
+        pQueue->elements.popFront();
         return QvCommonError_Success;
     });
 }
