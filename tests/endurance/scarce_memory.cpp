@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <dlfcn.h>
 #include <execinfo.h>
+#include <set>
 #include <thread>
 
 extern "C" {
@@ -45,7 +46,7 @@ struct Callers {
     int depth;
     std::array<void*, 48> frames;
 };
-constinit std::array<Callers, 4096> callers{}; // by number
+constinit std::array<Callers, 8192> callers{}; // by number
 constinit std::size_t callersNumber = 0;
 
 Noted* placeOf(const void* pBlock)
@@ -203,6 +204,19 @@ void noteCallers(const std::vector<long>& numbers)
     for (std::size_t i = 0; i < callersNumber; ++i) {
         callers[i] = {numbers[i], 0, {}};
     }
+}
+
+std::vector<long> firstOfEachCaller()
+{
+    std::set<std::vector<void*>> known;
+    std::vector<long> numbers;
+    for (std::size_t i = 0; i < callersNumber; ++i) {
+        const auto begin = callers[i].frames.begin();
+        if (known.emplace(begin, begin + callers[i].depth).second) {
+            numbers.push_back(callers[i].number);
+        }
+    }
+    return numbers;
 }
 
 std::string callersOf(long number)

@@ -28,6 +28,9 @@ std::vector<long> keptBlocks();
 /// The next operation notes who asks for these blocks, by their numbers in rising order. That is slow.
 void noteCallers(const std::vector<long>& numbers);
 
+/// Of these the first of each caller, from whichever line on the stack.
+std::vector<long> firstOfEachCaller();
+
 /// Who asked for a block: the exported functions on the stack, innermost first, and the places of the others.
 std::string callersOf(long number);
 
