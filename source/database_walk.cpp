@@ -415,8 +415,13 @@ int writeFields(const Table& table, const Block& block, QvJsonValue_t* pValue)
         if (field.direction == Direction::ReadOnly) {
             continue;
         }
-        const int status = field.direction == Direction::ReadWhileWriting ? readField(field, pValue, block)
-                                                                          : writeField(field, block, pValue);
+        int status = kSuccess;
+        if (field.direction == Direction::ReadWhileWriting) {
+            writableMember(pValue, field.key); // a reader would make it just as well, but not tell where it can't
+            status = readField(field, pValue, block);
+        } else {
+            status = writeField(field, block, pValue);
+        }
         if (status != kSuccess) {
             traceRow(table, field, "serialize", status);
             if (field.written == Element::Record) {

@@ -3,10 +3,13 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <functional>
 #include <string>
 #include <thread>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -260,6 +263,21 @@ TEST_F(Shortage, CommonGivesAStatus)
         QvCommonDQueue_close(&queue);
         return status;
     });
+    QvCommonDQueueHandle_t walked = 0;
+    ASSERT_EQ(QvCommonDQueue_open(nullptr, &walked), 0);
+    for (void* pElement = &walked; QvCommonDQueue_length(walked) < 300;) {
+        ASSERT_EQ(QvCommonDQueue_pushBack(walked, &pElement), 0);
+    }
+    const Outcome walk = runWith(0, [walked] {
+        int status = 0;
+        for (size_t number = 0; number < 300 && status == 0; ++number) {
+            void* pElement = nullptr;
+            status = firstOf({QvCommonDQueue_popFront(walked, &pElement), QvCommonDQueue_pushBack(walked, &pElement)});
+        }
+        return status;
+    });
+    EXPECT_EQ(walk.status, 0); // what was taken out can be put back
+    EXPECT_EQ(QvCommonDQueue_close(&walked), 0);
     runShort("buffer", [this] {
         QvCommonBuffer_t* pBuffer = nullptr;
         int status = QvCommonBuffer_create(&pBuffer);
@@ -273,6 +291,21 @@ TEST_F(Shortage, CommonGivesAStatus)
         }
         QvCommonBuffer_delete(&pBuffer);
         return status;
+    });
+    runShort("save over an old file", [this] {
+        char old[] = "old";
+        char fresh[] = "new";
+        char found[4] = "";
+        const int file = ::open(file_.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+        bool isWell = ::write(file, static_cast<char*>(old), 3) == 3;
+        QvCommonBuffer_t buffer = {static_cast<char*>(fresh), 0, 3, nullptr, false};
+        const int status = QvCommonBuffer_save2(&buffer, file_.c_str(), 0);
+        ::close(file);
+        const int saved = ::open(file_.c_str(), O_RDONLY | O_CLOEXEC);
+        isWell = isWell && ::read(saved, static_cast<char*>(found), 3) == 3;
+        ::close(saved);
+        const char* pExpected = status == 0 ? static_cast<char*>(fresh) : static_cast<char*>(old);
+        return isWell && std::strcmp(static_cast<char*>(found), pExpected) == 0 ? status : QvCommonError_Failure;
     });
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), std::filesystem::directory_iterator()), 1);
 }

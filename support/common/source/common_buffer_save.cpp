@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cinttypes>
 #include <csignal>
 #include <cstddef>
 #include <cstdint>
@@ -142,14 +143,13 @@ class WaitingNames {
 public:
     WaitingNames(int folder, std::string_view target) : folder_(folder)
     {
-        uint64_t hash = 0xCBF29CE484222325; // FNV-1a: the same in every process. A target's own name may be too long.
+        // FNV-1a: the same in every process. A target's own name may be too long.
         for (const char byte : target) {
-            hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001B3;
+            hash_ = (hash_ ^ static_cast<unsigned char>(byte)) * 0x100000001B3;
         }
-        stem_ = ".qv_save." + std::to_string(hash) + ".";
     }
 
-    const char* name() const { return name_.c_str(); }
+    const char* name() const { return name_.data(); }
 
     /// Calls for one name after the other until the call doesn't fail because there is such a file. What is left over
     /// is removed. The call's last result.
@@ -157,7 +157,7 @@ public:
     int findFree(Call call)
     {
         while (number_ < kMostSaves) {
-            name_ = stem_ + std::to_string(number_);
+            makeName();
             const int result = call();
             if (result >= 0 || errno != EEXIST) {
                 return result;
@@ -174,7 +174,8 @@ public:
     void clean()
     {
         for (int last = number_ + kLookAhead; number_ < last && number_ < kMostSaves;) {
-            name_ = stem_ + std::to_string(++number_);
+            ++number_;
+            makeName();
             if (removeLeftOver() != Found::Nothing) {
                 last = number_ + kLookAhead;
             }
@@ -183,6 +184,9 @@ public:
 
 private:
     enum class Found { Nothing, InUse, Removed };
+
+    // Takes no memory: once the target is replaced nothing may make the save a failure.
+    void makeName() { std::snprintf(name_.data(), name_.size(), ".qv_save.%" PRIu64 ".%d", hash_, number_); }
 
     Found removeLeftOver() const
     {
@@ -206,8 +210,8 @@ private:
 
     int folder_;
     int number_ = 0;
-    std::string stem_;
-    std::string name_;
+    uint64_t hash_ = 0xCBF29CE484222325;
+    std::array<char, 48> name_{};
 };
 
 /// One replacement of a file, or the making of a new one.

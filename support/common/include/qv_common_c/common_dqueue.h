@@ -38,7 +38,8 @@ QV_COMMON_API int QvCommonDQueue_close(QvCommonDQueueHandle_t* pHandle);
 QV_COMMON_API size_t QvCommonDQueue_length(QvCommonDQueueHandle_t handle);
 
 /** Appends the pointer that `*ppElement` holds, which may be null. On success a queue with a delete handler owns the
- * element. `*ppElement` is left as it is. Status 0; 5 no memory; 13 bad arguments. */
+ * element. `*ppElement` is left as it is. A queue keeps the places of popped elements, so that as many can be pushed
+ * without memory. Status 0; 5 no memory; 13 bad arguments. */
 QV_COMMON_API int QvCommonDQueue_pushBack(QvCommonDQueueHandle_t handle, void** ppElement);
 
 /** Moves the first element into `*ppElement`; it is the caller's from then on.
