@@ -1,13 +1,14 @@
 #include "comment_text.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <string_view>
 
 namespace qv::json {
 
 namespace {
 
-// Blank lines at both ends go, line by line the blanks around the text.
+/// Blank lines at both ends go, line by line the blanks around the text.
 std::string trimmedLines(std::string_view inside)
 {
     inside = trimmedLine(inside);
@@ -25,7 +26,7 @@ std::string trimmedLines(std::string_view inside)
 std::string_view trimmedLine(std::string_view line)
 {
     constexpr std::string_view kBlanks = " \t\r\n\v\f";
-    const size_t first = line.find_first_not_of(kBlanks);
+    const std::size_t first = line.find_first_not_of(kBlanks);
     if (first == std::string_view::npos) {
         return {};
     }
@@ -40,9 +41,9 @@ CommentScan scanComment(const char* p, const char* pEnd)
         scan.pExpected = pExpected;
         return scan;
     };
-    const std::string_view rest(p, static_cast<size_t>(pEnd - p));
-    size_t end = 0;
-    size_t next = 0;
+    const std::string_view rest(p, static_cast<std::size_t>(pEnd - p));
+    std::size_t end = 0;
+    std::size_t next = 0;
     if (rest.starts_with("//")) {
         end = std::min(rest.find('\n'), rest.size());
         next = end;
@@ -56,7 +57,7 @@ CommentScan scanComment(const char* p, const char* pEnd)
         return fail(p + 1, "'/' or '*' of a comment");
     }
     const std::string_view inside = rest.substr(2, end - 2);
-    if (const size_t zero = inside.find('\0'); zero != std::string_view::npos) {
+    if (const std::size_t zero = inside.find('\0'); zero != std::string_view::npos) {
         return fail(inside.data() + zero, "a comment without zero bytes"); // they would end its string
     }
     scan.text = next == end ? std::string(trimmedLine(inside)) : trimmedLines(inside);

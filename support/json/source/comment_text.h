@@ -5,7 +5,7 @@
 
 namespace qv::json {
 
-// A comment in a text.
+/// A comment in a text.
 struct CommentScan {
     const char* pNext = nullptr;     // behind the comment; null if it is broken
     const char* pError = nullptr;    // where it is broken
@@ -13,14 +13,14 @@ struct CommentScan {
     std::string text;                // without delimiters, each line trimmed
 };
 
-// A line without the blanks around it, as the reader takes it and so as the writer writes it.
+/// A line without the blanks around it, as the reader takes it and so as the writer writes it.
 std::string_view trimmedLine(std::string_view line);
 
-// Reads the comment whose first slash stands at p. The line end behind // is not part of it.
+/// Reads the comment whose first slash stands at p. The line end behind // is not part of it.
 CommentScan scanComment(const char* p, const char* pEnd);
 
-// Several comments of one value are lines of one text. An empty comment is a line, too: `hasText` tells whether there
-// was one before.
+/// Several comments of one value are lines of one text. An empty comment is a line, too: `hasText` tells whether there
+/// was one before.
 void joinComment(std::string& text, bool hasText, const std::string& more);
 
 } // namespace qv::json

@@ -10,7 +10,7 @@
 // Short numbers in decimal digits, without loops or divisions, for the inside of lists.
 namespace qv::json {
 
-// The digits of all numbers below 1000, the first one in the lowest byte, as values.
+/// The digits of all numbers below 1000, the first one in the lowest byte, as values.
 constexpr auto kThreeDigits = [] {
     std::array<uint32_t, 1000> digits = {};
     for (uint32_t value = 0; value < 1000; ++value) {
@@ -19,14 +19,14 @@ constexpr auto kThreeDigits = [] {
     return digits;
 }();
 
-// The same of a number below 10^4.
+/// The same of a number below 10^4.
 inline uint32_t fourDigits(uint32_t value)
 {
     const uint32_t thousands = value * 8389 >> 23;
     return thousands | kThreeDigits[value - thousands * 1000] << 8;
 }
 
-// The eight digits of a number below 10^8: each step splits all parts at once.
+/// The eight digits of a number below 10^8: each step splits all parts at once.
 inline uint64_t eightDigits(uint32_t value)
 {
     const uint64_t high = value / 10000;
@@ -37,14 +37,14 @@ inline uint64_t eightDigits(uint32_t value)
     return tens | (pairs - tens * 10) << 8;
 }
 
-// Eight digits as text. All eight bytes are written, whatever of them is used.
+/// Eight digits as text. All eight bytes are written, whatever of them is used.
 inline void storeDigits(char* p, uint64_t digits)
 {
     storeEight(p, digits + repeated('0'));
 }
 
-// Writes a number below 10^4 and the ", " behind it at once. Returns the place behind both; up to three bytes behind that
-// are written, too.
+/// Writes a number below 10^4 and the ", " behind it at once. Returns the place behind both; up to three bytes behind
+/// that are written, too.
 inline char* writeShortItem(char* p, uint32_t value)
 {
     constexpr uint64_t kBehind = uint64_t{','} << 32 | uint64_t{' '} << 40;
@@ -54,10 +54,10 @@ inline char* writeShortItem(char* p, uint32_t value)
     return p + 6 - zeros;
 }
 
-// Any number.
+/// Any number.
 char* writeLongNatural(char* p, uint64_t value);
 
-// Writes a number without leading zeros. Returns the place behind it; up to seven bytes behind that are written, too.
+/// Writes a number without leading zeros. Returns the place behind it; up to seven bytes behind that are written, too.
 inline char* writeNatural(char* p, uint64_t value)
 {
     if (value < 10000) {
@@ -75,8 +75,8 @@ inline char* writeNatural(char* p, uint64_t value)
     return writeLongNatural(p, value);
 }
 
-// Writes a float with six digits behind the point, as writeFixed does, where it is short and no tie. Returns the place
-// behind it, or null with nothing but the byte at p changed.
+/// Writes a float with six digits behind the point, as writeFixed does, where it is short and no tie. Returns the place
+/// behind it, or null with nothing but the byte at p changed.
 inline char* writeShortFixed(char* p, double value)
 {
     constexpr double kScale = 1e6;

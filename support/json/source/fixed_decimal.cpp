@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 #include <charconv>
+#include <cstddef>
 #include <cstdint>
 
 #include "decimal_digits.h"
@@ -15,13 +16,13 @@ __extension__ typedef unsigned __int128 Wide;
 
 constexpr auto kScales = [] {
     std::array<uint64_t, kMaximumDecimals + 1> scales = {1};
-    for (size_t index = 1; index < scales.size(); ++index) {
+    for (std::size_t index = 1; index < scales.size(); ++index) {
         scales[index] = scales[index - 1] * 10;
     }
     return scales;
 }();
 
-// Writes exactly that many digits, with leading zeros. Up to eight bytes behind them are written, too.
+/// Writes exactly that many digits, with leading zeros. Up to eight bytes behind them are written, too.
 void writeDigits(char* p, uint64_t value, int number)
 {
     constexpr uint64_t kEight = 100000000;
@@ -34,7 +35,7 @@ void writeDigits(char* p, uint64_t value, int number)
     storeDigits(p, eightDigits(static_cast<uint32_t>(value)) >> (8 - number) * 8);
 }
 
-// |value| * scale as an integer, rounded half to even. The result fits into 63 bits.
+/// |value| * scale as an integer, rounded half to even. The result fits into 63 bits.
 uint64_t scaled(double value, uint64_t scale)
 {
     constexpr uint64_t kHidden = uint64_t{1} << 52;
@@ -81,7 +82,7 @@ char* writeFixedExactly(char* p, double value, int decimals)
         *p++ = '-';
         value = -value;
     }
-    const uint64_t scale = kScales[static_cast<size_t>(decimals)];
+    const uint64_t scale = kScales[static_cast<std::size_t>(decimals)];
     constexpr double kLimit = 9223372036854775808.0; // 2^63
     if (!(value < kLimit / static_cast<double>(scale))) {
         return std::to_chars(p, p + kFixedRoom - 1, value, std::chars_format::fixed, decimals).ptr;

@@ -1,10 +1,10 @@
-#include "qv_json_c/json_path.h"
+#include <qv_json_c/json_path.h>
 
 #include <string_view>
 
-#include "qv_common_c/common_error.h"
 #include "scratch_value.h"
 #include "value_tree.h"
+#include <qv_common_c/common_error.h>
 
 using namespace qv::json;
 

@@ -1,4 +1,4 @@
-#include "qv_json_c/json_reader.h"
+#include <qv_json_c/json_reader.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -6,10 +6,10 @@
 #include <memory>
 #include <new>
 
-#include "qv_common_c/common_buffer.h"
-#include "qv_common_c/common_error.h"
-#include "qv_common_c/common_tracer.h"
 #include "text_parser.h"
+#include <qv_common_c/common_buffer.h>
+#include <qv_common_c/common_error.h>
+#include <qv_common_c/common_tracer.h>
 
 using namespace qv::json;
 

@@ -1,13 +1,14 @@
-#include "qv_json_c/json_value.h"
+#include <qv_json_c/json_value.h>
 
 #include <cmath>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
 
-#include "qv_common_c/common_error.h"
 #include "scratch_value.h"
 #include "value_tree.h"
+#include <qv_common_c/common_error.h>
 
 using namespace qv::json;
 
@@ -15,10 +16,10 @@ static_assert(sizeof(QvJsonValue_t) == 32, "the mark stands in what would be pad
 
 namespace {
 
-// So far past the end an index is a fault of its caller.
-constexpr size_t kMaximumGap = size_t{1} << 20;
+/// So far past the end an index is a fault of its caller.
+constexpr std::size_t kMaximumGap = std::size_t{1} << 20;
 
-// What an add puts in place, marked as standing there.
+/// What an add puts in place, marked as standing there.
 QvJsonValue_t placed(QvJsonValueType_t type, QvJsonValue_t::Holder holder)
 {
     return {holder, nullptr, nullptr, type, kPlaced};
@@ -45,7 +46,7 @@ QvJsonValue_t scalar(ssize_t value)
     return placed(QvJsonValueType_Integer, holder);
 }
 
-// The place of a new or existing member. It is found before anything is given up, so a failure changes nothing.
+/// The place of a new or existing member. It is found before anything is given up, so a failure changes nothing.
 int memberPlace(QvJsonValue_t* pValue, const char* pKey, QvJsonValue_t** ppPlace)
 {
     if (pValue == nullptr || pKey == nullptr ||
@@ -62,7 +63,7 @@ int memberPlace(QvJsonValue_t* pValue, const char* pKey, QvJsonValue_t** ppPlace
     return *ppPlace != nullptr ? QvCommonError_Success : QvCommonError_OutOfMemory;
 }
 
-// The place of a new item, still to be filled.
+/// The place of a new item, still to be filled.
 int itemPlace(QvJsonValue_t* pValue, QvJsonValue_t** ppPlace)
 {
     // Lists are filled by one call an item, and most of them find room.
@@ -84,7 +85,7 @@ int itemPlace(QvJsonValue_t* pValue, QvJsonValue_t** ppPlace)
     return QvCommonError_Success;
 }
 
-// Puts kind and content of a value into a place; comments and address of the place stay.
+/// Puts kind and content of a value into a place; comments and address of the place stay.
 void setContent(QvJsonValue_t& place, const QvJsonValue_t& content)
 {
     releaseContent(place);
@@ -102,7 +103,7 @@ int addToObject(QvJsonValue_t* pValue, const char* pKey, const QvJsonValue_t& co
     return status;
 }
 
-// Adds what leaves an array flat.
+/// Adds what leaves an array flat.
 int addToArray(QvJsonValue_t* pValue, const QvJsonValue_t& scalar)
 {
     QvJsonValue_t* pPlace = nullptr;
@@ -113,7 +114,7 @@ int addToArray(QvJsonValue_t* pValue, const QvJsonValue_t& scalar)
     return status;
 }
 
-// A text for the tree to own.
+/// A text for the tree to own.
 int makeText(const char* pText, QvJsonValue_t* pContent)
 {
     if (pText == nullptr) {
@@ -130,7 +131,7 @@ bool isFree(const QvJsonValue_t* pTarget, QvJsonValue_t* const* ppValue)
     return ppValue != nullptr && *ppValue != nullptr && *ppValue != pTarget && ((*ppValue)->reserved & kPlaced) == 0;
 }
 
-// Moves a value with its comments into its place and lets the caller's variable follow.
+/// Moves a value with its comments into its place and lets the caller's variable follow.
 void moveInto(QvJsonValue_t& place, QvJsonValue_t** ppValue)
 {
     QvJsonValue_t* pShell = *ppValue;
@@ -231,18 +232,18 @@ bool QvJsonValue_isEmpty(QvJsonValue_t* pValue)
     }
 }
 
-size_t QvJsonValue_size(QvJsonValue_t* pValue)
+std::size_t QvJsonValue_size(QvJsonValue_t* pValue)
 {
     return pValue != nullptr && pValue->type == QvJsonValueType_Array ? pValue->holder.pArray->number : 0;
 }
 
-QvJsonValue_t* QvJsonValue_item(QvJsonValue_t* pValue, size_t index)
+QvJsonValue_t* QvJsonValue_item(QvJsonValue_t* pValue, std::size_t index)
 {
     if (QvJsonValue_t* pItem = findItem(pValue, index); pItem != nullptr) {
         endFlat(*arrayOf(*pValue));
         return pItem;
     }
-    const size_t number = QvJsonValue_size(pValue);
+    const std::size_t number = QvJsonValue_size(pValue);
     if (pValue == nullptr || index - number >= kMaximumGap || !becomeArray(*pValue)) {
         return scratchValue();
     }
@@ -317,22 +318,22 @@ char* QvJsonValue_asString(QvJsonValue_t* pValue)
     return pValue != nullptr && pValue->type == QvJsonValueType_String ? pValue->holder.pChar : nullptr;
 }
 
-bool QvJsonValue_itemAsBoolean(QvJsonValue_t* pValue, size_t index)
+bool QvJsonValue_itemAsBoolean(QvJsonValue_t* pValue, std::size_t index)
 {
     return QvJsonValue_asBoolean(findItem(pValue, index));
 }
 
-double QvJsonValue_itemAsFloat(QvJsonValue_t* pValue, size_t index)
+double QvJsonValue_itemAsFloat(QvJsonValue_t* pValue, std::size_t index)
 {
     return QvJsonValue_asFloat(findItem(pValue, index));
 }
 
-ssize_t QvJsonValue_itemAsInteger(QvJsonValue_t* pValue, size_t index)
+ssize_t QvJsonValue_itemAsInteger(QvJsonValue_t* pValue, std::size_t index)
 {
     return QvJsonValue_asInteger(findItem(pValue, index));
 }
 
-char* QvJsonValue_itemAsString(QvJsonValue_t* pValue, size_t index)
+char* QvJsonValue_itemAsString(QvJsonValue_t* pValue, std::size_t index)
 {
     return QvJsonValue_asString(findItem(pValue, index));
 }
@@ -400,7 +401,7 @@ int QvJsonValue_addStringToArray(QvJsonValue_t* pValue, const char* pText)
     return QvCommonError_Success;
 }
 
-int QvJsonValue_reserve(QvJsonValue_t* pValue, size_t number)
+int QvJsonValue_reserve(QvJsonValue_t* pValue, std::size_t number)
 {
     if (pValue == nullptr || (pValue->type != QvJsonValueType_Null && pValue->type != QvJsonValueType_Array)) {
         return QvCommonError_BadArgument;

@@ -1,14 +1,14 @@
-#include "qv_json_c/json_writer.h"
+#include <qv_json_c/json_writer.h>
 
 #include <cstdio>
 #include <cstring>
 #include <exception>
 
 #include "fixed_decimal.h"
-#include "qv_common_c/common_buffer.h"
-#include "qv_common_c/common_error.h"
-#include "qv_common_c/common_tracer.h"
 #include "text_writer.h"
+#include <qv_common_c/common_buffer.h>
+#include <qv_common_c/common_error.h>
+#include <qv_common_c/common_tracer.h>
 
 using namespace qv::json;
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 #include <cerrno>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <ctime>
@@ -14,7 +15,7 @@ namespace qv::json {
 
 namespace {
 
-// SipHash-1-3, which is made for tables with keys from strangers.
+/// SipHash-1-3, which is made for tables with keys from strangers.
 class SipHash {
 public:
     explicit SipHash(const std::array<uint64_t, 2>& seed)
@@ -77,11 +78,11 @@ std::array<uint64_t, 2> makeSeed()
 
 } // namespace
 
-size_t hashOfKey(std::string_view key)
+std::size_t hashOfKey(std::string_view key)
 {
     static const std::array<uint64_t, 2> seed = makeSeed();
     SipHash hash(seed);
-    const size_t length = key.size();
+    const std::size_t length = key.size();
     while (key.size() >= 8) {
         hash.add(loadEight(key.data()));
         key.remove_prefix(8);
@@ -89,7 +90,7 @@ size_t hashOfKey(std::string_view key)
     std::array<char, 8> rest = {};
     key.copy(rest.data(), key.size());
     hash.add(loadEight(rest.data()) | static_cast<uint64_t>(length) << 56);
-    return static_cast<size_t>(hash.finish());
+    return static_cast<std::size_t>(hash.finish());
 }
 
 } // namespace qv::json

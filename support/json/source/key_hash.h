@@ -5,7 +5,7 @@
 
 namespace qv::json {
 
-// A hash that differs from process to process: nobody can choose keys for a document that meet in one place.
-size_t hashOfKey(std::string_view key);
+/// A hash that differs from process to process: nobody can choose keys for a document that meet in one place.
+std::size_t hashOfKey(std::string_view key);
 
 } // namespace qv::json

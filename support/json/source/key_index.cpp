@@ -1,6 +1,7 @@
 #include "key_index.h"
 
 #include <bit>
+#include <cstddef>
 #include <cstdlib>
 #include <new>
 
@@ -8,13 +9,13 @@
 
 namespace qv::json {
 
-KeyIndex* KeyIndex::make(size_t number)
+KeyIndex* KeyIndex::make(std::size_t number)
 {
     // At most half full. Places are kept in 32 bits.
     if (number > UINT32_MAX / 4) {
         return nullptr;
     }
-    const size_t slotNumber = std::bit_ceil(number) * 2;
+    const std::size_t slotNumber = std::bit_ceil(number) * 2;
     auto* pSlots = static_cast<uint32_t*>(std::calloc(slotNumber, sizeof(uint32_t)));
     if (pSlots == nullptr) {
         return nullptr;
@@ -36,9 +37,9 @@ KeyIndex::~KeyIndex()
     std::free(pSlots_);
 }
 
-size_t KeyIndex::find(const QvJsonValuePair_t* pPairs, std::string_view key) const
+std::size_t KeyIndex::find(const QvJsonValuePair_t* pPairs, std::string_view key) const
 {
-    for (size_t slot = hashOfKey(key);; ++slot) {
+    for (std::size_t slot = hashOfKey(key);; ++slot) {
         const uint32_t place = pSlots_[slot & mask_];
         if (place == 0) {
             return kNone;
@@ -49,12 +50,12 @@ size_t KeyIndex::find(const QvJsonValuePair_t* pPairs, std::string_view key) con
     }
 }
 
-bool KeyIndex::add(std::string_view key, size_t place)
+bool KeyIndex::add(std::string_view key, std::size_t place)
 {
     if ((number_ + 1) * 2 > mask_ + 1) {
         return false;
     }
-    size_t slot = hashOfKey(key);
+    std::size_t slot = hashOfKey(key);
     while (pSlots_[slot & mask_] != 0) {
         ++slot;
     }

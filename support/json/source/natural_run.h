@@ -8,15 +8,15 @@
 #endif
 
 #include "number_text.h"
-#include "qv_json_c/json_value.h"
 #include "text_bytes.h"
+#include <qv_json_c/json_value.h>
 
 // Runs of short numbers without sign and point, a comma and a blank apart, which most of a document is. Number after
-// number each one's end would have to be known before the next one's start is. Here the ends in a piece of text are found
-// all at once.
+// number each one's end would have to be known before the next one's start is. Here the ends in a piece of text are
+// found all at once.
 namespace qv::json {
 
-// A bit for each of 64 bytes, the lowest for the first, that is set where the byte is no digit.
+/// A bit for each of 64 bytes, the lowest for the first, that is set where the byte is no digit.
 inline uint64_t findOthersPortably(const char* p)
 {
     uint64_t others = 0;
@@ -47,10 +47,10 @@ inline uint64_t findOthers(const char* p)
 #endif
 }
 
-// What may be looked at from the start of a number on.
+/// What may be looked at from the start of a number on.
 constexpr ptrdiff_t kRunReach = 64 + 8;
 
-// No more than 22 numbers begin in 64 bytes.
+/// No more than 22 numbers begin in 64 bytes.
 constexpr ptrdiff_t kRunRoom = 22 * sizeof(QvJsonValue_t);
 
 struct NaturalRun {
@@ -58,9 +58,9 @@ struct NaturalRun {
     QvJsonValue_t* pItem; // behind the items that were filled
 };
 
-// Reads numbers of up to eight digits as long as ", " stands behind them and there is text and room for more. Stops
-// before the first one that is different, which may be the one at p. There is room for items up to pLimit, which get the
-// mark.
+/// Reads numbers of up to eight digits as long as ", " stands behind them and there is text and room for more. Stops
+/// before the first one that is different, which may be the one at p. There is room for items up to pLimit, which get
+/// the mark.
 inline NaturalRun readNaturals(const char* p, const char* pEnd, QvJsonValue_t* pItem, const char* pLimit, uint32_t mark)
 {
     while (pEnd - p >= kRunReach && pLimit - reinterpret_cast<const char*>(pItem) >= kRunRoom) {

@@ -2,6 +2,7 @@
 
 #include <cfloat>
 #include <charconv>
+#include <cstddef>
 #include <string_view>
 
 namespace qv::json {
@@ -21,7 +22,7 @@ const char* skipDigits(const char* p, const char* pEnd)
     return p;
 }
 
-// The parts of a number as the grammar has them. Parts that are absent are empty.
+/// The parts of a number as the grammar has them. Parts that are absent are empty.
 struct Parts {
     bool isNegative = false;
     std::string_view whole;
@@ -36,7 +37,7 @@ const char* split(const char* p, const char* pEnd, Parts* pParts, const char** p
     const auto takeDigits = [&](const char* pFirst, std::string_view* pDigits) {
         const char* pNext = skipDigits(pFirst, pEnd);
         *ppError = pNext;
-        *pDigits = std::string_view(pFirst, static_cast<size_t>(pNext - pFirst));
+        *pDigits = std::string_view(pFirst, static_cast<std::size_t>(pNext - pFirst));
         return pNext;
     };
     pParts->isNegative = *p == '-';
@@ -71,12 +72,12 @@ const char* split(const char* p, const char* pEnd, Parts* pParts, const char** p
         if (digits.empty()) {
             return nullptr;
         }
-        pParts->exponent = std::string_view(pExponent, static_cast<size_t>(p - pExponent));
+        pParts->exponent = std::string_view(pExponent, static_cast<std::size_t>(p - pExponent));
     }
     return p;
 }
 
-// Where the first digit that isn't zero stands: above 0 left of the point, else right of it.
+/// Where the first digit that isn't zero stands: above 0 left of the point, else right of it.
 long long magnitude(const Parts& parts)
 {
     long long exponent = 0;
@@ -88,15 +89,15 @@ long long magnitude(const Parts& parts)
     if (result.ec == std::errc::result_out_of_range) {
         return text.front() == '-' ? -1 : 1;
     }
-    const size_t place = parts.whole.find_first_not_of('0');
+    const std::size_t place = parts.whole.find_first_not_of('0');
     if (place != std::string_view::npos) {
         return exponent + static_cast<long long>(parts.whole.size() - place);
     }
-    const size_t zeros = parts.fraction.find_first_not_of('0');
+    const std::size_t zeros = parts.fraction.find_first_not_of('0');
     return exponent - static_cast<long long>(zeros == std::string_view::npos ? 0 : zeros);
 }
 
-// A decimal of at most 15 digits, in one division.
+/// A decimal of at most 15 digits, in one division.
 bool readShortDecimal(const Parts& parts, double* pValue)
 {
     if (parts.hasExponent || parts.whole.size() + parts.fraction.size() > 15) {
@@ -113,7 +114,7 @@ bool readShortDecimal(const Parts& parts, double* pValue)
     return true;
 }
 
-// An integer that fits into 64 bits, with or without sign.
+/// An integer that fits into 64 bits, with or without sign.
 bool readInteger(const Parts& parts, ssize_t* pValue)
 {
     uint64_t bits = 0;

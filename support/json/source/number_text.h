@@ -3,21 +3,21 @@
 #include <array>
 #include <cstddef>
 
-#include "qv_json_c/json_value.h"
 #include "text_bytes.h"
+#include <qv_json_c/json_value.h>
 
 namespace qv::json {
 
-// Every power of ten here is a double without rounding, and so is every integer below 2^53. One division of the two is
-// therefore correctly rounded.
+/// Every power of ten here is a double without rounding, and so is every integer below 2^53. One division of the two is
+/// therefore correctly rounded.
 constexpr std::array<double, 23> kPowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                                  1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
-// Reads any number that the grammar allows. Returns the place behind it, or null with *ppError at the character that
-// should have been a digit.
+/// Reads any number that the grammar allows. Returns the place behind it, or null with *ppError at the character that
+/// should have been a digit.
 const char* readNumber(const char* p, const char* pEnd, QvJsonValue_t* pValue, const char** ppError);
 
-// How many of eight bytes are digits, from the first one on.
+/// How many of eight bytes are digits, from the first one on.
 inline unsigned leadingDigits(uint64_t bytes)
 {
     const uint64_t digits = bytes ^ repeated('0');
@@ -26,7 +26,7 @@ inline unsigned leadingDigits(uint64_t bytes)
     return unmarkedBytes(((digits + repeated('\x76')) | digits) & kHighs);
 }
 
-// The value of the first `number` bytes, all of them digits; 1 to 8.
+/// The value of the first `number` bytes, all of them digits; 1 to 8.
 inline uint32_t digitsValue(uint64_t bytes, unsigned number)
 {
     // The digits move to the end behind leading zeros, then neighbours are joined in three steps.
@@ -38,11 +38,11 @@ inline uint32_t digitsValue(uint64_t bytes, unsigned number)
     return static_cast<uint32_t>(digits);
 }
 
-// How many bytes readShortNumber may look at.
+/// How many bytes readShortNumber may look at.
 constexpr ptrdiff_t kShortReach = 1 + 8 + 1 + 8;
 
-// Reads a number of up to seven digits before and behind the point, without a loop. Sets holder and type of *pValue and
-// returns the place behind the number; null if it is something longer, or no number.
+/// Reads a number of up to seven digits before and behind the point, without a loop. Sets holder and type of *pValue
+/// and returns the place behind the number; null if it is something longer, or no number.
 inline const char* readShortNumber(const char* p, QvJsonValue_t* pValue)
 {
     bool isNegative = false;

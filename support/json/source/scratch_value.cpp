@@ -13,11 +13,11 @@ namespace {
 
 struct Ring {
     std::array<QvJsonValue_t, 16> values;
-    size_t next;
+    std::size_t next;
 };
 
-// What there is to give where not even a ring can be had. All threads share it, which does no harm as nothing is ever
-// put into it.
+/// What there is to give where not even a ring can be had. All threads share it, which does no harm as nothing is ever
+/// put into it.
 constinit QvJsonValue_t frozen = {{}, nullptr, nullptr, QvJsonValueType_Null, kPlaced | kFrozen};
 
 void releaseRing(void* pBlock)
@@ -29,8 +29,8 @@ void releaseRing(void* pBlock)
     std::free(pRing);
 }
 
-// Where a thread keeps its ring. A thread_local with a destructor would be shorter, but the C library aborts the
-// process when it finds no memory to note such a destructor.
+/// Where a thread keeps its ring. A thread_local with a destructor would be shorter, but the C library aborts the
+/// process when it finds no memory to note such a destructor.
 class RingKey {
 public:
     RingKey() : isMade_(pthread_key_create(&key_, releaseRing) == 0) {}
@@ -39,7 +39,7 @@ public:
     RingKey(RingKey&&) = delete;
     RingKey& operator=(RingKey&&) = delete;
 
-    // The calling thread's ring, or null.
+    /// The calling thread's ring, or null.
     Ring* ring() const
     {
         if (!isMade_) {
@@ -56,7 +56,7 @@ public:
         return pRing;
     }
 
-    // Nothing may lead a thread's end into a library that is no longer there.
+    /// Nothing may lead a thread's end into a library that is no longer there.
     void remove()
     {
         if (isMade_) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstddef>
 #include <cstdint>
 
 #include "text_bytes.h"
@@ -11,12 +12,12 @@ namespace qv::json {
 
 namespace {
 
-// What stands for the characters behind a backslash.
+/// What stands for the characters behind a backslash.
 constexpr std::string_view kEscapes = "\"\\/bfnrt";
 constexpr std::string_view kMeanings = "\"\\/\b\f\n\r\t";
 
-// Marks each of eight bytes that is a quote, a backslash, a control character or no ASCII. Marks behind the first may
-// be wrong.
+/// Marks each of eight bytes that is a quote, a backslash, a control character or no ASCII. Marks behind the first may
+/// be wrong.
 uint64_t markSpecial(uint64_t bytes)
 {
     const uint64_t quotes = bytes ^ repeated('"');
@@ -45,7 +46,7 @@ const char* skipPlain(const char* p, const char* pEnd)
     return p;
 }
 
-// Four hex digits at p; -1 if there are none.
+/// Four hex digits at p; -1 if there are none.
 int32_t readHex(const char* p, const char* pEnd)
 {
     if (pEnd - p < 4) {
@@ -66,7 +67,7 @@ bool isLowSurrogate(int32_t unit)
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-// Checks the escape whose backslash stands at p. Returns the place behind it, or null with the fault in *pScan.
+/// Checks the escape whose backslash stands at p. Returns the place behind it, or null with the fault in *pScan.
 const char* checkEscape(const char* p, const char* pEnd, StringScan* pScan)
 {
     const auto fail = [&](const char* pError, const char* pExpected) {
@@ -119,7 +120,7 @@ char* writeUtf8(uint32_t point, char* p)
 
 } // namespace
 
-size_t sequenceLength(const char* p, const char* pEnd)
+std::size_t sequenceLength(const char* p, const char* pEnd)
 {
     const auto byteAt = [&](ptrdiff_t index) -> unsigned {
         return index < pEnd - p ? static_cast<unsigned char>(p[index]) : 0;
@@ -167,7 +168,7 @@ StringScan scanString(const char* p, const char* pEnd)
             scan.pExpected = "'\"' or an escape instead of a control character";
             return scan;
         } else {
-            const size_t length = sequenceLength(p, pEnd);
+            const std::size_t length = sequenceLength(p, pEnd);
             if (length == 0) {
                 scan.pError = p;
                 scan.pExpected = "valid UTF-8";
@@ -178,7 +179,7 @@ StringScan scanString(const char* p, const char* pEnd)
     }
 }
 
-size_t resolveEscapes(std::string_view text, char* pTarget)
+std::size_t resolveEscapes(std::string_view text, char* pTarget)
 {
     char* pOut = pTarget;
     const char* p = text.data();
@@ -204,7 +205,7 @@ size_t resolveEscapes(std::string_view text, char* pTarget)
         }
         pOut = writeUtf8(point, pOut);
     }
-    return static_cast<size_t>(pOut - pTarget);
+    return static_cast<std::size_t>(pOut - pTarget);
 }
 
 } // namespace qv::json

@@ -33,7 +33,7 @@ inline void storeEight(char* pText, uint64_t bytes)
     std::memcpy(pText, &bytes, sizeof(bytes));
 }
 
-// How many bytes stand before the first one that is marked in its high bit; 8 if none is.
+/// How many bytes stand before the first one that is marked in its high bit; 8 if none is.
 inline unsigned unmarkedBytes(uint64_t marks)
 {
     return static_cast<unsigned>(std::countr_zero(marks)) / 8;

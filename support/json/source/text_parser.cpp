@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -20,8 +21,8 @@ namespace qv::json {
 
 namespace {
 
-// For what operations add to a tree that was read.
-constexpr size_t kLaterChunk = 1024;
+/// For what operations add to a tree that was read.
+constexpr std::size_t kLaterChunk = 1024;
 
 char* copyTextOrThrow(std::string_view text)
 {
@@ -32,25 +33,25 @@ char* copyTextOrThrow(std::string_view text)
     return pCopy;
 }
 
-// Writes the inside of a text in quotes with a zero byte behind it to a place that has room. Returns the place behind.
+/// Writes the inside of a text in quotes with a zero byte behind it to a place that has room. Returns the place behind.
 char* writeText(char* pTarget, const char* pText, const StringScan& scan)
 {
-    const std::string_view text(pText, static_cast<size_t>(scan.pQuote - pText));
+    const std::string_view text(pText, static_cast<std::size_t>(scan.pQuote - pText));
     char* pZero = pTarget + (scan.hasEscape ? resolveEscapes(text, pTarget) : text.copy(pTarget, text.size()));
     *pZero = '\0';
     return pZero + 1;
 }
 
-// What the tree of a text will take, judged by samples of it.
-size_t expectedBytes(const char* pBegin, const char* pEnd)
+/// What the tree of a text will take, judged by samples of it.
+std::size_t expectedBytes(const char* pBegin, const char* pEnd)
 {
-    constexpr size_t kSample = 256;
-    constexpr size_t kDistance = 32; // in samples; long texts alone have gaps
-    constexpr size_t kValue = sizeof(QvJsonValue_t);
+    constexpr std::size_t kSample = 256;
+    constexpr std::size_t kDistance = 32; // in samples; long texts alone have gaps
+    constexpr std::size_t kValue = sizeof(QvJsonValue_t);
     // What each character stands for: a comma for a value, a colon for a key. Letters are those of keys and texts.
     constexpr auto kWeights = [] {
         std::array<uint8_t, 256> weights = {};
-        for (size_t byte = 'A'; byte < weights.size(); ++byte) {
+        for (std::size_t byte = 'A'; byte < weights.size(); ++byte) {
             weights[byte] = 1;
         }
         weights['"'] = 4;
@@ -60,20 +61,20 @@ size_t expectedBytes(const char* pBegin, const char* pEnd)
         weights[':'] = sizeof(QvJsonValuePair_t);
         return weights;
     }();
-    const auto size = static_cast<size_t>(pEnd - pBegin);
-    const size_t step = size < kSample * kDistance * 8 ? kSample : kSample * kDistance;
-    size_t bytes = 0;
-    size_t seen = 0;
-    for (size_t begin = 0; begin < size; begin += step) {
-        const size_t end = std::min(begin + kSample, size);
+    const auto size = static_cast<std::size_t>(pEnd - pBegin);
+    const std::size_t step = size < kSample * kDistance * 8 ? kSample : kSample * kDistance;
+    std::size_t bytes = 0;
+    std::size_t seen = 0;
+    for (std::size_t begin = 0; begin < size; begin += step) {
+        const std::size_t end = std::min(begin + kSample, size);
         seen += end - begin;
-        for (size_t index = begin; index < end; ++index) {
+        for (std::size_t index = begin; index < end; ++index) {
             bytes += kWeights[static_cast<unsigned char>(pBegin[index])];
         }
     }
     // A little more than judged, and no more than any text can need.
     const double share = seen != 0 ? static_cast<double>(bytes) / static_cast<double>(seen) : 0;
-    return static_cast<size_t>(static_cast<double>(size) * std::min(share * 1.02, 24.0));
+    return static_cast<std::size_t>(static_cast<double>(size) * std::min(share * 1.02, 24.0));
 }
 
 bool startsNumber(char c)
@@ -81,19 +82,19 @@ bool startsNumber(char c)
     return (c >= '0' && c <= '9') || c == '-';
 }
 
-// A number from 0 to 63 that tells most keys apart.
+/// A number from 0 to 63 that tells most keys apart.
 unsigned keyBit(const Key& key)
 {
     if (key.length == 0) {
         return 0;
     }
-    const auto byteAt = [&](size_t index) -> unsigned { return static_cast<unsigned char>(key.pText[index]); };
+    const auto byteAt = [&](std::size_t index) -> unsigned { return static_cast<unsigned char>(key.pText[index]); };
     const unsigned sum = byteAt(0) * 7 + byteAt(key.length - 1) * 31 + byteAt(key.length / 2) * 13;
     return (sum + static_cast<unsigned>(key.length) * 3) % 64;
 }
 
-// Whether a key stood before in its object. With many keys that is left to the object's index.
-bool mayStandBefore(const Key* pKeys, size_t index)
+/// Whether a key stood before in its object. With many keys that is left to the object's index.
+bool mayStandBefore(const Key* pKeys, std::size_t index)
 {
     if (index >= kIndexedNumber) {
         return true;
@@ -108,7 +109,7 @@ bool mayStandBefore(const Key* pKeys, size_t index)
 TextParser::TextParser(ParserMemory& memory, const char* pBegin, const char* pEnd)
     : memory_(memory), values_(memory.values), keys_(memory.keys), pBegin_(pBegin), pEnd_(pEnd)
 {
-    const size_t bytes = expectedBytes(pBegin, pEnd);
+    const std::size_t bytes = expectedBytes(pBegin, pEnd);
     pTree_ = TreeMemory::make(bytes);
     if (pTree_ == nullptr) {
         throw std::bad_alloc();
@@ -129,8 +130,8 @@ TextParser::~TextParser()
     }
 }
 
-// Room in the tree's memory.
-inline char* TextParser::room(size_t bytes)
+/// Room in the tree's memory.
+inline char* TextParser::room(std::size_t bytes)
 {
     char* pRoom = pTree_->room(bytes);
     if (pRoom == nullptr) [[unlikely]] {
@@ -139,7 +140,7 @@ inline char* TextParser::room(size_t bytes)
     return pRoom;
 }
 
-void TextParser::dropKeys(size_t firstKey)
+void TextParser::dropKeys(std::size_t firstKey)
 {
     while (keys_.size() != firstKey) {
         std::free(keys_.top().pOwned);
@@ -151,7 +152,7 @@ bool TextParser::parse(QvJsonValue_t* pRoot)
 {
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     const char* p = pBegin_;
-    if (std::string_view(p, static_cast<size_t>(pEnd_ - p)).starts_with(kByteOrderMark)) {
+    if (std::string_view(p, static_cast<std::size_t>(pEnd_ - p)).starts_with(kByteOrderMark)) {
         p += kByteOrderMark.size();
     }
     p = skip(p, Gap::Start);
@@ -180,7 +181,7 @@ bool TextParser::parse(QvJsonValue_t* pRoot)
 
 std::string TextParser::error() const
 {
-    size_t line = 1;
+    std::size_t line = 1;
     const char* pLine = pBegin_;
     for (const char* p = pBegin_; p != pError_; ++p) {
         if (*p == '\n') {
@@ -283,8 +284,8 @@ void TextParser::appendComment2(QvJsonValue_t& value, const std::string& text)
     value.pComment2 = pCopy;
 }
 
-// Comments with no value behind them go to the value before them, if the container has one.
-inline void TextParser::giveRestToLastValue(size_t firstValue)
+/// Comments with no value behind them go to the value before them, if the container has one.
+inline void TextParser::giveRestToLastValue(std::size_t firstValue)
 {
     if (hasComment_ && values_.size() > firstValue) [[unlikely]] {
         appendComment2(values_.top(), comment_);
@@ -309,7 +310,7 @@ const char* TextParser::parseCommentedValue(const char* p)
     return p;
 }
 
-// A new value on the stack, already marked as what it will be in its container.
+/// A new value on the stack, already marked as what it will be in its container.
 inline QvJsonValue_t& TextParser::addValue(QvJsonValueType_t type)
 {
     QvJsonValue_t& value = values_.add();
@@ -357,19 +358,19 @@ inline const char* TextParser::readAnyNumber(const char* p, QvJsonValue_t* pValu
     return pNext;
 }
 
-// Most of a document is lists of numbers: they are read into the block that they will stay in, which grows at the end
-// of the newest chunk. Where something else comes, what was read moves to the stack, and *pIsClosed is false: then the
-// place behind the last number is returned.
+/// Most of a document is lists of numbers: they are read into the block that they will stay in, which grows at the end
+/// of the newest chunk. Where something else comes, what was read moves to the stack, and *pIsClosed is false: then the
+/// place behind the last number is returned.
 const char* TextParser::parseNumbers(const char* p, bool* pIsClosed)
 {
-    constexpr size_t kFirstRoom = sizeof(ArrayBlock) + 4 * sizeof(QvJsonValue_t);
+    constexpr std::size_t kFirstRoom = sizeof(ArrayBlock) + 4 * sizeof(QvJsonValue_t);
     char* pBlock = room(kFirstRoom);
     char* pTop = pBlock + sizeof(ArrayBlock);
     const char* pGapEnd = nullptr;
     *pIsClosed = false;
     for (;;) {
         if (pTree_->limit() - pTop < ptrdiff_t{sizeof(QvJsonValue_t)}) [[unlikely]] {
-            const auto used = static_cast<size_t>(pTop - pBlock);
+            const auto used = static_cast<std::size_t>(pTop - pBlock);
             pBlock = pTree_->moreRoom(used, used * 2);
             if (pBlock == nullptr) {
                 throw std::bad_alloc();
@@ -409,7 +410,7 @@ const char* TextParser::parseNumbers(const char* p, bool* pIsClosed)
         }
         p = pNext;
     }
-    const size_t number = static_cast<size_t>(pTop - pBlock) / sizeof(QvJsonValue_t) - 1;
+    const std::size_t number = static_cast<std::size_t>(pTop - pBlock) / sizeof(QvJsonValue_t) - 1;
     if (pGapEnd != pEnd_ && *pGapEnd == ']' && number <= kMaximumCapacity) {
         ArrayBlock* pArray = beginArray(pBlock, number, kIsInner | kFlat, pTree_);
         pArray->open.number = number;
@@ -420,7 +421,7 @@ const char* TextParser::parseNumbers(const char* p, bool* pIsClosed)
         return pGapEnd + 1;
     }
     const auto* pItems = reinterpret_cast<const QvJsonValue_t*>(pBlock + sizeof(ArrayBlock));
-    for (size_t index = 0; index < number; ++index) {
+    for (std::size_t index = 0; index < number; ++index) {
         values_.add() = pItems[index];
     }
     return p;
@@ -428,7 +429,7 @@ const char* TextParser::parseNumbers(const char* p, bool* pIsClosed)
 
 const char* TextParser::parseWord(const char* p)
 {
-    const std::string_view rest(p, static_cast<size_t>(pEnd_ - p));
+    const std::string_view rest(p, static_cast<std::size_t>(pEnd_ - p));
     if (rest.starts_with("true") || rest.starts_with("false")) {
         const bool isTrue = rest.front() == 't';
         addValue(QvJsonValueType_Boolean).holder._bool = isTrue;
@@ -447,7 +448,7 @@ const char* TextParser::parseString(const char* p)
     if (scan.pQuote == nullptr) {
         return fail(scan.pError, scan.pExpected);
     }
-    char* pText = room(static_cast<size_t>(scan.pQuote - p) + 1);
+    char* pText = room(static_cast<std::size_t>(scan.pQuote - p) + 1);
     pTree_->keep(writeText(pText, p, scan));
     QvJsonValue_t& value = addValue(QvJsonValueType_String);
     value.holder.pChar = pText;
@@ -462,7 +463,7 @@ const char* TextParser::parseKey(const char* p)
         return fail(scan.pError, scan.pExpected);
     }
     Key& key = keys_.add();
-    key = {p, static_cast<size_t>(scan.pQuote - p), nullptr};
+    key = {p, static_cast<std::size_t>(scan.pQuote - p), nullptr};
     if (scan.hasEscape) {
         key.pOwned = static_cast<char*>(std::malloc(key.length + 1));
         if (key.pOwned == nullptr) {
@@ -481,7 +482,7 @@ const char* TextParser::parseArray(const char* p)
         return fail(p - 1, "at most 512 nested objects and arrays");
     }
     ++depth_;
-    const size_t firstValue = values_.size();
+    const std::size_t firstValue = values_.size();
     p = skip(p, Gap::Start);
     if (p != nullptr && p != pEnd_ && *p == ']') {
         return closeArray(p, firstValue);
@@ -515,15 +516,15 @@ const char* TextParser::parseArray(const char* p)
     return nullptr;
 }
 
-const char* TextParser::closeArray(const char* p, size_t firstValue)
+const char* TextParser::closeArray(const char* p, std::size_t firstValue)
 {
     giveRestToLastValue(firstValue);
     values_.makeRoom();
-    const size_t number = values_.size() - firstValue;
+    const std::size_t number = values_.size() - firstValue;
     if (number > kMaximumCapacity) {
         throw std::bad_alloc();
     }
-    const size_t bytes = sizeof(ArrayBlock) + number * sizeof(QvJsonValue_t);
+    const std::size_t bytes = sizeof(ArrayBlock) + number * sizeof(QvJsonValue_t);
     ArrayBlock* pBlock = beginArray(room(bytes), number, kIsInner | (number == 0 ? kFlat : 0), pTree_);
     pBlock->open.number = number;
     if (number != 0) {
@@ -543,8 +544,8 @@ const char* TextParser::parseObject(const char* p)
         return fail(p - 1, "at most 512 nested objects and arrays");
     }
     ++depth_;
-    const size_t firstValue = values_.size();
-    const size_t firstKey = keys_.size();
+    const std::size_t firstValue = values_.size();
+    const std::size_t firstKey = keys_.size();
     p = skip(p, Gap::Start);
     if (p != nullptr && p != pEnd_ && *p == '}') {
         return closeObject(p, firstValue, firstKey);
@@ -580,17 +581,17 @@ const char* TextParser::parseObject(const char* p)
     return nullptr;
 }
 
-const char* TextParser::closeObject(const char* p, size_t firstValue, size_t firstKey)
+const char* TextParser::closeObject(const char* p, std::size_t firstValue, std::size_t firstKey)
 {
     giveRestToLastValue(firstValue);
     values_.makeRoom();
-    const size_t number = values_.size() - firstValue;
+    const std::size_t number = values_.size() - firstValue;
     const Key* pKeys = keys_.at(firstKey);
     if (number > kMaximumCapacity) {
         throw std::bad_alloc();
     }
-    size_t bytes = sizeof(ObjectBlock) + number * (sizeof(QvJsonValuePair_t) + sizeof(QvJsonValue_t));
-    for (size_t index = 0; index < number; ++index) {
+    std::size_t bytes = sizeof(ObjectBlock) + number * (sizeof(QvJsonValuePair_t) + sizeof(QvJsonValue_t));
+    for (std::size_t index = 0; index < number; ++index) {
         bytes += pKeys[index].length + 1;
     }
     ObjectBlock* pBlock = beginObject(room(bytes), number, 0, pTree_);
@@ -599,7 +600,7 @@ const char* TextParser::closeObject(const char* p, size_t firstValue, size_t fir
     auto* pText = reinterpret_cast<char*>(pValues + number);
     uint64_t seen = 0;
     bool isDoubled = false;
-    for (size_t index = 0; index < number; ++index) {
+    for (std::size_t index = 0; index < number; ++index) {
         const Key& key = pKeys[index];
         const uint64_t bit = uint64_t{1} << keyBit(key);
         isDoubled = isDoubled || ((seen & bit) != 0 && mayStandBefore(pKeys, index));

@@ -6,14 +6,14 @@
 #include <string>
 #include <utility>
 
-#include "qv_json_c/json_value.h"
 #include "tree_memory.h"
 #include "value_tree.h"
+#include <qv_json_c/json_value.h>
 
 namespace qv::json {
 
-// A stack that keeps its memory. What it gives is filled in place, so that the loops over numbers touch each value
-// once.
+/// A stack that keeps its memory. What it gives is filled in place, so that the loops over numbers touch each value
+/// once.
 template <class T>
 class Stack {
 public:
@@ -22,14 +22,14 @@ public:
     Stack(const Stack&) = delete;
     Stack& operator=(const Stack&) = delete;
 
-    // A new item on top, with what the memory held before.
+    /// A new item on top, with what the memory held before.
     T& add()
     {
         makeRoom();
         return *pTop_++;
     }
 
-    // The next add won't throw.
+    /// The next add won't throw.
     void makeRoom()
     {
         if (pTop_ == pLimit_) [[unlikely]] {
@@ -37,26 +37,26 @@ public:
         }
     }
 
-    // Gives the memory back where it is more than that many items' worth. The stack is empty.
-    void trim(size_t number)
+    /// Gives the memory back where it is more than that many items' worth. The stack is empty.
+    void trim(std::size_t number)
     {
-        if (static_cast<size_t>(pLimit_ - pItems_) > number) {
+        if (static_cast<std::size_t>(pLimit_ - pItems_) > number) {
             std::free(std::exchange(pItems_, nullptr));
             pTop_ = nullptr;
             pLimit_ = nullptr;
         }
     }
 
-    size_t size() const { return static_cast<size_t>(pTop_ - pItems_); }
-    T* at(size_t index) { return pItems_ + index; }
+    std::size_t size() const { return static_cast<std::size_t>(pTop_ - pItems_); }
+    T* at(std::size_t index) { return pItems_ + index; }
     T& top() { return pTop_[-1]; }
-    void shrink(size_t size) { pTop_ = pItems_ + size; }
+    void shrink(std::size_t size) { pTop_ = pItems_ + size; }
 
 private:
     void grow()
     {
-        const size_t number = size();
-        const size_t capacity = number * 2 + 64;
+        const std::size_t number = size();
+        const std::size_t capacity = number * 2 + 64;
         auto* pItems = static_cast<T*>(std::realloc(pItems_, capacity * sizeof(T)));
         if (pItems == nullptr) {
             throw std::bad_alloc();
@@ -71,16 +71,16 @@ private:
     T* pLimit_ = nullptr;
 };
 
-// A member's key: in the source text, or in a string of its own where that has escapes.
+/// A member's key: in the source text, or in a string of its own where that has escapes.
 struct Key {
     const char* pText;
-    size_t length;
+    std::size_t length;
     char* pOwned;
 };
 
-// Working memory that serves one text after the other. What an uncommon text needed isn't kept.
+/// Working memory that serves one text after the other. What an uncommon text needed isn't kept.
 struct ParserMemory {
-    static constexpr size_t kKeptNumber = 1024;
+    static constexpr std::size_t kKeptNumber = 1024;
 
     void trim()
     {
@@ -92,26 +92,26 @@ struct ParserMemory {
     Stack<Key> keys;
 };
 
-// One pass over one text. Values are collected on a stack; a container that closes moves its own into a block of the
-// right size. Lists of numbers are read straight into their block. Throws std::bad_alloc.
+/// One pass over one text. Values are collected on a stack; a container that closes moves its own into a block of the
+/// right size. Lists of numbers are read straight into their block. Throws std::bad_alloc.
 class TextParser {
 public:
     TextParser(ParserMemory& memory, const char* pBegin, const char* pEnd);
 
-    // Releases what has not been given away.
+    /// Releases what has not been given away.
     ~TextParser();
 
     TextParser(const TextParser&) = delete;
     TextParser& operator=(const TextParser&) = delete;
 
-    // Reads the whole text. False if it is no document: error() tells why.
+    /// Reads the whole text. False if it is no document: error() tells why.
     bool parse(QvJsonValue_t* pRoot);
 
-    // What was expected, and where, in words.
+    /// What was expected, and where, in words.
     std::string error() const;
 
 private:
-    // Where a run of blanks stands, which decides whose comments are in it.
+    /// Where a run of blanks stands, which decides whose comments are in it.
     enum class Gap {
         Start,       // at the front, or behind an opening bracket
         BehindValue, // a value stands before it
@@ -119,7 +119,7 @@ private:
         AroundColon, // between a key and its value
     };
 
-    // All of these get the place to read from and return the place behind what they read, or null after fail().
+    /// All of these get the place to read from and return the place behind what they read, or null after fail().
     const char* fail(const char* pAt, const char* pExpected);
     const char* skip(const char* p, Gap gap);
     const char* skipComments(const char* p, const char* pGap, Gap gap);
@@ -134,15 +134,15 @@ private:
     const char* parseKey(const char* p);
     const char* parseArray(const char* p);
     const char* parseObject(const char* p);
-    const char* closeArray(const char* p, size_t firstValue);
-    const char* closeObject(const char* p, size_t firstValue, size_t firstKey);
+    const char* closeArray(const char* p, std::size_t firstValue);
+    const char* closeObject(const char* p, std::size_t firstValue, std::size_t firstKey);
 
-    char* room(size_t bytes);
+    char* room(std::size_t bytes);
     QvJsonValue_t& addValue(QvJsonValueType_t type);
     const char* blanksEnd(const char* p) const;
     bool isOnLine(const char* pFrom, const char* pTo) const;
-    void dropKeys(size_t firstKey);
-    void giveRestToLastValue(size_t firstValue);
+    void dropKeys(std::size_t firstKey);
+    void giveRestToLastValue(std::size_t firstValue);
     void appendComment2(QvJsonValue_t& value, const std::string& text);
 
     ParserMemory& memory_;
@@ -151,9 +151,9 @@ private:
     TreeMemory* pTree_ = nullptr; // of the tree that is made, until its root owns it
     const char* pBegin_;
     const char* pEnd_;
-    size_t depth_ = 0;
+    std::size_t depth_ = 0;
 
-    // Comments that wait for the value they stand before.
+    /// Comments that wait for the value they stand before.
     bool hasComment_ = false;
     std::string comment_;
 

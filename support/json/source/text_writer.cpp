@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <new>
@@ -18,10 +19,10 @@ namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD"; // U+FFFD
 
-// Whether a byte stands for itself in a text.
+/// Whether a byte stands for itself in a text.
 constexpr auto kIsPlain = [] {
     std::array<bool, 256> isPlain = {};
-    for (size_t byte = ' '; byte < 0x80; ++byte) {
+    for (std::size_t byte = ' '; byte < 0x80; ++byte) {
         isPlain[byte] = byte != '"' && byte != '\\';
     }
     return isPlain;
@@ -39,10 +40,10 @@ TextBuffer::~TextBuffer()
     std::free(pBegin_);
 }
 
-void TextBuffer::grow(size_t number)
+void TextBuffer::grow(std::size_t number)
 {
-    const auto used = static_cast<size_t>(pNext_ - pBegin_);
-    const size_t capacity = std::max(used + number, used * 2) + 4096;
+    const auto used = static_cast<std::size_t>(pNext_ - pBegin_);
+    const std::size_t capacity = std::max(used + number, used * 2) + 4096;
     auto* pBegin = static_cast<char*>(std::realloc(pBegin_, capacity));
     if (pBegin == nullptr) {
         throw std::bad_alloc();
@@ -58,7 +59,7 @@ char* TextBuffer::release()
     *pZero = '\0';
     char* pText = pBegin_;
     // What is left over goes back; a text that can't shrink is as good.
-    if (void* pShrunk = std::realloc(pText, static_cast<size_t>(pNext_ - pBegin_) + 1); pShrunk != nullptr) {
+    if (void* pShrunk = std::realloc(pText, static_cast<std::size_t>(pNext_ - pBegin_) + 1); pShrunk != nullptr) {
         pText = static_cast<char*>(pShrunk);
     }
     pBegin_ = nullptr;
@@ -78,7 +79,7 @@ bool TextWriter::write(const QvJsonValue_t& root)
     return true;
 }
 
-bool TextWriter::writeValue(const QvJsonValue_t& value, size_t level)
+bool TextWriter::writeValue(const QvJsonValue_t& value, std::size_t level)
 {
     switch (value.type) {
     case QvJsonValueType_Array:
@@ -95,7 +96,7 @@ bool TextWriter::writeValue(const QvJsonValue_t& value, size_t level)
     return true;
 }
 
-// What is neither container nor text. There is room for kFixedRoom bytes at p.
+/// What is neither container nor text. There is room for kFixedRoom bytes at p.
 char* TextWriter::writeScalar(char* p, const QvJsonValue_t& value) const
 {
     std::string_view word = "null";
@@ -111,10 +112,10 @@ char* TextWriter::writeScalar(char* p, const QvJsonValue_t& value) const
     return p + word.copy(p, word.size());
 }
 
-// The inside of a list of numbers and booleans on one line. Each item is written with the separator behind it.
+/// The inside of a list of numbers and booleans on one line. Each item is written with the separator behind it.
 void TextWriter::writeNumbers(const QvJsonValueArray_t& array)
 {
-    constexpr size_t kRoom = 8 + kFixedRoom;
+    constexpr std::size_t kRoom = 8 + kFixedRoom;
     const bool isShort = layout_.decimals == 6;
     char* p = buffer_.room(kRoom);
     const char* pLimit = buffer_.limit() - kRoom;
@@ -125,7 +126,7 @@ void TextWriter::writeNumbers(const QvJsonValueArray_t& array)
             pLimit = buffer_.limit() - kRoom;
         }
         const bool isInteger = pItem->type == QvJsonValueType_Integer;
-        if (isInteger && static_cast<size_t>(pItem->holder.integer) < 10000) {
+        if (isInteger && static_cast<std::size_t>(pItem->holder.integer) < 10000) {
             p = writeShortItem(p, static_cast<uint32_t>(pItem->holder.integer));
             continue;
         }
@@ -140,7 +141,7 @@ void TextWriter::writeNumbers(const QvJsonValueArray_t& array)
     buffer_.done(array.number != 0 ? p - 2 : p);
 }
 
-bool TextWriter::writeArray(const QvJsonValue_t& list, size_t level)
+bool TextWriter::writeArray(const QvJsonValue_t& list, std::size_t level)
 {
     if (level >= kMaximumDepth) {
         return false;
@@ -156,7 +157,7 @@ bool TextWriter::writeArray(const QvJsonValue_t& list, size_t level)
         return writeCommentedArray(array, level);
     }
     buffer_.append("[");
-    for (size_t index = 0; index < array.number; ++index) {
+    for (std::size_t index = 0; index < array.number; ++index) {
         const QvJsonValue_t& value = array.pValues[index];
         if (index != 0 && layout_.itemsPerLine != 0 && index % layout_.itemsPerLine == 0) {
             buffer_.append(",");
@@ -177,10 +178,10 @@ bool TextWriter::writeArray(const QvJsonValue_t& list, size_t level)
     return true;
 }
 
-bool TextWriter::writeCommentedArray(const QvJsonValueArray_t& array, size_t level)
+bool TextWriter::writeCommentedArray(const QvJsonValueArray_t& array, std::size_t level)
 {
     buffer_.append("[");
-    for (size_t index = 0; index < array.number; ++index) {
+    for (std::size_t index = 0; index < array.number; ++index) {
         const QvJsonValue_t& value = array.pValues[index];
         writeLineEnd(level + 1);
         writeCommentsAbove(value, level + 1);
@@ -195,13 +196,13 @@ bool TextWriter::writeCommentedArray(const QvJsonValueArray_t& array, size_t lev
     return true;
 }
 
-bool TextWriter::writeObject(const QvJsonValueObject_t& object, size_t level)
+bool TextWriter::writeObject(const QvJsonValueObject_t& object, std::size_t level)
 {
     if (level >= kMaximumDepth) {
         return false;
     }
     buffer_.append("{");
-    for (size_t place = 0; place < object.number; ++place) {
+    for (std::size_t place = 0; place < object.number; ++place) {
         const QvJsonValue_t& value = *object.pPairs[place].pValue;
         writeLineEnd(level + 1);
         writeCommentsAbove(value, level + 1);
@@ -231,7 +232,7 @@ void TextWriter::writeString(const char* p)
         while (kIsPlain[static_cast<unsigned char>(*p)]) { // stops at the zero byte
             ++p;
         }
-        buffer_.append(std::string_view(pPlain, static_cast<size_t>(p - pPlain)));
+        buffer_.append(std::string_view(pPlain, static_cast<std::size_t>(p - pPlain)));
         if (p != pEnd) {
             writeSpecial(p, pEnd);
         }
@@ -239,7 +240,7 @@ void TextWriter::writeString(const char* p)
     buffer_.append("\"");
 }
 
-// Writes the character at p, which doesn't stand for itself, and moves p behind it.
+/// Writes the character at p, which doesn't stand for itself, and moves p behind it.
 void TextWriter::writeSpecial(const char*& p, const char* pEnd)
 {
     constexpr std::string_view kSpecial = "\"\\\b\f\n\r\t";
@@ -247,12 +248,12 @@ void TextWriter::writeSpecial(const char*& p, const char* pEnd)
     constexpr std::string_view kHex = "0123456789abcdef";
     const auto byte = static_cast<unsigned char>(*p);
     if (byte >= 0x80) {
-        const size_t length = sequenceLength(p, pEnd);
+        const std::size_t length = sequenceLength(p, pEnd);
         buffer_.append(length != 0 ? std::string_view(p, length) : kReplacement);
         p += length != 0 ? length : 1;
         return;
     }
-    if (const size_t found = kSpecial.find(*p); found != std::string_view::npos) {
+    if (const std::size_t found = kSpecial.find(*p); found != std::string_view::npos) {
         const std::array<char, 2> text = {'\\', kLetters[found]};
         buffer_.append(std::string_view(text.data(), text.size()));
     } else {
@@ -262,8 +263,8 @@ void TextWriter::writeSpecial(const char*& p, const char* pEnd)
     ++p;
 }
 
-// Each line of the comment gets a line of its own; the indentation of the first one is there already.
-void TextWriter::writeCommentsAbove(const QvJsonValue_t& value, size_t level)
+/// Each line of the comment gets a line of its own; the indentation of the first one is there already.
+void TextWriter::writeCommentsAbove(const QvJsonValue_t& value, std::size_t level)
 {
     if (value.pComment == nullptr) {
         return;
@@ -271,7 +272,7 @@ void TextWriter::writeCommentsAbove(const QvJsonValue_t& value, size_t level)
     const char* p = value.pComment;
     for (bool isLast = false; !isLast;) {
         const char* pLineEnd = p + std::strcspn(p, "\n");
-        writeComment(trimmedLine(std::string_view(p, static_cast<size_t>(pLineEnd - p))));
+        writeComment(trimmedLine(std::string_view(p, static_cast<std::size_t>(pLineEnd - p))));
         writeLineEnd(level);
         isLast = *pLineEnd == '\0';
         p = pLineEnd + 1;
@@ -295,15 +296,15 @@ void TextWriter::writeComment(std::string_view line)
     buffer_.append(line.empty() ? "//" : "// ");
     const char* pEnd = line.data() + line.size();
     for (const char* p = line.data(); p != pEnd;) {
-        const size_t length = sequenceLength(p, pEnd);
+        const std::size_t length = sequenceLength(p, pEnd);
         buffer_.append(length != 0 ? std::string_view(p, length) : kReplacement);
         p += length != 0 ? length : 1;
     }
 }
 
-void TextWriter::writeLineEnd(size_t level)
+void TextWriter::writeLineEnd(std::size_t level)
 {
-    const size_t length = 1 + level * layout_.indent.size();
+    const std::size_t length = 1 + level * layout_.indent.size();
     while (margin_.size() < length) {
         margin_ += layout_.indent;
     }

@@ -1,6 +1,7 @@
 #include "tree_memory.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <new>
@@ -8,10 +9,10 @@
 
 namespace qv::json {
 
-TreeMemory* TreeMemory::make(size_t firstBytes)
+TreeMemory* TreeMemory::make(std::size_t firstBytes)
 {
     // It stands at the front of its first chunk.
-    size_t size = aligned(sizeof(TreeMemory)) + aligned(firstBytes);
+    std::size_t size = aligned(sizeof(TreeMemory)) + aligned(firstBytes);
     Chunk* pChunk = makeChunk(aligned(sizeof(TreeMemory)), &size);
     if (pChunk == nullptr) {
         return nullptr;
@@ -19,7 +20,7 @@ TreeMemory* TreeMemory::make(size_t firstBytes)
     auto* pMemory = new (pChunk + 1) TreeMemory;
     pMemory->useChunk(pChunk, size);
     pMemory->pTop_ += aligned(sizeof(TreeMemory));
-    pMemory->nextSize_ = size * 2;
+    pMemory->nextSize_ = std::min(size * 2, kLargestStep);
     return pMemory;
 }
 
@@ -31,8 +32,8 @@ void TreeMemory::release(TreeMemory* pMemory)
     }
 }
 
-// A large chunk is an offer: where there is no memory for it, one of the least size is tried.
-TreeMemory::Chunk* TreeMemory::makeChunk(size_t least, size_t* pSize)
+/// A large chunk is an offer: where there is no memory for it, one of the least size is tried.
+TreeMemory::Chunk* TreeMemory::makeChunk(std::size_t least, std::size_t* pSize)
 {
     void* pChunk = std::malloc(sizeof(Chunk) + *pSize);
     if (pChunk == nullptr && *pSize > least) {
@@ -42,7 +43,7 @@ TreeMemory::Chunk* TreeMemory::makeChunk(size_t least, size_t* pSize)
     return static_cast<Chunk*>(pChunk);
 }
 
-void TreeMemory::useChunk(Chunk* pChunk, size_t size)
+void TreeMemory::useChunk(Chunk* pChunk, std::size_t size)
 {
     pChunk->pNext = pChunks_;
     pChunks_ = pChunk;
@@ -50,9 +51,9 @@ void TreeMemory::useChunk(Chunk* pChunk, size_t size)
     pLimit_ = pTop_ + size;
 }
 
-bool TreeMemory::addChunk(size_t used, size_t bytes)
+bool TreeMemory::addChunk(std::size_t used, std::size_t bytes)
 {
-    size_t size = std::max(aligned(bytes), aligned(nextSize_));
+    std::size_t size = std::max(aligned(bytes), aligned(nextSize_));
     Chunk* pChunk = makeChunk(aligned(bytes), &size);
     if (pChunk == nullptr) {
         return false;
@@ -61,7 +62,7 @@ bool TreeMemory::addChunk(size_t used, size_t bytes)
         std::memcpy(pChunk + 1, pTop_, used);
     }
     useChunk(pChunk, size);
-    nextSize_ = size * 2;
+    nextSize_ = std::min(size * 2, kLargestStep);
     return true;
 }
 

@@ -1,6 +1,7 @@
 #include "value_tree.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <utility>
@@ -9,11 +10,11 @@ namespace qv::json {
 
 namespace {
 
-// Of a tree that is built: enough for a small object. Each further chunk is twice as large.
-constexpr size_t kFirstChunk = 640;
+/// Of a tree that is built: enough for a small object. Each further chunk is twice as large.
+constexpr std::size_t kFirstChunk = 640;
 
-// Lists that outgrow it are better off with realloc().
-constexpr size_t kLargestPiece = size_t{64} * 1024;
+/// Lists that outgrow it are better off with realloc().
+constexpr std::size_t kLargestPiece = std::size_t{64} * 1024;
 
 bool ownsMemory(const QvJsonValue_t& value)
 {
@@ -35,23 +36,23 @@ bool isKey(const char* pKey, std::string_view key)
     return *pKey == key[0] && std::strncmp(pKey, key.data(), key.size()) == 0 && pKey[key.size()] == '\0';
 }
 
-// Makes the index anew with all pairs, and room for as many again.
+/// Makes the index anew with all pairs, and room for as many again.
 void rebuildIndex(ObjectBlock& object)
 {
     KeyIndex::release(object.pIndex);
     object.pIndex = KeyIndex::make(object.open.number * 2);
     if (object.pIndex != nullptr) {
-        for (size_t place = 0; place < object.open.number; ++place) {
+        for (std::size_t place = 0; place < object.open.number; ++place) {
             object.pIndex->add(object.open.pPairs[place].pKey, place);
         }
     }
 }
 
-size_t findPlace(ObjectBlock& object, std::string_view key)
+std::size_t findPlace(ObjectBlock& object, std::string_view key)
 {
     const QvJsonValuePair_t* pPairs = object.open.pPairs;
-    const size_t number = object.open.number;
-    const size_t first = object.hint < number ? object.hint : 0;
+    const std::size_t number = object.open.number;
+    const std::size_t first = object.hint < number ? object.hint : 0;
     if (first < number && isKey(pPairs[first].pKey, key)) {
         return first;
     }
@@ -63,12 +64,12 @@ size_t findPlace(ObjectBlock& object, std::string_view key)
             return object.pIndex->find(pPairs, key);
         }
     }
-    for (size_t place = first; place < number; ++place) {
+    for (std::size_t place = first; place < number; ++place) {
         if (isKey(pPairs[place].pKey, key)) {
             return place;
         }
     }
-    for (size_t place = 0; place < first; ++place) {
+    for (std::size_t place = 0; place < first; ++place) {
         if (isKey(pPairs[place].pKey, key)) {
             return place;
         }
@@ -76,8 +77,8 @@ size_t findPlace(ObjectBlock& object, std::string_view key)
     return KeyIndex::kNone;
 }
 
-// What a block grows to that shall hold that many; 0 if none can.
-size_t grownCapacity(size_t capacity, size_t number)
+/// What a block grows to that shall hold that many; 0 if none can.
+std::size_t grownCapacity(std::size_t capacity, std::size_t number)
 {
     if (number > kMaximumCapacity) {
         return 0;
@@ -90,7 +91,7 @@ bool makeRoomForPair(ObjectBlock& object)
     if (object.open.number < object.capacity) {
         return true;
     }
-    const size_t capacity = grownCapacity(object.capacity, object.open.number + 1);
+    const std::size_t capacity = grownCapacity(object.capacity, object.open.number + 1);
     void* pPiece = capacity != 0 ? object.pMemory->take(capacity * sizeof(QvJsonValuePair_t)) : nullptr;
     if (pPiece == nullptr) {
         return false;
@@ -103,7 +104,7 @@ bool makeRoomForPair(ObjectBlock& object)
     return true;
 }
 
-// The memory of an array's tree, made where there is none yet. Null without memory.
+/// The memory of an array's tree, made where there is none yet. Null without memory.
 TreeMemory* memoryOf(ArrayBlock& array)
 {
     if (array.pMemory == nullptr) {
@@ -113,16 +114,16 @@ TreeMemory* memoryOf(ArrayBlock& array)
     return array.pMemory;
 }
 
-// The memory for what a null value becomes, if it stands in a tree that has some.
+/// The memory for what a null value becomes, if it stands in a tree that has some.
 TreeMemory* memoryFor(const QvJsonValue_t& value)
 {
     return (value.reserved & kHasMemory) != 0 ? reinterpret_cast<TreeMemory*>(value.holder.integer) : nullptr;
 }
 
-// Gives a value a block for members, in that memory or in one of its own.
+/// Gives a value a block for members, in that memory or in one of its own.
 bool beginMembers(QvJsonValue_t& value, TreeMemory* pMemory)
 {
-    constexpr size_t kBytes = sizeof(ObjectBlock) + kFirstCapacity * sizeof(QvJsonValuePair_t);
+    constexpr std::size_t kBytes = sizeof(ObjectBlock) + kFirstCapacity * sizeof(QvJsonValuePair_t);
     TreeMemory* pOwned = pMemory == nullptr ? TreeMemory::make(kFirstChunk) : nullptr;
     pMemory = pOwned != nullptr ? pOwned : pMemory;
     void* pPiece = pMemory != nullptr ? pMemory->take(kBytes) : nullptr;
@@ -137,19 +138,19 @@ bool beginMembers(QvJsonValue_t& value, TreeMemory* pMemory)
     return true;
 }
 
-constexpr size_t bytesOfArray(size_t capacity)
+constexpr std::size_t bytesOfArray(std::size_t capacity)
 {
     return sizeof(ArrayBlock) + capacity * sizeof(QvJsonValue_t);
 }
 
-// What all arrays and objects share that nothing was added to yet. They are never written to: whatever is added needs
-// room first.
+/// What all arrays and objects share that nothing was added to yet. They are never written to: whatever is added needs
+/// room first.
 constinit ArrayBlock emptyArray = {{0, nullptr}, 0, kIsInner | kFlat, {nullptr}};
 constinit ObjectBlock emptyObject = {{0, nullptr}, 0, 0, nullptr, 0, {nullptr}};
 
 } // namespace
 
-ArrayBlock* beginArray(void* pPiece, size_t capacity, uint32_t marks, TreeMemory* pMemory)
+ArrayBlock* beginArray(void* pPiece, std::size_t capacity, uint32_t marks, TreeMemory* pMemory)
 {
     auto* pBlock = static_cast<ArrayBlock*>(pPiece);
     pBlock->open = {0, itemsOf(pBlock)};
@@ -159,7 +160,7 @@ ArrayBlock* beginArray(void* pPiece, size_t capacity, uint32_t marks, TreeMemory
     return pBlock;
 }
 
-ObjectBlock* beginObject(void* pPiece, size_t capacity, uint32_t marks, TreeMemory* pMemory)
+ObjectBlock* beginObject(void* pPiece, std::size_t capacity, uint32_t marks, TreeMemory* pMemory)
 {
     auto* pBlock = static_cast<ObjectBlock*>(pPiece);
     pBlock->open = {0, innerPairsOf(pBlock)};
@@ -192,10 +193,10 @@ void ownMemory(QvJsonValue_t& root)
     }
 }
 
-bool growArray(QvJsonValue_t& array, size_t number, size_t most)
+bool growArray(QvJsonValue_t& array, std::size_t number, std::size_t most)
 {
     ArrayBlock* pBlock = arrayOf(array);
-    const size_t capacity = std::min(grownCapacity(pBlock->capacity, number), most);
+    const std::size_t capacity = std::min(grownCapacity(pBlock->capacity, number), most);
     if (capacity == 0) {
         return false;
     }
@@ -237,11 +238,11 @@ char* copyText(std::string_view text)
     return pCopy;
 }
 
-bool becomeArray(QvJsonValue_t& value, size_t capacity)
+bool becomeArray(QvJsonValue_t& value, std::size_t capacity)
 {
     if (value.type == QvJsonValueType_Null && (value.reserved & kFrozen) == 0 && capacity <= kMaximumCapacity) {
         TreeMemory* pMemory = memoryFor(value);
-        const size_t bytes = bytesOfArray(capacity);
+        const std::size_t bytes = bytesOfArray(capacity);
         void* pPiece = pMemory != nullptr ? pMemory->take(bytes) : std::malloc(bytes);
         if (pPiece != nullptr) {
             const uint32_t marks = pMemory != nullptr ? kIsInner | kFlat : kFlat;
@@ -266,7 +267,7 @@ bool becomeObject(QvJsonValue_t& value)
 QvJsonValue_t* findMember(const QvJsonValue_t& value, std::string_view key)
 {
     ObjectBlock& object = *objectOf(value);
-    const size_t place = findPlace(object, key);
+    const std::size_t place = findPlace(object, key);
     if (place == KeyIndex::kNone) {
         return nullptr;
     }
@@ -299,16 +300,16 @@ QvJsonValue_t* appendMember(QvJsonValue_t& value, std::string_view key)
     return pMember;
 }
 
-QvJsonValue_t* appendItems(QvJsonValue_t& array, size_t number)
+QvJsonValue_t* appendItems(QvJsonValue_t& array, std::size_t number)
 {
-    const size_t newNumber = arrayOf(array)->open.number + number;
+    const std::size_t newNumber = arrayOf(array)->open.number + number;
     if (newNumber > arrayOf(array)->capacity && !growArray(array, newNumber)) {
         return nullptr;
     }
     ArrayBlock* pBlock = arrayOf(array);
     endFlat(*pBlock);
     const QvJsonValue_t item = nullWith(memoryOf(*pBlock));
-    for (size_t index = pBlock->open.number; index < newNumber; ++index) {
+    for (std::size_t index = pBlock->open.number; index < newNumber; ++index) {
         pBlock->open.pValues[index] = item;
     }
     pBlock->open.number = newNumber;
@@ -321,7 +322,7 @@ void beNullItem(QvJsonValue_t& place, ArrayBlock& array)
     place = nullWith(memoryOf(array));
 }
 
-QvJsonValue_t* findItem(QvJsonValue_t* pValue, size_t index)
+QvJsonValue_t* findItem(QvJsonValue_t* pValue, std::size_t index)
 {
     if (pValue == nullptr || pValue->type != QvJsonValueType_Array || index >= pValue->holder.pArray->number) {
         return nullptr;
@@ -331,13 +332,13 @@ QvJsonValue_t* findItem(QvJsonValue_t* pValue, size_t index)
 
 void mergeDoubledKeys(ObjectBlock& object)
 {
-    const size_t number = object.open.number;
+    const std::size_t number = object.open.number;
     QvJsonValuePair_t* pPairs = object.open.pPairs;
     // The pairs that are kept move up; the search sees only those.
     object.open.number = 0;
-    for (size_t place = 0; place < number; ++place) {
+    for (std::size_t place = 0; place < number; ++place) {
         const QvJsonValuePair_t pair = pPairs[place];
-        const size_t first = findPlace(object, pair.pKey);
+        const std::size_t first = findPlace(object, pair.pKey);
         if (first != KeyIndex::kNone) {
             clearValue(*pPairs[first].pValue);
             *pPairs[first].pValue = *pair.pValue;
@@ -394,7 +395,7 @@ void releaseOwned(QvJsonValue_t& root)
     while (pArrays != nullptr || pObjects != nullptr) {
         if (ArrayBlock* pArray = pArrays; pArray != nullptr) {
             pArrays = pArray->pNext;
-            for (size_t index = 0; index < pArray->open.number; ++index) {
+            for (std::size_t index = 0; index < pArray->open.number; ++index) {
                 takeWhole(pArray->open.pValues[index]);
             }
             if ((pArray->marks & kIsInner) == 0) {
@@ -403,7 +404,7 @@ void releaseOwned(QvJsonValue_t& root)
         } else {
             ObjectBlock* pObject = pObjects;
             pObjects = pObject->pNext;
-            for (size_t place = 0; place < pObject->open.number; ++place) {
+            for (std::size_t place = 0; place < pObject->open.number; ++place) {
                 takeWhole(*pObject->open.pPairs[place].pValue);
             }
             KeyIndex::release(pObject->pIndex);

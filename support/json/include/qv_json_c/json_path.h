@@ -1,14 +1,14 @@
 #ifndef QV_JSON_C_JSON_PATH_H
 #define QV_JSON_C_JSON_PATH_H
 
-#include "qv_json_c/json_value.h"
-#include "qv_json_c/qv_json_export.h"
+#include <qv_json_c/json_value.h>
+#include <qv_json_c/qv_json_export.h>
 
 #ifdef __cplusplus
 extern "C" {
 #endif
 
-/*
+/**
  * Walks a path of member names separated by '/', such as "root/metadata", and gives the value there.
  *
  * Where a step is missing and the walk stands on an object or a null value, the member is made, as QvJsonValue_member

@@ -3,23 +3,23 @@
 
 #include <stdint.h>
 
-#include "qv_json_c/json_value.h"
-#include "qv_json_c/qv_json_export.h"
+#include <qv_json_c/json_value.h>
+#include <qv_json_c/qv_json_export.h>
 
 #ifdef __cplusplus
 extern "C" {
 #endif
 
-/* A reader; zero means none. One thread at a time may use it. It keeps working memory from one text to the next. */
+/** A reader; zero means none. One thread at a time may use it. It keeps working memory from one text to the next. */
 typedef uintptr_t QvJsonReaderHandle_t;
 
-/* Opens a reader. *pHandle receives it. 0; 5 when memory runs out; 13 for a null argument. */
+/** Opens a reader. *pHandle receives it. 0; 5 when memory runs out; 13 for a null argument. */
 QV_JSON_API int QvJsonReader_open(QvJsonReaderHandle_t* pHandle);
 
-/* Closes the reader and zeroes *pHandle; trees that it gave live on. 0, also where *pHandle is zero; 13 for null. */
+/** Closes the reader and zeroes *pHandle; trees that it gave live on. 0, also where *pHandle is zero; 13 for null. */
 QV_JSON_API int QvJsonReader_close(QvJsonReaderHandle_t* pHandle);
 
-/*
+/**
  * Reads the text from pBegin up to pEnd, the first byte behind it, and gives a new tree. No terminator is needed.
  *
  * The text is JSON as RFC 8259 has it, in UTF-8, and nothing looser, but for these:
@@ -49,7 +49,7 @@ QV_JSON_API int QvJsonReader_close(QvJsonReaderHandle_t* pHandle);
 QV_JSON_API int QvJsonReader_parse(QvJsonReaderHandle_t handle, const char* pBegin, const char* pEnd,
                                    QvJsonValue_t** ppValue);
 
-/*
+/**
  * The same from a file. pFilename is not null. Beside the statuses above come those of QvCommonBuffer_load2 (3 not
  * found, 4 access denied, 6 over 1 GiB, 9 a folder, 11 read error), with a trace at Error level that names the file.
  */

@@ -3,33 +3,33 @@
 
 #include <stdint.h>
 
-#include "qv_json_c/json_value.h"
-#include "qv_json_c/qv_json_export.h"
+#include <qv_json_c/json_value.h>
+#include <qv_json_c/qv_json_export.h>
 
 #ifdef __cplusplus
 extern "C" {
 #endif
 
-/* A writer; zero means none. It holds nothing but its parameters, so several threads may use it at once. */
+/** A writer; zero means none. It holds nothing but its parameters, so several threads may use it at once. */
 typedef uintptr_t QvJsonWriterHandle_t;
 
-/* How texts are laid out. */
+/** How texts are laid out. */
 typedef struct QvJsonWriterOpenParam {
-    int32_t decimals;              /* digits behind the point of a float, 0 to 17; with 0 there is no point */
-    uint32_t elementNumberPerLine; /* list items on one line; 0 means all of them */
-    char indent[10];               /* blanks or tabs of one level; ends at a zero byte or after all ten */
+    int32_t decimals;              /**< digits behind the point of a float, 0 to 17; with 0 there is no point */
+    uint32_t elementNumberPerLine; /**< list items on one line; 0 means all of them */
+    char indent[10];               /**< blanks or tabs of one level; ends at a zero byte or after all ten */
 } QvJsonWriterOpenParam_t;
 
-/*
+/**
  * Opens a writer. pParam is copied; null means 6 decimals, 0 elements and two blanks. *pHandle receives the writer.
  * 0; 5 when memory runs out; 13 for a null pHandle, decimals out of range or an indent of other characters.
  */
 QV_JSON_API int QvJsonWriter_open(QvJsonWriterOpenParam_t* pParam, QvJsonWriterHandle_t* pHandle);
 
-/* Closes the writer and zeroes *pHandle. 0, also where *pHandle is zero; 13 for a null argument. */
+/** Closes the writer and zeroes *pHandle. 0, also where *pHandle is zero; 13 for a null argument. */
 QV_JSON_API int QvJsonWriter_close(QvJsonWriterHandle_t* pHandle);
 
-/*
+/**
  * Gives the document's text: UTF-8, lines ended by '\n', the last one too, and a zero byte behind it.
  *
  * Members stand one to a line, in the order in which they were added. A list stands in brackets with ", " between its
@@ -48,7 +48,7 @@ QV_JSON_API int QvJsonWriter_close(QvJsonWriterHandle_t* pHandle);
  */
 QV_JSON_API int QvJsonWriter_stringify(QvJsonWriterHandle_t handle, QvJsonValue_t* pValue, char** ppText);
 
-/*
+/**
  * Writes the same text to a file, which is replaced as a whole or left as it was. pFilename is not null. Beside the
  * statuses above come those of QvCommonBuffer_save2 (3, 4, 9, 12), with a trace at Error level that names the file.
  */

@@ -4,9 +4,9 @@
 #ifndef QV_JSON_C_QV_JSON_H
 #define QV_JSON_C_QV_JSON_H
 
-#include "qv_json_c/json_path.h"
-#include "qv_json_c/json_reader.h"
-#include "qv_json_c/json_value.h"
-#include "qv_json_c/json_writer.h"
+#include <qv_json_c/json_path.h>
+#include <qv_json_c/json_reader.h>
+#include <qv_json_c/json_value.h>
+#include <qv_json_c/json_writer.h>
 
 #endif
