@@ -86,9 +86,9 @@ consteval Facts range(double minimum, double maximum)
 
 consteval Facts unit(std::string_view name)
 {
-    for (std::uint8_t i = 1; i < std::size(kUnits); ++i) {
+    for (std::size_t i = 1; i < std::size(kUnits); ++i) {
         if (name == kUnits[i]) {
-            return {.unit = i};
+            return {.unit = static_cast<std::uint8_t>(i)};
         }
     }
     throw "the unit is not in the list of units";
@@ -254,7 +254,11 @@ consteval Field fieldOf()
     if constexpr (std::is_pointer_v<E> || std::is_class_v<E>) {
         static_assert(std::rank_v<T> <= 1, "arrays of records have one dimension");
         Field field;
-        field.width = sizeof(E);
+        if constexpr (std::is_pointer_v<E>) {
+            field.width = sizeof(void*);
+        } else {
+            field.width = sizeof(E);
+        }
         field.element = Element::Record;
         field.rank = std::rank_v<T>;
         if constexpr (std::rank_v<T> == 1) {

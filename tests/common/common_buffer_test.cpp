@@ -144,6 +144,7 @@ TEST_F(CommonBuffer, SavesPartsOneBehindTheOtherHoweverMany)
         content += texts[i];
     }
     std::vector<QvCommonBufferPart_t> parts;
+    parts.reserve(texts.size());
     for (const std::string& text : texts) {
         parts.push_back({text.empty() ? nullptr : text.data(), text.size()});
     }

@@ -3,8 +3,8 @@
  *
  * Rules for the whole header:
  * 1. The structs are open for reading. A caller changes only values that an operation gave him (create, member,
- * member2, item, an add, path, reader), and not those that he found by reading the structs: through the operations, and
- * the texts of their two comments, which he may replace by another string from malloc() (or null).
+ *    member2, item, an add, path, reader), and not those that he found by reading the structs: through the operations,
+ *    and the texts of their two comments, which he may replace by another string from malloc() (or null).
  * 2. A tree is used by one thread at a time, lookups included, since they remember where they were.
  * 3. Members of an object never move: a pointer to one is good as long as the object lives. Items of an array lie one
  *    behind the other: a pointer to an item is good until the next item is added to the same array.
