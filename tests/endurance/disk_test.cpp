@@ -157,7 +157,7 @@ TEST_F(Disk, AFullDeviceIsAStatus)
 TEST_F(Disk, WhatMayNotBeWrittenStays)
 {
     makeOldFiles(folder_ / "");
-    const auto withoutRights = [this](const std::function<std::string()>& work) {
+    const auto withoutRights = [](const std::function<std::string()>& work) {
         return inChild([&]() -> std::string {
             // Root may do everything.
             if (geteuid() == 0 && (setgroups(0, nullptr) != 0 || setgid(kNobody) != 0 || setuid(kNobody) != 0)) {
