@@ -1,0 +1,267 @@
+// Disks that are full, closed or not there, and files that are none.
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <functional>
+#include <grp.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include "database/test_support.h"
+
+using namespace qv::test;
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kNames[] = {"file.json", "file.ini", "file.bin"};
+constexpr uid_t kNobody = 65534;
+
+class Disk : public testing::Test {
+protected:
+    Disk()
+    {
+        EXPECT_EQ(database_.load(sample("imx477.json")), 0);
+        QvCommonTracer_close(&hTracer);
+        QvCommonTracerOpenParam_t param{};
+        param.level = QvCommonTracerLevel_Sum; // the failures are meant
+        EXPECT_EQ(QvCommonTracer_open(&param, &hTracer), 0);
+    }
+    ~Disk() override { QvCommonTracer_close(&hTracer); }
+
+    int save(const fs::path& file) const { return QvDatabase_save(database_.handle(), file.c_str()); }
+    int metaSave(const fs::path& file) const { return QvDatabase_metaSave(database_.handle(), file.c_str()); }
+
+    static long files(const fs::path& folder)
+    {
+        return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
+    }
+
+    /// All forms over old files in a folder fail with this status and leave the old files alone. Empty, or what went
+    /// wrong.
+    std::string failingSaves(const fs::path& folder, int expected) const
+    {
+        const long before = files(folder);
+        std::string faults;
+        const auto judge = [&](const char* pName, int status) {
+            if (status != expected) {
+                faults += std::string(pName) + " gives " + std::to_string(status) + "; ";
+            }
+            if (readFile(folder / pName) != "old") {
+                faults += std::string(pName) + " is not the old one; ";
+            }
+        };
+        for (const char* pName : kNames) {
+            judge(pName, save(folder / pName));
+        }
+        judge("meta.json", metaSave(folder / "meta.json"));
+        return files(folder) == before ? faults : faults + "something stands beside them";
+    }
+
+    static void makeOldFiles(const fs::path& folder)
+    {
+        for (const char* pName : kNames) {
+            writeFile(folder / pName, "old");
+        }
+        writeFile(folder / "meta.json", "old");
+    }
+
+    /// Runs in a process of its own, which may change what it likes. The text that it gives is the answer.
+    static std::string inChild(const std::function<std::string()>& work)
+    {
+        int ends[2];
+        EXPECT_EQ(pipe(ends), 0);
+        const pid_t child = fork();
+        if (child == 0) {
+            const std::string text = work();
+            const ssize_t written = ::write(ends[1], text.data(), text.size());
+            _exit(written == static_cast<ssize_t>(text.size()) ? 0 : 1);
+        }
+        ::close(ends[1]);
+        std::string answer;
+        char part[512];
+        for (ssize_t count = 0; (count = ::read(ends[0], part, sizeof part)) > 0;) {
+            answer.append(part, static_cast<std::size_t>(count));
+        }
+        ::close(ends[0]);
+        int status = 0;
+        EXPECT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+        return answer;
+    }
+
+    Database database_;
+    TemporaryFolder folder_;
+};
+
+TEST_F(Disk, AFullOneKeepsTheOldFiles)
+{
+    const std::string answer = inChild([this]() -> std::string {
+        // As root in a space of mounts of its own; elsewhere as the root of a space of users of its own.
+        if (unshare(CLONE_NEWNS) != 0 && unshare(CLONE_NEWNS | CLONE_NEWUSER) != 0) {
+            return "skip";
+        }
+        const fs::path folder = folder_ / "";
+        if (mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+            mount("none", folder.c_str(), "tmpfs", 0, "size=20k") != 0) {
+            return "skip";
+        }
+        makeOldFiles(folder);
+        std::string faults;
+        for (int turn = 0; turn < 3; ++turn) { // what a failure left would fill the disk further
+            writeFile(folder / "filler", std::string(4096, 'x'));
+            faults += failingSaves(folder, 12);
+        }
+        fs::remove(folder / "filler");
+        return faults;
+    });
+    if (answer == "skip") {
+        GTEST_SKIP() << "no file system can be mounted here";
+    }
+    EXPECT_EQ(answer, "");
+}
+
+TEST_F(Disk, ALimitOnTheSizeOfFilesIsAStatusAndNoSignal)
+{
+    makeOldFiles(folder_ / "");
+    for (const rlim_t limit : {rlim_t{0}, rlim_t{1000}, rlim_t{4000}}) {
+        const std::string answer = inChild([&] {
+            const rlimit size = {limit, limit};
+            return setrlimit(RLIMIT_FSIZE, &size) == 0 ? failingSaves(folder_ / "", 12) : "no limit";
+        });
+        EXPECT_EQ(answer, "") << limit;
+    }
+}
+
+TEST_F(Disk, AFullDeviceIsAStatus)
+{
+    EXPECT_EQ(save("/dev/full"), 12);
+    EXPECT_EQ(save("/dev/null"), 0);
+    for (const char* pName : {"full.json", "full.ini"}) {
+        fs::create_symlink("/dev/full", folder_ / pName);
+        EXPECT_EQ(save(folder_ / pName), 12);
+        EXPECT_TRUE(fs::is_symlink(folder_ / pName));
+    }
+    EXPECT_EQ(metaSave("/dev/full"), 12);
+}
+
+TEST_F(Disk, WhatMayNotBeWrittenStays)
+{
+    makeOldFiles(folder_ / "");
+    const auto withoutRights = [](const std::function<std::string()>& work) {
+        return inChild([&]() -> std::string {
+            // Root may do everything.
+            if (geteuid() == 0 && (setgroups(0, nullptr) != 0 || setgid(kNobody) != 0 || setuid(kNobody) != 0)) {
+                return "rights can't be given up";
+            }
+            return work();
+        });
+    };
+    const fs::path folder = folder_ / "";
+    fs::permissions(folder.parent_path(), fs::perms(0555)); // a folder that takes no new file
+    EXPECT_EQ(withoutRights([&] { return failingSaves(folder, 4); }), "");
+    fs::permissions(folder.parent_path(), fs::perms(0777));
+    for (const fs::directory_entry& file : fs::directory_iterator(folder)) {
+        fs::permissions(file, fs::perms(0444)); // files that may not be written
+    }
+    EXPECT_EQ(withoutRights([&] { return failingSaves(folder, 4); }), "");
+    for (const fs::directory_entry& file : fs::directory_iterator(folder)) {
+        fs::permissions(file, fs::perms(0000));
+    }
+    EXPECT_EQ(withoutRights([&]() -> std::string {
+                  std::string faults;
+                  for (const char* pName : kNames) {
+                      const int status = QvDatabase_load(database_.handle(), (folder / pName).c_str());
+                      faults += status == 4 ? "" : std::string(pName) + " gives " + std::to_string(status) + "; ";
+                  }
+                  return faults;
+              }),
+              "");
+    fs::permissions(folder.parent_path(), fs::perms(0700));
+}
+
+TEST_F(Disk, NamesThatLeadNowhereAreAStatus)
+{
+    for (const char* pName : kNames) {
+        EXPECT_EQ(save(folder_ / "none" / pName), 3);
+        EXPECT_EQ(database_.load(folder_ / "none" / pName), 3);
+        fs::create_directory(folder_ / pName);
+        EXPECT_EQ(save(folder_ / pName), 9);
+        EXPECT_EQ(database_.load(folder_ / pName), 9);
+        fs::remove(folder_ / pName);
+        const fs::path tooLong = folder_ / (std::string(300, 'n') + pName);
+        EXPECT_EQ(save(tooLong), 3); // there can be no such file
+        EXPECT_EQ(database_.load(tooLong), 3);
+        // As long as a name may be, and no room for more.
+        const fs::path longest = folder_ / (std::string(255 - std::strlen(pName), 'n') + pName);
+        EXPECT_EQ(save(longest), 0);
+        EXPECT_EQ(database_.load(longest), 0);
+        fs::remove(longest);
+        fs::create_symlink("loop", folder_ / "loop");
+        EXPECT_NE(save(folder_ / "loop" / pName), 0);
+        fs::remove(folder_ / "loop");
+        writeFile(folder_ / "file", "");
+        EXPECT_NE(save(folder_ / "file" / pName), 0);
+        fs::remove(folder_ / "file");
+    }
+    EXPECT_EQ(files(folder_ / ""), 0);
+}
+
+TEST_F(Disk, LinksLeadToWhatIsSaved)
+{
+    for (const char* pName : kNames) {
+        const fs::path target = folder_ / (std::string("target_") + pName);
+        const fs::path other = folder_ / (std::string("other_") + pName);
+        const fs::path link = folder_ / pName;
+        fs::create_symlink(target.filename(), link); // leads to nothing yet
+        EXPECT_EQ(save(link), 0);
+        EXPECT_TRUE(fs::is_symlink(link));
+        EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(target)));
+        // A hard link keeps the old content under its own name: the new file is another one.
+        writeFile(target, "old");
+        fs::create_hard_link(target, other);
+        EXPECT_EQ(save(link), 0);
+        EXPECT_TRUE(fs::is_symlink(link));
+        EXPECT_EQ(readFile(other), "old");
+        EXPECT_EQ(database_.load(target), 0);
+        fs::remove(link);
+        fs::remove(target);
+        fs::remove(other);
+    }
+    EXPECT_EQ(files(folder_ / ""), 0);
+}
+
+TEST_F(Disk, APipeWhoseReaderGoesAwayIsAStatusAndNoSignal)
+{
+    for (const char* pName : {"file.json", "file.bin"}) { // longer than what a pipe holds
+        const fs::path pipe = folder_ / pName;
+        ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+        std::thread reader([&pipe] {
+            const int descriptor = ::open(pipe.c_str(), O_RDONLY | O_CLOEXEC);
+            char byte = 0;
+            EXPECT_EQ(::read(descriptor, &byte, 1), 1);
+            ::close(descriptor);
+        });
+        EXPECT_EQ(save(pipe), 12);
+        reader.join();
+        // One that stays gets everything.
+        std::string content;
+        std::thread patient([&] { content = readFile(pipe); });
+        EXPECT_EQ(save(pipe), 0);
+        patient.join();
+        EXPECT_EQ(content.size(), fs::path(pName).extension() == ".bin" ? 564730U : content.size());
+        EXPECT_GT(content.size(), 100000U);
+        EXPECT_TRUE(fs::is_fifo(pipe));
+    }
+}
+
+} // namespace
