@@ -14,4 +14,4 @@ install_packages() {
 }
 
 build_packages=(cmake make g++ libc6-dev)
-test_packages=("${build_packages[@]}" libgtest-dev rapidjson-dev python3 clang-format clang-tidy git)
+test_packages=("${build_packages[@]}" libgtest-dev rapidjson-dev python3 clang-format clang-tidy git locales)
