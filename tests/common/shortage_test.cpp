@@ -1,100 +1,36 @@
 // Memory that runs out, at each allocation of each operation in turn: the outcome is a status, the process goes on, and
-// nothing is lost on the way. This program's allocator stands in for that of all libraries, the C library included.
-#include <atomic>
-#include <cerrno>
+// nothing is lost on the way.
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <functional>
 #include <string>
-#include <thread>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
+#include "endurance/scarce_memory.h"
 #include "qv_common_c/qv_common.h"
 #include "qv_initialization/qv_initialization.h"
 #include "qv_json_c/qv_json.h"
 
-extern "C" {
-void* __libc_malloc(size_t size);
-void* __libc_calloc(size_t number, size_t size);
-void* __libc_realloc(void* pBlock, size_t size);
-void __libc_free(void* pBlock);
-}
-
 namespace {
 
-// What the calling thread has left; without a limit, and uncounted, until it is set.
-constinit thread_local bool isLimited = false;
-constinit thread_local long allowed = 0;
-constinit thread_local long blocks = 0;
-
-bool isRefused()
-{
-    if (!isLimited) {
-        return false;
-    }
-    --allowed;
-    errno = ENOMEM;
-    return allowed < 0;
-}
-
-void* counted(void* pBlock)
-{
-    blocks += isLimited && pBlock != nullptr ? 1 : 0;
-    return pBlock;
-}
-
-} // namespace
-
-[[gnu::visibility("default")]] void* malloc(size_t size) noexcept
-{
-    return isRefused() ? nullptr : counted(__libc_malloc(size));
-}
-
-[[gnu::visibility("default")]] void* calloc(size_t number, size_t size) noexcept
-{
-    return isRefused() ? nullptr : counted(__libc_calloc(number, size));
-}
-
-[[gnu::visibility("default")]] void* realloc(void* pBlock, size_t size) noexcept
-{
-    if (isRefused()) {
-        return nullptr;
-    }
-    void* pNew = __libc_realloc(pBlock, size);
-    return pBlock == nullptr ? counted(pNew) : pNew;
-}
-
-[[gnu::visibility("default")]] void free(void* pBlock) noexcept
-{
-    blocks -= isLimited && pBlock != nullptr ? 1 : 0;
-    __libc_free(pBlock);
-}
-
-namespace {
+using namespace qv::test;
 
 struct Outcome {
     int status = -1;
-    long blocks = 0; // taken and not given back
+    size_t blocks = 0; // taken and not given back
     bool isShort = false;
 };
 
 // Runs an operation in a new thread that may allocate so many blocks.
 Outcome runWith(long number, const std::function<int()>& operation)
 {
-    Outcome outcome;
-    std::thread([&] {
-        allowed = number;
-        blocks = 0;
-        isLimited = true;
-        const int status = operation();
-        isLimited = false;
-        outcome = {status, blocks, allowed < 0};
-    }).join();
-    return outcome;
+    int status = -1;
+    const Demand demand = runScarcely(number, Refuse::AllFromThenOn, [&] { status = operation(); });
+    return {status, keptBlocks().size(), demand.refused != 0};
 }
 
 // One block more each time until it is enough.
@@ -104,7 +40,7 @@ void runShort(const char* pName, const std::function<int()>& operation, int expe
     ASSERT_EQ(outcome.status, expected) << pName;
     for (long number = 0;; ++number) {
         outcome = runWith(number, operation);
-        EXPECT_EQ(outcome.blocks, 0) << pName << " with " << number;
+        EXPECT_EQ(outcome.blocks, 0U) << pName << " with " << number;
         if (!outcome.isShort) {
             break;
         }
@@ -216,24 +152,25 @@ TEST_F(Shortage, JsonGivesAStatus)
 
 TEST_F(Shortage, WhereThereIsNoValueToGiveItStaysEmpty)
 {
-    const Outcome outcome = runWith(0, [] {
-        QvJsonValue_t* pValue = QvJsonValue_member(nullptr, "key");
-        if (pValue == nullptr || QvJsonValue_member(pValue, "key") == nullptr ||
-            QvJsonValue_item(pValue, 3) == nullptr || !QvJsonValue_isEmpty(pValue)) {
-            return -1;
-        }
-        isLimited = false; // memory is back, but the value is shared with others by now
-        const int status = QvJsonValue_addIntegerToArray(pValue, 1);
-        QvJsonValue_t* pPlace = nullptr;
-        if (status != QvJsonValue_addIntegerToObject(pValue, "key", 1) ||
-            status != QvJsonPath(pValue, "a/b", &pPlace) || !QvJsonValue_isEmpty(pValue) ||
-            QvJsonValue_delete(&pValue) != 0) {
-            return -1;
-        }
+    QvJsonValue_t* pValue = nullptr;
+    const Outcome outcome = runWith(0, [&pValue] {
         pValue = QvJsonValue_member(nullptr, "key");
-        return QvJsonValue_addIntegerToArray(pValue, 1) == 0 ? status : -1;
+        return pValue == nullptr || QvJsonValue_member(pValue, "key") == nullptr ||
+                       QvJsonValue_item(pValue, 3) == nullptr || !QvJsonValue_isEmpty(pValue)
+                   ? -1
+                   : 0;
     });
-    EXPECT_EQ(outcome.status, QvCommonError_OutOfMemory);
+    ASSERT_EQ(outcome.status, 0);
+    ASSERT_TRUE(outcome.isShort);
+    // Memory is back, but the value is shared with others by now.
+    QvJsonValue_t* pPlace = nullptr;
+    EXPECT_EQ(QvJsonValue_addIntegerToArray(pValue, 1), QvCommonError_OutOfMemory);
+    EXPECT_EQ(QvJsonValue_addIntegerToObject(pValue, "key", 1), QvCommonError_OutOfMemory);
+    EXPECT_EQ(QvJsonPath(pValue, "a/b", &pPlace), QvCommonError_OutOfMemory);
+    EXPECT_TRUE(QvJsonValue_isEmpty(pValue));
+    EXPECT_EQ(QvJsonValue_delete(&pValue), 0);
+    pValue = QvJsonValue_member(nullptr, "key");
+    EXPECT_EQ(QvJsonValue_addIntegerToArray(pValue, 1), 0);
 }
 
 TEST_F(Shortage, CommonGivesAStatus)
