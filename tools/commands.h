@@ -6,11 +6,18 @@
 
 namespace qv::tools {
 
-enum ExitStatus { kDone = 0, kRefused = 1, kUsageError = 2 };
-
+ExitStatus at(const Options& options);
+ExitStatus check(const Options& options);
 ExitStatus convert(const Options& options);
+ExitStatus coverage(const Options& options);
+ExitStatus diff(const Options& options);
+ExitStatus dump(const Options& options);
+ExitStatus fields(const Options& options);
+ExitStatus get(const Options& options);
 ExitStatus info(const Options& options);
+ExitStatus merge(const Options& options);
 ExitStatus meta(const Options& options);
 ExitStatus schema(const Options& options);
+ExitStatus set(const Options& options);
 
 } // namespace qv::tools

@@ -1,30 +1,32 @@
 #include <cstddef>
 #include <cstdio>
 
-#include <qv_database_c/qv_database.h>
-
 #include "commands.h"
+#include "files.h"
 #include "session.h"
 
 namespace qv::tools {
 
 ExitStatus convert(const Options& options)
 {
-    Session session(options);
-    if (!session.open() || !session.setProtocol(options.isSimulator)) {
+    const std::string& out = options.output.empty() ? options.words.back() : options.output;
+    const std::size_t number = options.words.size() - (options.output.empty() ? 1 : 0);
+    Tracing tracing(options);
+    Session session(tracing);
+    if (!session.open() || !session.setProtocol(options.protocol)) {
         return kRefused;
     }
-    const std::string& out = options.files.back();
-    for (std::size_t i = 0; i + 1 < options.files.size(); ++i) {
-        if (!session.load(options.files[i])) {
+    for (std::size_t i = 0; i < number; ++i) {
+        Input input;
+        if (!readInput(options.words[i], options, input) || !session.load(input)) {
             return kRefused;
         }
-        std::printf("loaded %s\n", options.files[i].c_str());
+        std::fprintf(stderr, "loaded %s\n", input.shown().c_str());
     }
-    if (!session.check(out, QvDatabase_save(session.handle(), out.c_str()))) {
+    if (!session.save(out, formOf(out, options.to))) {
         return kRefused;
     }
-    std::printf("saved %s\n", out.c_str());
+    std::fprintf(stderr, "saved %s\n", shownName(out, false).c_str());
     return kDone;
 }
 

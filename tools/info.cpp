@@ -12,50 +12,44 @@ namespace qv::tools {
 namespace {
 
 /// One line a category: whether the files changed its record from the defaults that an open database begins with.
-ExitStatus showCategories(Session& session)
+ExitStatus showCategories(Session& session, Tracing& tracing)
 {
-    session.hideInfo(); // the second database would print its banner as well
-    QvDatabaseHandle_t fresh = 0;
-    QvDatabaseOpenParam_t param{};
-    if (!session.check("open", QvDatabase_open(&param, &fresh))) {
+    tracing.traces().showsInfo = false; // the second database would print its banner as well
+    Session fresh(tracing);
+    if (!fresh.open()) {
         return kRefused;
     }
     std::printf("\n%-11s %8s  %-8s  %s\n", "category", "bytes", "state", "record");
-    ExitStatus result = kDone;
     for (std::size_t i = 0; const QvDatabaseCategory_t* pCategory = QvDatabase_category(i); ++i) {
-        void* pLoaded = nullptr;
-        void* pDefault = nullptr;
-        if (!session.check(pCategory->pKey, QvDatabase_query(session.handle(), pCategory->pKey, &pLoaded)) ||
-            !session.check(pCategory->pKey, QvDatabase_query(fresh, pCategory->pKey, &pDefault))) {
-            result = kRefused;
-            break;
-        }
         const bool isRunTime = std::strcmp(pCategory->pKey, "RAM") == 0;
-        const bool isDefault = std::memcmp(pLoaded, pDefault, pCategory->size) == 0;
+        const bool isDefault =
+            std::memcmp(session.record(pCategory->pKey), fresh.record(pCategory->pKey), pCategory->size) == 0;
         std::printf("%-11s %8zu  %-8s  %s\n", pCategory->pKey, pCategory->size,
                     isRunTime ? "run time" : (isDefault ? "default" : "changed"), pCategory->pRecord);
     }
-    QvDatabase_close(&fresh);
-    return result;
+    return kDone;
 }
 
 } // namespace
 
 ExitStatus info(const Options& options)
 {
-    Session session(options);
+    Tracing tracing(options);
+    Session session(tracing);
     if (!session.open()) {
         return kRefused;
     }
-    for (const std::string& name : options.files) {
-        if (!session.load(name)) {
+    for (const std::string& name : options.words) {
+        Input input;
+        if (!readInput(name, options, input) || !session.load(input)) {
             return kRefused;
         }
     }
+    tracing.traces().showsInfo = true;
     if (!session.check("info", QvDatabase_info(session.handle()))) {
         return kRefused;
     }
-    return showCategories(session);
+    return showCategories(session, tracing);
 }
 
 } // namespace qv::tools

@@ -9,17 +9,18 @@ namespace qv::tools {
 
 ExitStatus meta(const Options& options)
 {
-    Session session(options);
-    if (!session.open() || !session.setProtocol(options.isSimulator)) {
+    Tracing tracing(options);
+    Session session(tracing);
+    if (!session.open() || !session.setProtocol(options.protocol)) {
         return kRefused;
     }
-    const std::string& in = options.files[0];
-    const std::string& out = options.files[1];
+    const std::string& in = options.words[0];
+    const std::string& out = options.words[1];
     if (!session.check(in, QvDatabase_metaLoad(session.handle(), in.c_str())) ||
         !session.check(out, QvDatabase_metaSave(session.handle(), out.c_str()))) {
         return kRefused;
     }
-    std::printf("saved %s\n", out.c_str());
+    std::fprintf(stderr, "saved %s\n", out.c_str());
     return kDone;
 }
 

@@ -1,30 +1,173 @@
 #include "options.h"
 
+#include <cstdio>
 #include <string_view>
 
-namespace qv::tools {
+#include <CLI/CLI.hpp>
 
-bool readOptions(int argc, char* argv[], Options& options)
+#include "grammar.h"
+#include "suggest.h"
+
+namespace qv::tools {
+namespace {
+
+std::vector<std::string> commandNames()
 {
-    for (int i = 1; i < argc; ++i) {
-        const std::string_view word = argv[i];
-        if (word == "-v") {
-            options.isVerbose = true;
-        } else if (word == "--protocol") {
-            const std::string_view name = i + 1 < argc ? argv[++i] : "";
-            if (name != "simulator" && name != "standard") {
-                return false;
+    std::vector<std::string> names{"help"};
+    for (const Command& command : commands()) {
+        names.emplace_back(command.pName);
+    }
+    return names;
+}
+
+std::vector<std::string> splitAt(std::string_view text, char separator)
+{
+    std::vector<std::string> parts;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(separator), text.size());
+        parts.emplace_back(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return parts;
+}
+
+ExitStatus refuse(const std::string& command, const std::string& what)
+{
+    std::fprintf(stderr, "qvdb: %s%s; see qvdb %s--help\n", command.empty() ? "" : (command + ": ").c_str(),
+                 what.c_str(), command.empty() ? "" : (command + ' ').c_str());
+    return kUsageError;
+}
+
+ExitStatus printHelp(const Command* pCommand)
+{
+    std::fputs((pCommand == nullptr ? programHelp() : commandHelp(*pCommand)).c_str(), stdout);
+    return kDone;
+}
+
+std::optional<ExitStatus> refuseCommand(const std::string& word)
+{
+    return refuse("", "there is no command " + word + suggestion(word, commandNames()));
+}
+
+/// What CLI11 reads straight into the options.
+void declare(CLI::App& app, const Option& option, Options& options)
+{
+    CLI::Option* pOption = std::visit(
+        [&](auto target) -> CLI::Option* {
+            auto& value = options.*target;
+            if constexpr (std::is_same_v<decltype(target), bool Options::*>) {
+                return app.add_flag(option.pNames, value);
+            } else {
+                return app.add_option(option.pNames, value)->expected(1);
             }
-            options.isSimulator = name == "simulator";
-        } else if (word.size() > 1 && word.front() == '-') {
-            return false;
-        } else if (options.command.empty()) {
-            options.command = word;
-        } else {
-            options.files.emplace_back(word);
+        },
+        option.target);
+    if (std::holds_alternative<std::vector<std::string> Options::*>(option.target)) {
+        pOption->take_all();
+    } else if (option.pValue != nullptr) {
+        pOption->take_last();
+    }
+}
+
+std::vector<std::string> namesOf(const Command& command)
+{
+    std::vector<std::string> names{"--help"};
+    for (const Option* pOption : command.options) {
+        for (std::string& name : splitAt(pOption->pNames, ',')) {
+            names.push_back(std::move(name));
         }
     }
-    return true;
+    return names;
+}
+
+/// What is wrong with the values of the options that have a list of them.
+std::string wrongChoice(const Command& command, const Options& options)
+{
+    for (const Option* pOption : command.options) {
+        const auto* pTarget = std::get_if<std::string Options::*>(&pOption->target);
+        if (pOption->pChoices == nullptr || pTarget == nullptr || (options.**pTarget).empty()) {
+            continue;
+        }
+        const std::vector<std::string> choices = splitAt(pOption->pChoices, '|');
+        const std::string& value = options.**pTarget;
+        if (std::find(choices.begin(), choices.end(), value) == choices.end()) {
+            return splitAt(pOption->pNames, ',').back() + " is one of " + pOption->pChoices + ", not " + value +
+                   suggestion(value, choices);
+        }
+    }
+    return "";
+}
+
+/// The words of a command behind its name.
+std::optional<ExitStatus> readWords(const Command& command, int argc, char* argv[], Options& options)
+{
+    CLI::App app;
+    app.set_help_flag();
+    bool wantsHelp = false;
+    app.add_flag("-h,--help", wantsHelp);
+    app.add_option("words", options.words);
+    app.allow_extras();
+    for (const Option* pOption : command.options) {
+        declare(app, *pOption, options);
+    }
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return refuse(command.pName, error.what());
+    }
+    if (wantsHelp) {
+        return printHelp(&command);
+    }
+    if (const std::vector<std::string> extras = app.remaining(); !extras.empty()) {
+        return refuse(command.pName, "unknown option " + extras[0] + suggestion(extras[0], namesOf(command)));
+    }
+    if (const std::string wrong = wrongChoice(command, options); !wrong.empty()) {
+        return refuse(command.pName, wrong);
+    }
+    if (options.words.size() < command.words.least) {
+        return refuse(command.pName, "wants " + std::string(command.words.pUsage) + ", and " +
+                                         (options.words.empty() ? "nothing" : options.words.back()) +
+                                         (options.words.empty() ? " was given" : " is the last word"));
+    }
+    if (options.words.size() > command.words.most) {
+        return refuse(command.pName, "wants " + std::string(command.words.pUsage) + "; " +
+                                         options.words[command.words.most] + " is one word too many");
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<ExitStatus> readOptions(int argc, char* argv[], Options& options)
+{
+    const std::string word = argc > 1 ? argv[1] : "";
+    if (word.empty()) {
+        return refuse("", "what to do is missing, such as check or convert");
+    }
+    if (word == "--version" || word == "-V") {
+        std::printf("qvdb %s\n", QV_VERSION);
+        return kDone;
+    }
+    if (word == "--help" || word == "-h" || word == "help") {
+        if (argc <= 2) {
+            return printHelp(nullptr);
+        }
+        const Command* pCommand = findCommand(argv[2]);
+        return pCommand != nullptr ? printHelp(pCommand) : refuseCommand(argv[2]);
+    }
+    if (word.starts_with('-') && word.size() > 1) {
+        return refuse("", "the command comes first, before " + word);
+    }
+    options.pCommand = findCommand(word);
+    if (options.pCommand == nullptr) {
+        return refuseCommand(word);
+    }
+    return readWords(*options.pCommand, argc - 1, argv + 1, options);
+}
+
+ExitStatus refuseUsage(const Options& options, const std::string& what)
+{
+    return refuse(options.pCommand->pName, what);
 }
 
 } // namespace qv::tools

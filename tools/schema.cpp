@@ -3,19 +3,19 @@
 
 #include "commands.h"
 #include "json_schema.h"
+#include "suggest.h"
 
 namespace qv::tools {
 
 ExitStatus schema(const Options& options)
 {
+    const std::string name = options.words.empty() ? "" : options.words[0];
     std::string text;
-    if (!makeSchema(options.files.empty() ? "" : options.files[0], text)) {
-        return kUsageError;
+    if (!makeSchema(name, text)) {
+        return refuseUsage(options, "there is no schema of " + name +
+                                        suggestion(name, {"tuning", "simulator", "calibration", "meta"}));
     }
-    if (std::fputs(text.c_str(), stdout) < 0 || std::fflush(stdout) != 0) {
-        std::perror("qvdb: schema");
-        return kRefused;
-    }
+    std::fputs(text.c_str(), stdout);
     return kDone;
 }
 

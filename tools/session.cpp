@@ -1,18 +1,66 @@
 #include "session.h"
 
 #include <cstdio>
-#include <cstring>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
 
 #include <qv_common_c/common_error.h>
 #include <qv_common_c/common_tracer.h>
+#include <qv_database_c/database_binary.h>
+#include <qv_database_c/database_initialization.h>
 #include <qv_database_c/database_setting.h>
+#include <qv_database_c/database_text.h>
+
+#include "output.h"
 
 namespace qv::tools {
+namespace {
 
-Session::Session(const Options& options)
+/// The end of a name by which a save takes a form; none for an image.
+const char* suffixOf(Form form)
+{
+    return form == Form::Json ? ".json" : (form == Form::Ini ? ".ini" : "");
+}
+
+bool isImageName(const std::string& name)
+{
+    return !name.ends_with(".json") && !name.ends_with(".ini");
+}
+
+/// A folder of its own for one file, taken away at the end.
+class ScratchFolder {
+public:
+    ScratchFolder()
+    {
+        std::error_code error;
+        std::string name = (std::filesystem::temp_directory_path(error) / "qvdb.XXXXXX").string();
+        if (!error && mkdtemp(name.data()) != nullptr) {
+            path_ = name;
+        }
+    }
+    ~ScratchFolder()
+    {
+        std::error_code error;
+        if (!path_.empty()) {
+            std::filesystem::remove_all(path_, error);
+        }
+    }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+    /// Empty where none could be made.
+    const std::string& path() const { return path_; }
+
+private:
+    std::string path_;
+};
+
+} // namespace
+
+Tracing::Tracing(const Options& options)
 {
     traces_.isVerbose = options.isVerbose;
-    traces_.showsInfo = options.command == "info";
     QvCommonTracerOpenParam_t param{};
     param.level = options.isVerbose ? QvCommonTracerLevel_Debug : QvCommonTracerLevel_Info;
     param.pWrite = &Traces::write;
@@ -20,13 +68,17 @@ Session::Session(const Options& options)
     QvCommonTracer_open(&param, &hTracer);
 }
 
+Tracing::~Tracing()
+{
+    if (hTracer != 0) {
+        QvCommonTracer_close(&hTracer);
+    }
+}
+
 Session::~Session()
 {
     if (handle_ != 0) {
         QvDatabase_close(&handle_);
-    }
-    if (hTracer != 0) {
-        QvCommonTracer_close(&hTracer);
     }
 }
 
@@ -46,29 +98,60 @@ bool Session::check(const std::string& what, int status)
         traces_.firstError.clear();
         return true;
     }
-    char text[128];
-    std::snprintf(text, sizeof text, "%s(%d)", QvCommonError_text(status), status);
+    const std::string text = std::string(QvCommonError_text(status)) + '(' + std::to_string(status) + ')';
     const std::size_t at = traces_.firstError.find(text);
-    const std::string detail = at == std::string::npos ? "" : traces_.firstError.substr(at + std::strlen(text));
-    std::fflush(stdout);
-    std::fprintf(stderr, "qvdb: %s: %s (%d)%s\n", what.c_str(), QvCommonError_text(status), status, detail.c_str());
+    const std::string detail = at == std::string::npos ? "" : traces_.firstError.substr(at + text.size());
+    traces_.firstError.clear();
+    complain(what + ": " + QvCommonError_text(status) + " (" + std::to_string(status) + ')' + detail);
     return false;
 }
 
-bool Session::load(const std::string& name)
+bool Session::load(Input& input)
 {
-    return check(name, QvDatabase_load(handle_, name.c_str()));
+    QvCommonBuffer_t* pBuffer = input.bytes.get();
+    pBuffer->offset = 0;
+    switch (input.form) {
+    case Form::Json:
+        return check(input.shown(), QvDatabaseText_parse(handle_, pBuffer));
+    case Form::Ini:
+        return check(input.shown(), QvDatabaseInitialization_parse(handle_, pBuffer));
+    case Form::Image:
+        return check(input.shown(), QvDatabaseBinary_parse(handle_, pBuffer));
+    case Form::CalibrationText:
+        break;
+    }
+    complain(input.shown() + ": a plain calibration text can only be converted");
+    return false;
 }
 
-bool Session::setProtocol(bool isSimulator)
+bool Session::save(const std::string& name, Form form)
+{
+    // The library's save is the one that knows when memory was too short for a whole document. Where the name doesn't
+    // ask for the form, it saves beside.
+    if (name != kStream && name.ends_with(suffixOf(form)) && (form != Form::Image || isImageName(name))) {
+        return check(name, QvDatabase_save(handle_, name.c_str()));
+    }
+    const ScratchFolder folder;
+    const std::string beside = folder.path() + "/set" + suffixOf(form);
+    Bytes bytes;
+    return check(shownName(name, false), folder.path().empty() ? QvCommonError_Write : 0) &&
+           check(shownName(name, false), QvDatabase_save(handle_, beside.c_str())) &&
+           check(shownName(name, false), QvCommonBuffer_load2(beside.c_str(), 0, 0, bytes.get())) &&
+           writeOutput(name, bytes.view());
+}
+
+bool Session::setProtocol(const std::string& name)
+{
+    static_cast<QvDatabaseSetting_t*>(record("ST"))->protocol =
+        name == "simulator" ? QvDatabaseSettingProtocol_Simulator : QvDatabaseSettingProtocol_Standard;
+    return true;
+}
+
+void* Session::record(const char* pKey) const
 {
     void* pData = nullptr;
-    if (!check("ST", QvDatabase_query(handle_, "ST", &pData))) {
-        return false;
-    }
-    static_cast<QvDatabaseSetting_t*>(pData)->protocol =
-        isSimulator ? QvDatabaseSettingProtocol_Simulator : QvDatabaseSettingProtocol_Standard;
-    return true;
+    QvDatabase_query(handle_, pKey, &pData);
+    return pData;
 }
 
 } // namespace qv::tools
