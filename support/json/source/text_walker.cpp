@@ -542,8 +542,7 @@ const char* TextWalker::failComment(const char* p, const CommentScan& scan)
     } else if (p[1] == '/' || (frames_.empty() && p[1] != '*')) {
         pNext = lineEnd(pError, pEnd_);
     } else if (p[1] == '*') {
-        pNext = std::search(pError, pEnd_, "*/", "*/" + 2) + 2;
-        noteLines(p, pNext);
+        pNext = passComment(p);
     } else {
         pNext = passOver(p + 1);
         next = State::Behind;
@@ -570,7 +569,7 @@ const char* TextWalker::failBracket(const char* p)
         }
     }
     const char* pSuspect = missing_.pBracket != nullptr ? missing_.pBracket : inner.pOpened;
-    if (p != pTold_ && !tell(p, isMissing ? p : p + 1, expected(), inner.pOpened, pSuspect)) {
+    if (p != pTold_ && !tell(p, p, expected(), inner.pOpened, pSuspect)) {
         return nullptr;
     }
     if (!isMissing) {
