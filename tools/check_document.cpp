@@ -51,7 +51,7 @@ void DocumentCheck::checkSyntax()
 {
     for (const DocumentFault& fault : document_.faults()) {
         std::string text = fault.words;
-        const std::size_t bracket = fault.suspect != SIZE_MAX ? fault.suspect : SIZE_MAX;
+        const std::size_t bracket = fault.suspect;
         if (bracket < document_.text().size()) {
             const char sign = document_.text()[bracket];
             const TextPlace place = document_.place(bracket);
@@ -79,8 +79,7 @@ void DocumentCheck::checkNode(NodeIndex node)
         break;
     case Fate::Doubled:
         add(Fault::DuplicateKey, node, document_[node].key,
-            "stands there again at line " + lineOf(document_.member(document_[node].parent, document_.key(node))) +
-                ", and this one is lost");
+            "stands there again at line " + lineOf(lastOf(node)) + ", and this one is lost");
         break;
     case Fate::Unread:
         checkUnread(node);
@@ -103,6 +102,20 @@ std::string DocumentCheck::lineOf(NodeIndex node) const
 {
     const DocumentNode& value = document_[node];
     return number(document_.place(value.key.isEmpty() ? value.value.begin : value.key.begin).line);
+}
+
+/// The member that counts of those with the same key.
+NodeIndex DocumentCheck::lastOf(NodeIndex member) const
+{
+    if (fields_.kind() != DocumentKind::Ini) {
+        return document_.member(document_[member].parent, document_.key(member));
+    }
+    // A section may stand there twice.
+    NodeIndex last = member;
+    for (NodeIndex node = member; node < document_.nodes().size(); ++node) {
+        last = fields_[node].pField == fields_[member].pField && fields_[node].isTaken() ? node : last;
+    }
+    return last;
 }
 
 /// The fields of the record that an object stands for; none where it stands for several, or none.
@@ -180,7 +193,11 @@ void DocumentCheck::checkUnknown(NodeIndex node)
         return;
     }
     const NodeIndex parent = value.parent;
-    if (fields_[parent].fate == Fate::Unknown || (parent == 0 && document_.key(node) == kSchemaKey)) {
+    // An object that lacks its bracket takes what doesn't belong to it.
+    const bool isUnclosed =
+        std::any_of(document_.faults().begin(), document_.faults().end(),
+                    [&](const DocumentFault& fault) { return fault.suspect == document_[parent].value.begin; });
+    if (isUnclosed || fields_[parent].fate == Fate::Unknown || (parent == 0 && document_.key(node) == kSchemaKey)) {
         return;
     }
     const std::string key(document_.key(node));
@@ -215,14 +232,16 @@ void DocumentCheck::checkUnread(NodeIndex node)
             "is passed over: calibration is read where " + first + " stands");
         return;
     }
-    std::string other = "another key";
+    std::string other;
     for (const FieldNode& sibling : siblings) {
         if (&sibling != pField && sibling.field.offset == pField->field.offset &&
             childOf(document_[node].parent, sibling) != kNoNode) {
             other = sibling.field.pKey;
         }
     }
-    add(Fault::NotRead, node, document_[node].key, "is lost: " + other + " goes into the same field and counts");
+    add(Fault::NotRead, node, document_[node].key,
+        "the key " + std::string(document_.key(node)) + " is passed over for " + other +
+            ", which goes into the same field");
 }
 
 void DocumentCheck::checkKept(NodeIndex node)
@@ -292,6 +311,10 @@ void DocumentCheck::checkTaken(NodeIndex node)
         return;
     }
     const CatalogField& field = bound.pField->field;
+    if (isElement(bound)) {
+        checkElement(node);
+        return;
+    }
     if (bound.open > 0 || (field.count == QvDatabaseCatalogCount_Members && !bound.pField->fields.empty())) {
         checkLength(node);
         if (bound.open == 1) {
@@ -299,16 +322,15 @@ void DocumentCheck::checkTaken(NodeIndex node)
         }
         return;
     }
-    if (field.written == QvDatabaseCatalogElement_Record || field.pName == nullptr) {
-        checkCounts(node);
-        return;
-    }
-    checkElement(node);
+    checkCounts(node);
 }
 
 /// A single number, bool or text.
 void DocumentCheck::checkElement(NodeIndex node)
 {
+    if (isPlain(document_, node, fields_[node].pField->field)) {
+        return;
+    }
     faults_.clear();
     checkValue(document_, node, fields_[node], faults_);
     for (const ValueFault& fault : faults_) {

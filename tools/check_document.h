@@ -51,6 +51,7 @@ private:
     const std::vector<FieldNode>& membersOf(NodeIndex record) const;
     std::vector<std::string> keysBelow(NodeIndex node) const;
     NodeIndex childOf(NodeIndex record, const FieldNode& field) const;
+    NodeIndex lastOf(NodeIndex member) const;
     NodeIndex outerList(NodeIndex node) const;
     bool isEndedBehind(NodeIndex text) const;
     bool isRagged(NodeIndex list) const;

@@ -209,7 +209,7 @@ bool Document::read(std::string_view text, Form form)
     *this = {};
     text_ = text;
     form_ = form;
-    nodes_.reserve(text.size() / 8);
+    nodes_.reserve(text.size() / 4); // no number and comma is shorter, and what isn't touched costs nothing
     DocumentBuilder builder(*this);
     int status = 0;
     if (form == Form::Ini) {

@@ -444,8 +444,7 @@ bool FieldBinder::hasOddRows(NodeIndex node, const CatalogField& field) const
     return isOdd;
 }
 
-/// A list of numbers or texts, or a row of it. A row that begins where the lengths of the rows tell has a stride of its
-/// own.
+/// A list of numbers or texts, or a row of it that takes `limit` items.
 void FieldBinder::bindList(NodeIndex node, const FieldNode& field, const Source& source, std::size_t dimension,
                            std::size_t base, std::size_t limit)
 {
@@ -463,21 +462,39 @@ void FieldBinder::bindList(NodeIndex node, const FieldNode& field, const Source&
         return;
     }
     const std::size_t elements = list.extents[0] * list.extents[1] * list.extents[2];
+    if (open == 1) {
+        bindItems(node, field, source, base, limit);
+        return;
+    }
     const bool isInRows = dimension == 0 && hasOddRows(node, list) && fields_.isInRows(bound(node));
     for (NodeIndex child = document_[node].first; child != kNoNode; child = document_[child].next) {
         const std::size_t index = document_[child].index;
-        if (isInRows) {
-            // Each row is stored at its number times its own length.
-            bindList(child, field, source, 1, index * document_[child].count, SIZE_MAX);
-        } else if (index >= limit || base + index * below >= elements) {
+        // Such a row is stored at its number times its own length.
+        const std::size_t rowBase = index * document_[child].count;
+        if (isInRows && rowBase < elements) {
+            bindList(child, field, source, 1, rowBase, elements - rowBase);
+        } else if (isInRows || index >= limit) {
             note(child, &field, source, source.offset + list.offset + base * list.width, open - 1, Fate::PastEnd);
-        } else if (open == 1) {
-            note(child, &field, source, source.offset + list.offset + (base + index) * list.width, 0,
-                 fateOf(child, list, true));
         } else {
             bindList(child, field, source, dimension + 1, base + index * below, inner);
         }
     }
+}
+
+/// The numbers or texts of a list or row.
+void FieldBinder::bindItems(NodeIndex node, const FieldNode& field, const Source& source, std::size_t base,
+                            std::size_t limit)
+{
+    const std::size_t begin = source.offset + field.field.offset + base * field.field.width;
+    Bound item{&field, 0, source.heapOffset, order_, source.category, 0, Fate::Taken};
+    for (NodeIndex child = document_[node].first; child != kNoNode; child = document_[child].next) {
+        const std::size_t index = document_[child].index;
+        item.offset = static_cast<std::uint32_t>(begin + index * field.field.width);
+        ++item.order;
+        item.fate = index < limit ? fateOf(child, field.field, true) : Fate::PastEnd;
+        bound(child) = item;
+    }
+    order_ = item.order;
 }
 
 /// What a load makes of one number, bool or text.

@@ -52,6 +52,7 @@ private:
     void bindNumbers(NodeIndex node, const FieldNode& field, const Source& source);
     void bindList(NodeIndex node, const FieldNode& field, const Source& source, std::size_t dimension, std::size_t base,
                   std::size_t limit);
+    void bindItems(NodeIndex node, const FieldNode& field, const Source& source, std::size_t base, std::size_t limit);
     bool hasOddRows(NodeIndex node, const QvDatabaseCatalogField_t& field) const;
     Fate fateOf(NodeIndex node, const QvDatabaseCatalogField_t& field, bool isItem) const;
     void note(NodeIndex node, const FieldNode* pField, const Source& source, std::size_t offset, std::size_t open,

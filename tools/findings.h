@@ -15,7 +15,7 @@
 
 namespace qv::tools {
 
-/// What can be found. The order is that of the table in findings.cpp.
+/// What can be found; docs/qvdb.md tells what each means. The order is that of the table in findings.cpp.
 enum class Fault {
     Syntax,
     UnknownMember,
@@ -58,7 +58,6 @@ struct FaultKind {
     Fault fault;
     const char* pId;
     Severity severity;
-    const char* pMeaning;
 };
 
 std::span<const FaultKind> faultKinds();
