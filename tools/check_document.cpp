@@ -52,6 +52,7 @@ void DocumentCheck::checkSyntax()
     for (const DocumentFault& fault : document_.faults()) {
         std::string text = fault.words;
         const std::size_t bracket = fault.suspect;
+        suspects_.insert(bracket);
         if (bracket < document_.text().size()) {
             const char sign = document_.text()[bracket];
             const TextPlace place = document_.place(bracket);
@@ -79,7 +80,7 @@ void DocumentCheck::checkNode(NodeIndex node)
         break;
     case Fate::Doubled:
         add(Fault::DuplicateKey, node, document_[node].key,
-            "stands there again at line " + lineOf(lastOf(node)) + ", and this one is lost");
+            "stands there again at line " + lineOf(bound.order) + ", and this one is lost");
         break;
     case Fate::Unread:
         checkUnread(node);
@@ -104,20 +105,6 @@ std::string DocumentCheck::lineOf(NodeIndex node) const
     return number(document_.place(value.key.isEmpty() ? value.value.begin : value.key.begin).line);
 }
 
-/// The member that counts of those with the same key.
-NodeIndex DocumentCheck::lastOf(NodeIndex member) const
-{
-    if (fields_.kind() != DocumentKind::Ini) {
-        return document_.member(document_[member].parent, document_.key(member));
-    }
-    // A section may stand there twice.
-    NodeIndex last = member;
-    for (NodeIndex node = member; node < document_.nodes().size(); ++node) {
-        last = fields_[node].pField == fields_[member].pField && fields_[node].isTaken() ? node : last;
-    }
-    return last;
-}
-
 /// The fields of the record that an object stands for; none where it stands for several, or none.
 const std::vector<FieldNode>& DocumentCheck::membersOf(NodeIndex record) const
 {
@@ -130,9 +117,14 @@ const std::vector<FieldNode>& DocumentCheck::membersOf(NodeIndex record) const
 }
 
 /// What might stand in an object, for a suggestion.
-std::vector<std::string> DocumentCheck::keysBelow(NodeIndex node) const
+const std::vector<std::string>& DocumentCheck::keysBelow(NodeIndex node)
 {
-    std::vector<std::string> keys;
+    std::vector<std::string>& keys = keysBelow_;
+    if (node == keysNode_) {
+        return keys;
+    }
+    keysNode_ = node;
+    keys.clear();
     for (const FieldNode& field : membersOf(node)) {
         keys.emplace_back(field.field.pKey);
     }
@@ -194,9 +186,7 @@ void DocumentCheck::checkUnknown(NodeIndex node)
     }
     const NodeIndex parent = value.parent;
     // An object that lacks its bracket takes what doesn't belong to it.
-    const bool isUnclosed =
-        std::any_of(document_.faults().begin(), document_.faults().end(),
-                    [&](const DocumentFault& fault) { return fault.suspect == document_[parent].value.begin; });
+    const bool isUnclosed = suspects_.contains(document_[parent].value.begin);
     if (isUnclosed || fields_[parent].fate == Fate::Unknown || (parent == 0 && document_.key(node) == kSchemaKey)) {
         return;
     }
