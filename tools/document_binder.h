@@ -46,6 +46,8 @@ private:
     void bindMembers(NodeIndex node, std::span<const Source> sources, const Stage* pStage);
     std::vector<NodeIndex> sortMembers(NodeIndex object, std::span<const std::string_view> keys, bool areDistinct);
     void bindSource(const Source& source, std::span<const NodeIndex> children);
+    void cutToBound(NodeIndex list, const QvDatabaseCatalogField_t& field, const std::vector<FieldNode>& fields,
+                    std::span<const NodeIndex> children);
     void bindField(NodeIndex node, const FieldNode& field, const Source& source);
     void bindRecord(NodeIndex node, const Source& source);
     void bindRecords(NodeIndex node, const FieldNode& field, const Source& source);

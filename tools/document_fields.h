@@ -25,7 +25,7 @@ enum class Fate : std::uint8_t {
     Unread,    ///< known, and passed over here: calibration without a header, an older key beside the newer one
     Written,   ///< a save writes it and no load reads it
     WrongKind, ///< none of the kinds that the field takes
-    PastEnd    ///< an item behind the end of the field's list
+    PastEnd    ///< an item behind the end of the field's list, or of the one that bounds it
 };
 
 /// A category as one document has it.

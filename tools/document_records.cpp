@@ -87,11 +87,38 @@ void FieldBinder::bindSource(const Source& source, std::span<const NodeIndex> ch
             continue;
         }
         bindField(children[i], fields[i], source);
+        if (field.pBound != nullptr) {
+            cutToBound(children[i], field, fields, children);
+        }
         // A second key for the field of another one is read behind it, and wins.
         for (std::size_t j = 0; field.direction == QvDatabaseCatalogDirection_ReadOnly && j < i; ++j) {
             if (children[j] != kNoNode && fields[j].field.pName != nullptr && fields[j].field.offset == field.offset &&
                 fields[j].field.width == field.width && bound(children[i]).fate == Fate::Taken) {
                 bound(children[j]).fate = Fate::Unread;
+            }
+        }
+    }
+}
+
+/// A list that is read no further than another one goes.
+void FieldBinder::cutToBound(NodeIndex list, const CatalogField& field, const std::vector<FieldNode>& fields,
+                             std::span<const NodeIndex> children)
+{
+    std::size_t most = 0;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const char* pCounter = fields[i].field.pCounter;
+        if (pCounter != nullptr && std::string_view(pCounter) == field.pBound && children[i] != kNoNode &&
+            document_[children[i]].type == QvJsonValueType_Array) {
+            most = document_[children[i]].count;
+        }
+    }
+    for (NodeIndex item = document_[list].first; item != kNoNode; item = document_[item].next) {
+        if (document_[item].index >= most) {
+            bound(item).fate = Fate::PastEnd;
+            for (NodeIndex inner = item + 1;
+                 inner < document_.nodes().size() && document_[inner].value.begin < document_[item].value.end;
+                 ++inner) {
+                bound(inner).fate = Fate::Unseen;
             }
         }
     }

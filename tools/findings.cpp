@@ -31,6 +31,7 @@ constexpr std::array kKinds = {
     FaultKind{Fault::TooShort, "too-short", Severity::Warning},
     FaultKind{Fault::RaggedRows, "ragged-rows", Severity::Error},
     FaultKind{Fault::LoadFails, "load-fails", Severity::Error},
+    FaultKind{Fault::Bounded, "bounded", Severity::Warning},
     FaultKind{Fault::TextCut, "text-cut", Severity::Error},
     FaultKind{Fault::Unterminated, "unterminated", Severity::Error},
     FaultKind{Fault::CountMismatch, "count-mismatch", Severity::Error},

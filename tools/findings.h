@@ -37,6 +37,7 @@ enum class Fault {
     TooShort,
     RaggedRows,
     LoadFails,
+    Bounded,
     TextCut,
     Unterminated,
     CountMismatch,
