@@ -43,12 +43,13 @@ FieldBinder::Stage& FieldBinder::Stage::member(const std::string& name)
         items.resize(1);
         return items[0];
     }
-    for (auto& [key, stage] : members) {
-        if (key == name) {
+    for (Stage& stage : members) {
+        if (stage.key == name) {
             return stage;
         }
     }
-    return members.emplace_back(name, Stage{}).second;
+    members.emplace_back().key = name;
+    return members.back();
 }
 
 void FieldBinder::bind()

@@ -21,9 +21,10 @@ public:
 private:
     /// A place in documents: what may stand there, and what may stand below it.
     struct Stage {
+        std::string key;                    ///< the member that it is; empty for items and the document
         std::vector<std::uint16_t> records; ///< categories whose members stand here, in the order of loading
         std::vector<std::uint16_t> classes; ///< categories that an object here may name by its class
-        std::vector<std::pair<std::string, Stage>> members;
+        std::vector<Stage> members;
         std::vector<Stage> items; ///< one where this is a list; else none
 
         Stage& member(const std::string& name);

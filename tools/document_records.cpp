@@ -23,7 +23,7 @@ void FieldBinder::bindMembers(NodeIndex node, std::span<const Source> sources, c
     }
     const std::size_t fieldNumber = keys.size();
     for (std::size_t i = 0; pStage != nullptr && i < pStage->members.size(); ++i) {
-        keys.emplace_back(pStage->members[i].first);
+        keys.emplace_back(pStage->members[i].key);
     }
     const std::vector<NodeIndex> children = sortMembers(node, keys, sources.size() == 1 && fieldNumber == keys.size());
     std::size_t first = 0;
@@ -33,7 +33,7 @@ void FieldBinder::bindMembers(NodeIndex node, std::span<const Source> sources, c
     }
     for (; first < keys.size(); ++first) {
         if (children[first] != kNoNode) {
-            bindStage(children[first], pStage->members[first - fieldNumber].second);
+            bindStage(children[first], pStage->members[first - fieldNumber]);
         }
     }
 }

@@ -166,16 +166,20 @@ bool readDisabled(const Options& options, std::vector<bool>& isDisabled, ExitSta
         ids.emplace_back(kind.pId);
         all += (all.empty() ? "" : ", ") + ids.back();
     }
+    const std::string* pUnknown = nullptr;
     for (const std::string& id : options.disabled) {
         const auto found = std::find(ids.begin(), ids.end(), id);
         if (found == ids.end()) {
-            status =
-                refuseUsage(options, "there is no finding " + id + suggestion(id, ids) + "; those there are: " + all);
-            return false;
+            pUnknown = &id;
+        } else {
+            isDisabled[static_cast<std::size_t>(found - ids.begin())] = true;
         }
-        isDisabled[static_cast<std::size_t>(found - ids.begin())] = true;
     }
-    return true;
+    if (pUnknown != nullptr) {
+        status = refuseUsage(options, "there is no finding " + *pUnknown + suggestion(*pUnknown, ids) +
+                                          "; those there are: " + all);
+    }
+    return pUnknown == nullptr;
 }
 
 void Findings::add(Fault fault, Span place, std::string path, std::string text)
