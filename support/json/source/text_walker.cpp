@@ -287,8 +287,8 @@ const char* TextWalker::readValue(const char* p)
 const char* TextWalker::readNumbers(const char* p)
 {
     const bool isInList = !frames_.empty() && !frames_.back().isObject;
+    prepare(QvJsonWalkKind_Value, p, p);
     for (;;) {
-        prepare(QvJsonWalkKind_Value, p, p);
         const char* pNext = pEnd_ - p >= kShortReach ? readShortNumber(p, &event_.value) : nullptr;
         if (pNext == nullptr) {
             const char* pError = nullptr;
@@ -305,9 +305,10 @@ const char* TextWalker::readNumbers(const char* p)
         if (!isInList || pEnd_ - pNext < 3 || std::memcmp(pNext, ", ", 2) != 0 || !startsNumber(pNext[2])) {
             return goOn(pNext, State::Behind);
         }
-        ++frames_.back().index;
-        state_ = State::Item;
         p = pNext + 2;
+        state_ = State::Item;
+        event_.index = ++frames_.back().index;
+        event_.begin = offset(p);
     }
 }
 
@@ -343,11 +344,7 @@ const char* TextWalker::readString(const char* p)
 const char* TextWalker::readKey(const char* p)
 {
     if (*p == '{' && state_ == State::Key && isLackingEnd(p)) {
-        if (!tell(p, p, expected(), innermost(), innermost()) || !endContainer(p, p)) {
-            return nullptr;
-        }
-        ++frames_.back().index;
-        return goOn(p, State::Item);
+        return failOpen(p);
     }
     if (*p != '"') {
         return fail(p, expected());
@@ -379,6 +376,7 @@ const char* TextWalker::open(const char* p)
 const char* TextWalker::close(const char* p)
 {
     judgeEnd(p, frames_.back());
+    pNewestEnd_ = p;
     return endContainer(p, p + 1) ? p + 1 : nullptr;
 }
 
@@ -398,12 +396,8 @@ const char* TextWalker::readBehind(const char* p)
         return frame.isObject == (*p == '}') ? close(p) : failBracket(p);
     }
     // Where a comma is missing, or the end of the container.
-    if ((frame.isObject ? *p == '{' : *p == '"') && isLackingEnd(p)) {
-        if (!tell(p, p, expected(), frame.pOpened, frame.pOpened) || !endContainer(p, p)) {
-            return nullptr;
-        }
-        ++frames_.back().index;
-        return goOn(p, frames_.back().isObject ? State::Key : State::Item);
+    if (isLackingEnd(p)) {
+        return failOpen(p);
     }
     const bool isNext =
         frame.isObject ? *p == '"' : *p == '"' || *p == '[' || *p == '{' || (isBlank(p[-1]) && startsValue(p, pEnd_));
@@ -416,7 +410,7 @@ const char* TextWalker::readBehind(const char* p)
     }
     // A member of the object around an array that has no end: its key was taken for an item.
     const bool isBehindText = event_.kind == QvJsonWalkKind_Value && event_.type == QvJsonValueType_String;
-    if (*p == ':' && !frame.isObject && isBehindText && offset(pFirst_) == event_.begin && isLackingEnd(pFirst_)) {
+    if (*p == ':' && isBehindText && offset(pFirst_) == event_.begin && isLackingEnd(pFirst_)) {
         const char* pNext = passOver(p);
         return tell(p, pNext, expected(), frame.pOpened, frame.pOpened) && endContainer(pNext, pNext) ? pNext : nullptr;
     }
@@ -434,19 +428,31 @@ bool TextWalker::isLeftOf(const char* p, const Frame& frame) const
 /// Whether the token at p, which can't stand in the innermost container, looks like one of the container around that.
 bool TextWalker::isLackingEnd(const char* p) const
 {
-    if (frames_.size() < 2 || frames_[frames_.size() - 2].isObject == frames_.back().isObject ||
-        !isLeftOf(p, frames_.back())) {
+    if (frames_.size() < 2) {
         return false;
     }
-    if (frames_.back().isObject || p != pFirst_) {
-        return true;
+    const Frame& frame = frames_.back();
+    const bool isOuterObject = frames_[frames_.size() - 2].isObject;
+    if (*p == '{') {
+        return frame.isObject && !isOuterObject && (isLeftOf(p, frame) || missing_.pBracket != nullptr);
+    }
+    if (*p != '"' || !isOuterObject || !isLeftOf(p, frame)) {
+        return false;
+    }
+    if (frame.isObject) {
+        return frame.keyIndent != kNone && frame.keyIndent > frame.indent;
     }
     const StringScan scan = scanString(p + 1, pEnd_);
-    if (scan.pQuote == nullptr) {
-        return false;
-    }
-    const char* pNext = std::find_if_not(scan.pQuote + 1, pEnd_, isBlank);
+    const char* pNext = scan.pQuote != nullptr ? std::find_if_not(scan.pQuote + 1, pEnd_, isBlank) : pEnd_;
     return pNext != pEnd_ && *pNext == ':';
+}
+
+/// The first one counts: those that follow may come of it.
+void TextWalker::suspect(Suspicion& suspicion, const char* pBracket, std::size_t depth)
+{
+    if (suspicion.pBracket == nullptr) {
+        suspicion = {pBracket, depth};
+    }
 }
 
 void TextWalker::judgeKey(const char* p)
@@ -455,10 +461,13 @@ void TextWalker::judgeKey(const char* p)
     if (p != pFirst_) {
         return;
     }
+    const std::size_t depth = frames_.size();
     if (frame.keyIndent == kNone) {
         frame.keyIndent = indent();
-    } else if (frame.keyIndent > frame.indent && indent() <= frame.indent && missing_.pBracket == nullptr) {
-        missing_ = {frame.pOpened, frames_.size() - 1};
+    } else if (frame.keyIndent > frame.indent && indent() <= frame.indent) {
+        suspect(missing_, frame.pOpened, depth);
+    } else if (indent() > frame.keyIndent) {
+        suspect(surplus_, pNewestEnd_, depth);
     }
 }
 
@@ -470,14 +479,14 @@ void TextWalker::judgeEnd(const char* p, const Frame& frame)
     }
     const std::size_t depth = frames_.size() - 1;
     if (indent() < frame.indent) {
-        if (missing_.pBracket == nullptr) {
-            missing_ = {frame.pOpened, depth};
+        if (missing_.pBracket == frame.pOpened) {
+            missing_.depth = depth;
         }
+        suspect(missing_, frame.pOpened, depth);
     } else if (indent() > frame.indent) {
         // Of several brackets on one line each may have a step of its own.
-        const bool isAlone = depth == 0 || frames_[depth - 1].pLine != frame.pLine;
-        if (isAlone && surplus_.pBracket == nullptr) {
-            surplus_ = {p, depth};
+        if (depth == 0 || frames_[depth - 1].pLine != frame.pLine) {
+            suspect(surplus_, p, depth);
         }
     } else {
         // Where a container further out ends in its place, nothing was wrong within it.
@@ -550,6 +559,18 @@ const char* TextWalker::failComment(const char* p, const CommentScan& scan)
     return tell(pError, pNext, scan.pExpected, p) ? goOn(pNext, next) : nullptr;
 }
 
+/// A token of the container around the innermost one, which has no end.
+const char* TextWalker::failOpen(const char* p)
+{
+    const char* pSuspect = missing_.pBracket != nullptr ? missing_.pBracket : innermost();
+    missing_ = {};
+    if (!tell(p, p, expected(), innermost(), pSuspect) || !endContainer(p, p)) {
+        return nullptr;
+    }
+    ++frames_.back().index;
+    return goOn(p, frames_.back().isObject ? State::Key : State::Item);
+}
+
 /// A closing bracket of the wrong kind: either it is mistyped, or containers before it have none.
 const char* TextWalker::failBracket(const char* p)
 {
@@ -565,7 +586,8 @@ const char* TextWalker::failBracket(const char* p)
         if (p == pFirst_) {
             isMissing = indent() < inner.indent || (indent() == outer.indent && indent() != inner.indent);
         } else {
-            isMissing = partner == 1 && std::find_if_not(p + 1, pEnd_, isBlank) == pEnd_;
+            isMissing =
+                missing_.pBracket != nullptr || (partner == 1 && std::find_if_not(p + 1, pEnd_, isBlank) == pEnd_);
         }
     }
     const char* pSuspect = missing_.pBracket != nullptr ? missing_.pBracket : inner.pOpened;

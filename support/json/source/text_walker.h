@@ -67,6 +67,7 @@ private:
     const char* fail(const char* p, const char* pExpected);
     const char* failText(const char* p, const StringScan& scan);
     const char* failComment(const char* p, const CommentScan& scan);
+    const char* failOpen(const char* p);
     const char* failBracket(const char* p);
     const char* failEnd();
     const char* passOver(const char* p);
@@ -78,6 +79,7 @@ private:
     std::size_t indent() const { return static_cast<std::size_t>(pFirst_ - pLine_); }
     bool isLeftOf(const char* p, const Frame& frame) const;
     bool isLackingEnd(const char* p) const;
+    static void suspect(Suspicion& suspicion, const char* pBracket, std::size_t depth);
     void judgeKey(const char* p);
     void judgeEnd(const char* p, const Frame& frame);
 
@@ -103,12 +105,13 @@ private:
     QvJsonWalkEvent_t event_ = {};
     std::string text_; // of the event
 
-    const char* pLine_;           // where the line at hand begins
-    const char* pFirst_;          // and its first token
-    const char* pNoText_;         // up to here no quote closes a text
-    const char* pTold_ = nullptr; // the place of the newest fault
-    Suspicion missing_;           // an opening bracket that isn't closed
-    Suspicion surplus_;           // a closing one that closes too much
+    const char* pLine_;                // where the line at hand begins
+    const char* pFirst_;               // and its first token
+    const char* pNoText_;              // up to here no quote closes a text
+    const char* pTold_ = nullptr;      // the place of the newest fault
+    const char* pNewestEnd_ = nullptr; // the newest closing bracket
+    Suspicion missing_;                // an opening bracket that isn't closed
+    Suspicion surplus_;                // a closing one that closes too much
 };
 
 } // namespace qv::json
