@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 #include "number_text.h"
 #include "value_tree.h"
@@ -54,6 +55,21 @@ std::size_t wordLength(const char* p, const char* pEnd)
 bool startsValue(const char* p, const char* pEnd)
 {
     return *p == '"' || *p == '[' || *p == '{' || startsNumber(*p) || wordLength(p, pEnd) != 0;
+}
+
+/// Of several brackets that look wrong the first one counts: the others may come of it.
+void suspect(const char*& pBracket, const char* p)
+{
+    if (pBracket == nullptr) {
+        pBracket = p;
+    }
+}
+
+void acquit(const char*& pBracket, const char* pFrom)
+{
+    if (pBracket != nullptr && pBracket >= pFrom) {
+        pBracket = nullptr;
+    }
 }
 
 /// The quote that closes a text whose inside is broken, on the line of p; else the end of that line.
@@ -333,6 +349,11 @@ const char* TextWalker::readString(const char* p)
     if (scan.pQuote == nullptr) {
         return failText(p, scan);
     }
+    if (state_ == State::Item && isLackingEnd(p)) {
+        // The fault stands where the reader finds it, at the colon; then the member is read as one.
+        state_ = State::Behind;
+        return failOpen(p, std::find(scan.pQuote, pEnd_, ':'));
+    }
     prepare(QvJsonWalkKind_Value, p, scan.pQuote + 1);
     decode(p + 1, scan);
     event_.type = QvJsonValueType_String;
@@ -344,7 +365,7 @@ const char* TextWalker::readString(const char* p)
 const char* TextWalker::readKey(const char* p)
 {
     if (*p == '{' && state_ == State::Key && isLackingEnd(p)) {
-        return failOpen(p);
+        return failOpen(p, p);
     }
     if (*p != '"') {
         return fail(p, expected());
@@ -384,7 +405,7 @@ const char* TextWalker::readBehind(const char* p)
 {
     if (frames_.empty()) {
         // Whatever follows: there is no saying what it would belong to.
-        tell(p, pEnd_, expected(), nullptr, surplus_.pBracket);
+        tell(p, pEnd_, expected(), nullptr, pSurplus_);
         return nullptr;
     }
     Frame& frame = frames_.back();
@@ -397,7 +418,7 @@ const char* TextWalker::readBehind(const char* p)
     }
     // Where a comma is missing, or the end of the container.
     if (isLackingEnd(p)) {
-        return failOpen(p);
+        return failOpen(p, p);
     }
     const bool isNext =
         frame.isObject ? *p == '"' : *p == '"' || *p == '[' || *p == '{' || (isBlank(p[-1]) && startsValue(p, pEnd_));
@@ -408,11 +429,9 @@ const char* TextWalker::readBehind(const char* p)
         ++frame.index;
         return goOn(p, frame.isObject ? State::Key : State::Item);
     }
-    // A member of the object around an array that has no end: its key was taken for an item.
     const bool isBehindText = event_.kind == QvJsonWalkKind_Value && event_.type == QvJsonValueType_String;
-    if (*p == ':' && isBehindText && offset(pFirst_) == event_.begin && isLackingEnd(pFirst_)) {
-        const char* pNext = passOver(p);
-        return tell(p, pNext, expected(), frame.pOpened, frame.pOpened) && endContainer(pNext, pNext) ? pNext : nullptr;
+    if (*p == ':' && isBehindText) {
+        return failMember(p);
     }
     return fail(p, expected());
 }
@@ -434,7 +453,7 @@ bool TextWalker::isLackingEnd(const char* p) const
     const Frame& frame = frames_.back();
     const bool isOuterObject = frames_[frames_.size() - 2].isObject;
     if (*p == '{') {
-        return frame.isObject && !isOuterObject && (isLeftOf(p, frame) || missing_.pBracket != nullptr);
+        return frame.isObject && !isOuterObject && pLine_ != frame.pLine;
     }
     if (*p != '"' || !isOuterObject || !isLeftOf(p, frame)) {
         return false;
@@ -447,27 +466,18 @@ bool TextWalker::isLackingEnd(const char* p) const
     return pNext != pEnd_ && *pNext == ':';
 }
 
-/// The first one counts: those that follow may come of it.
-void TextWalker::suspect(Suspicion& suspicion, const char* pBracket, std::size_t depth)
-{
-    if (suspicion.pBracket == nullptr) {
-        suspicion = {pBracket, depth};
-    }
-}
-
 void TextWalker::judgeKey(const char* p)
 {
     Frame& frame = frames_.back();
     if (p != pFirst_) {
         return;
     }
-    const std::size_t depth = frames_.size();
     if (frame.keyIndent == kNone) {
         frame.keyIndent = indent();
     } else if (frame.keyIndent > frame.indent && indent() <= frame.indent) {
-        suspect(missing_, frame.pOpened, depth);
+        suspect(pMissing_, frame.pOpened);
     } else if (indent() > frame.keyIndent) {
-        suspect(surplus_, pNewestEnd_, depth);
+        suspect(pSurplus_, pNewestEnd_);
     }
 }
 
@@ -479,23 +489,14 @@ void TextWalker::judgeEnd(const char* p, const Frame& frame)
     }
     const std::size_t depth = frames_.size() - 1;
     if (indent() < frame.indent) {
-        if (missing_.pBracket == frame.pOpened) {
-            missing_.depth = depth;
-        }
-        suspect(missing_, frame.pOpened, depth);
-    } else if (indent() > frame.indent) {
-        // Of several brackets on one line each may have a step of its own.
-        if (depth == 0 || frames_[depth - 1].pLine != frame.pLine) {
-            suspect(surplus_, p, depth);
-        }
-    } else {
-        // Where a container further out ends in its place, nothing was wrong within it.
-        if (missing_.depth > depth) {
-            missing_ = {};
-        }
-        if (surplus_.depth > depth) {
-            surplus_ = {};
-        }
+        suspect(pMissing_, frame.pOpened);
+    } else if (indent() == frame.indent) {
+        // Where a container ends in its place, nothing was wrong within it.
+        acquit(pMissing_, frame.pOpened);
+        acquit(pSurplus_, frame.pOpened);
+    } else if (depth == 0 || frames_[depth - 1].pLine != frame.pLine) {
+        // Of several containers that begin on one line each may have a step of its own.
+        suspect(pSurplus_, p);
     }
 }
 
@@ -528,12 +529,15 @@ const char* TextWalker::failText(const char* p, const StringScan& scan)
     } else if (pQuote != pEnd_ && *pQuote == '"') {
         pNext = isKey ? passOver(pQuote + 1) : pQuote + 1;
     } else {
-        // Without its closing quote a text has swallowed the comma behind it.
-        const char* pLast = pQuote;
-        while (pLast != p + 1 && isBlank(pLast[-1])) {
-            --pLast;
+        // Without its closing quote a key has swallowed what its value begins with, and a value the comma behind it.
+        pNext = isKey ? passOver(p + 1) : pQuote;
+        if (pNext <= pQuote) {
+            const char* pLast = pQuote;
+            while (pLast != p + 1 && isBlank(pLast[-1])) {
+                --pLast;
+            }
+            pNext = pLast != p + 1 && pLast[-1] == ',' ? pLast - 1 : passOver(pQuote);
         }
-        pNext = pLast != p + 1 && pLast[-1] == ',' ? pLast - 1 : passOver(pQuote);
     }
     if (!tell(scan.pError, std::max(pNext, scan.pError), scan.pExpected, p) || frames_.empty()) {
         return nullptr;
@@ -559,45 +563,96 @@ const char* TextWalker::failComment(const char* p, const CommentScan& scan)
     return tell(pError, pNext, scan.pExpected, p) ? goOn(pNext, next) : nullptr;
 }
 
-/// A token of the container around the innermost one, which has no end.
-const char* TextWalker::failOpen(const char* p)
+/// A token at p of the container around the innermost one, which has no end.
+const char* TextWalker::failOpen(const char* p, const char* pFault)
 {
-    const char* pSuspect = missing_.pBracket != nullptr ? missing_.pBracket : innermost();
-    missing_ = {};
-    if (!tell(p, p, expected(), innermost(), pSuspect) || !endContainer(p, p)) {
+    const char* pSuspect = pMissing_ != nullptr ? pMissing_ : innermost();
+    pMissing_ = nullptr;
+    if (!tell(pFault, pFault, expected(), innermost(), pSuspect) || !endContainer(p, p)) {
         return nullptr;
     }
     ++frames_.back().index;
     return goOn(p, frames_.back().isObject ? State::Key : State::Item);
 }
 
-/// A closing bracket of the wrong kind: either it is mistyped, or containers before it have none.
+/// A member in an array, whose key was taken for an item.
+const char* TextWalker::failMember(const char* p)
+{
+    const Frame& frame = frames_.back();
+    // An object without its opening brace, or one that was closed too early: its other members would all be faults.
+    const char* pNext = passOver(p);
+    while (pNext != pEnd_ && *pNext == ',') {
+        pNext = passOver(pNext + 1);
+    }
+    if (pNext != pEnd_ && *pNext == '}' && (pNext != pFirst_ || indent() >= frame.indent)) {
+        ++pNext;
+    }
+    const char* pSuspect = std::exchange(pSurplus_, nullptr);
+    if (pSuspect == nullptr) {
+        pSuspect = pNewestEnd_ != nullptr && pNewestEnd_ > frame.pOpened ? pNewestEnd_ : frame.pOpened;
+    }
+    return tell(p, pNext, expected(), frame.pOpened, pSuspect) ? goOn(pNext, State::Behind) : nullptr;
+}
+
+/// Whether a list goes on at p.
+bool TextWalker::isItemNext(const char* p) const
+{
+    const char* pComma = std::find_if_not(p, pEnd_, isBlank);
+    const char* pNext = pComma != pEnd_ ? std::find_if_not(pComma + 1, pEnd_, isBlank) : pEnd_;
+    return pNext != pEnd_ && *pComma == ',' && *pNext != '"' && startsValue(pNext, pEnd_);
+}
+
+/// What a closing bracket of the wrong kind is. `partner` is the number of containers down to the innermost one that it
+/// could close, 0 if there is none.
+TextWalker::Guess TextWalker::guess(const char* p, std::size_t partner) const
+{
+    const Frame& inner = frames_.back();
+    const char* pNext = std::find_if_not(p + 1, pEnd_, isBlank);
+    if (partner == 0) {
+        // Better one too many than the end of the document before its end.
+        return frames_.size() == 1 && pNext != pEnd_ ? Guess::Surplus : Guess::Mistyped;
+    }
+    if (p == pFirst_) {
+        const Frame& outer = frames_[partner - 1];
+        const bool isOuter = indent() < inner.indent || (indent() == outer.indent && indent() != inner.indent);
+        return isOuter ? Guess::Missing : Guess::Mistyped;
+    }
+    if (pMissing_ != nullptr || (partner == 1 && pNext == pEnd_)) {
+        return Guess::Missing;
+    }
+    if (inner.isObject) {
+        return isItemNext(pNext) ? Guess::Mistyped : Guess::Missing;
+    }
+    if (!isItemNext(pNext)) {
+        return Guess::Mistyped;
+    }
+    return event_.kind == QvJsonWalkKind_ObjectEnd && inner.pLine != pLine_ ? Guess::Surplus : Guess::Missing;
+}
+
+/// A closing bracket of the wrong kind.
 const char* TextWalker::failBracket(const char* p)
 {
     const bool isBrace = *p == '}';
-    const Frame& inner = frames_.back();
+    const char* pOpened = innermost();
     std::size_t partner = frames_.size();
     while (partner != 0 && frames_[partner - 1].isObject != isBrace) {
         --partner;
     }
-    bool isMissing = false;
-    if (partner != 0) {
-        const Frame& outer = frames_[partner - 1];
-        if (p == pFirst_) {
-            isMissing = indent() < inner.indent || (indent() == outer.indent && indent() != inner.indent);
-        } else {
-            isMissing =
-                missing_.pBracket != nullptr || (partner == 1 && std::find_if_not(p + 1, pEnd_, isBlank) == pEnd_);
-        }
+    const Guess what = guess(p, partner);
+    const char* pSuspect = what == Guess::Surplus ? std::exchange(pSurplus_, nullptr) : pMissing_;
+    if (pSuspect == nullptr) {
+        pSuspect = what == Guess::Surplus ? p : pOpened;
     }
-    const char* pSuspect = missing_.pBracket != nullptr ? missing_.pBracket : inner.pOpened;
-    if (p != pTold_ && !tell(p, p, expected(), inner.pOpened, pSuspect)) {
+    if (p != pTold_ && !tell(p, what == Guess::Surplus ? p + 1 : p, expected(), pOpened, pSuspect)) {
         return nullptr;
     }
-    if (!isMissing) {
+    if (what == Guess::Surplus) {
+        return p + 1;
+    }
+    if (what == Guess::Mistyped) {
         return endContainer(p, p + 1) ? p + 1 : nullptr;
     }
-    missing_ = {};
+    pMissing_ = nullptr;
     while (frames_.size() != partner) {
         if (!endContainer(p, p)) {
             return nullptr;
@@ -610,7 +665,7 @@ const char* TextWalker::failEnd()
 {
     const bool isWhole = frames_.empty() && state_ == State::Behind;
     if (!isWhole && pTold_ != pEnd_) {
-        const char* pSuspect = missing_.pBracket != nullptr ? missing_.pBracket : innermost();
+        const char* pSuspect = pMissing_ != nullptr ? pMissing_ : innermost();
         if (!tell(pEnd_, pEnd_, expected(), innermost(), frames_.empty() ? nullptr : pSuspect)) {
             return nullptr;
         }

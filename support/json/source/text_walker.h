@@ -43,10 +43,11 @@ private:
         bool isObject;
     };
 
-    /// A bracket whose place disagrees with that of its partner.
-    struct Suspicion {
-        const char* pBracket = nullptr;
-        std::size_t depth = 0;
+    /// What a closing bracket of the wrong kind may be.
+    enum class Guess {
+        Surplus,  // one too many
+        Mistyped, // the end of the innermost container
+        Missing,  // the end of one further out, and those within it have none
     };
 
     /// All of these get the place to read from and return the place to go on, or null where the walk is over.
@@ -67,7 +68,8 @@ private:
     const char* fail(const char* p, const char* pExpected);
     const char* failText(const char* p, const StringScan& scan);
     const char* failComment(const char* p, const CommentScan& scan);
-    const char* failOpen(const char* p);
+    const char* failOpen(const char* p, const char* pFault);
+    const char* failMember(const char* p);
     const char* failBracket(const char* p);
     const char* failEnd();
     const char* passOver(const char* p);
@@ -78,8 +80,9 @@ private:
     void noteLines(const char* pFrom, const char* pTo);
     std::size_t indent() const { return static_cast<std::size_t>(pFirst_ - pLine_); }
     bool isLeftOf(const char* p, const Frame& frame) const;
+    Guess guess(const char* p, std::size_t partner) const;
+    bool isItemNext(const char* p) const;
     bool isLackingEnd(const char* p) const;
-    static void suspect(Suspicion& suspicion, const char* pBracket, std::size_t depth);
     void judgeKey(const char* p);
     void judgeEnd(const char* p, const Frame& frame);
 
@@ -110,8 +113,8 @@ private:
     const char* pNoText_;              // up to here no quote closes a text
     const char* pTold_ = nullptr;      // the place of the newest fault
     const char* pNewestEnd_ = nullptr; // the newest closing bracket
-    Suspicion missing_;                // an opening bracket that isn't closed
-    Suspicion surplus_;                // a closing one that closes too much
+    const char* pMissing_ = nullptr;   // an opening bracket that seems not to be closed
+    const char* pSurplus_ = nullptr;   // a closing one that seems to close too much
 };
 
 } // namespace qv::json
