@@ -6,6 +6,7 @@
 
 #include "comment_text.h"
 #include "string_text.h"
+#include "text_signs.h"
 #include <qv_json_c/json_walk.h>
 
 namespace qv::json {
@@ -32,6 +33,8 @@ private:
         MemberValue, // the value behind a colon
         Behind,      // what follows a value
     };
+
+    static constexpr auto kNone = QV_JSON_WALK_NONE;
 
     /// A container that is open.
     struct Frame {
@@ -116,5 +119,21 @@ private:
     const char* pMissing_ = nullptr;   // an opening bracket that seems not to be closed
     const char* pSurplus_ = nullptr;   // a closing one that seems to close too much
 };
+
+inline const char* TextWalker::blanksEnd(const char* p)
+{
+    bool isFirst = p == pLine_;
+    while (p != pEnd_ && isBlank(*p)) {
+        if (*p == '\n') {
+            pLine_ = p + 1;
+            isFirst = true;
+        }
+        ++p;
+    }
+    if (isFirst) {
+        pFirst_ = p;
+    }
+    return p;
+}
 
 } // namespace qv::json
