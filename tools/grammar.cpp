@@ -114,6 +114,7 @@ constexpr Example kFieldsExamples[] = {
 constexpr Example kGetExamples[] = {
     {"qvdb get imx477.json AE_3.setPoint", "the value alone"},
     {"qvdb get imx477.bin 'A2DNR_5_2.tables[*].hdr' --json", "paths and values"},
+    {"qvdb get imx477.bin", "all settings, whatever the form of the file"},
 };
 constexpr Example kInfoExamples[] = {{"qvdb info imx477.json", "what a file is and what it sets"}};
 constexpr Example kMergeExamples[] = {
@@ -199,10 +200,10 @@ constexpr Command kCommands[] = {
      kPlainExit,
      &fields},
     {"get",
-     {"FILE PATH...", 2, kAnyNumber, Names::File, Names::Path},
+     {"FILE [PATH...]", 1, kAnyNumber, Names::File, Names::Path},
      "prints values",
      "Prints the values that the paths name, one a line in the order of the paths; with --json an object of path and "
-     "value.",
+     "value. Without a path it prints all settings, PATH = VALUE one a line, as a text that git can compare.",
      kGetOptions,
      kGetExamples,
      kPlainExit,
