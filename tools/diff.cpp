@@ -8,6 +8,7 @@
 #include "catalog_tree.h"
 #include "commands.h"
 #include "difference.h"
+#include "leaves.h"
 #include "output.h"
 #include "suggest.h"
 

@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "leaves.h"
+
 namespace qv::tools {
 namespace {
 
@@ -63,7 +65,11 @@ public:
     {
         const std::size_t base =
             record.pNode != nullptr && record.pNode->isGroup() ? record.counterBase : record.offset;
-        for (const PathNode& node : PathTree::membersOf(record)) {
+        const std::vector<PathNode>& members = PathTree::membersOf(record);
+        for (const PathNode& node : members) {
+            if (isOtherKey(members, node)) {
+                continue;
+            }
             const Field& field = node.field;
             // Paths are built only of what differs; what a counter counts may differ in its length alone.
             const bool isPlain = !node.isGroup() && field.counterWidth == 0;
@@ -199,16 +205,6 @@ private:
 };
 
 } // namespace
-
-Target elementOf(const Target& list, std::size_t index)
-{
-    Target target = list;
-    for (std::size_t size = list.elements(); target.rank > 0; index %= size) {
-        size /= target.extents[0];
-        target = PathTree::item(target, index / size);
-    }
-    return target;
-}
 
 std::vector<Difference> differencesOf(const PathCategory& category, const Carriage& carriage, const Session& left,
                                       const Session& right, const Rules& rules)

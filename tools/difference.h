@@ -36,9 +36,6 @@ struct Difference {
     std::size_t lengths[2] = {0, 0};   ///< items in use
 };
 
-/// The element of a list with that index over all dimensions.
-Target elementOf(const Target& list, std::size_t index);
-
 /// The differences of a category's records, in the order of its fields.
 std::vector<Difference> differencesOf(const PathCategory& category, const Carriage& carriage, const Session& left,
                                       const Session& right, const Rules& rules);

@@ -60,7 +60,8 @@ constexpr Option kExplain{"--explain", nullptr,
                           "shows each field that more than one file sets: value and place in each, "
                           "and which wins",
                           &Options::explains};
-constexpr Option kOffset{"--at", "OFFSET", "the field that stands at this byte of the image", &Options::offset};
+constexpr Option kOffset{"--at", "OFFSET", "the field that stands at this byte of the image; decimal or 0x",
+                         &Options::offset};
 constexpr Option kGain{"--gain", "G", "the gain", &Options::gain};
 constexpr Option kInterpolation{"--interpolate", "HOW", "also a value between the rows: linear or nearest",
                                 &Options::interpolation, "linear|nearest"};
@@ -102,6 +103,7 @@ constexpr Example kCoverageExamples[] = {{"qvdb coverage imx477.json", "what the
 constexpr Example kDiffExamples[] = {
     {"qvdb diff day.json night.json", "field by field"},
     {"qvdb diff tuned.json flashed.bin --stat", "across forms, one line a category"},
+    {"qvdb diff a.bin b.bin --exact", "every bit, as cmp does, with the fields that they belong to"},
 };
 constexpr Example kDumpExamples[] = {
     {"qvdb dump imx477.bin AE_3", "the record's bytes, field by field"},
@@ -177,8 +179,13 @@ constexpr Command kCommands[] = {
     {"diff",
      {"A B", 2, 2},
      "compares two sets field by field, across all forms",
-     "Prints one line for each field that differs: PATH  old -> new. Long lists are summed up. What a JSON text can't "
-     "tell apart, more than six digits behind the point, counts as equal unless --exact is given.",
+     "Prints one line for each field that differs: PATH  old -> new. Lists of which more than four elements differ are "
+     "summed up, and lists are compared as far as both are in use. A line whose field the form of one side doesn't "
+     "carry says so.\n\n"
+     "What a JSON text can't tell apart, more than six digits behind the point, counts as equal. When and by which "
+     "version a text was saved, class names, and what no text carries are no settings and left out. --exact compares "
+     "every bit of all of it, also rows that are not in use, and padding.\n\n"
+     "/dev/null stands for a set at its defaults.",
      kDiffOptions,
      kDiffExamples,
      "0 same, 1 different, 2 trouble",
@@ -186,7 +193,10 @@ constexpr Command kCommands[] = {
     {"dump",
      {"IMAGE [PATH]", 1, 2, Names::File, Names::Path},
      "shows the bytes of an image with their fields",
-     "Prints offset, bytes, path and value of each field of a binary image, or which field stands at an offset.",
+     "Prints offset, bytes, path and value of each field of a binary image, padding between them, and rows that are "
+     "not "
+     "in use; or which field stands at an offset. The bytes are shown as they are in the file, whatever a load would "
+     "make of them, also those of an image that is too short and of the raw image of a calibration.",
      kDumpOptions,
      kDumpExamples,
      kPlainExit,

@@ -15,4 +15,10 @@ using VisitLeaf = std::function<void(const Target& leaf, bool isInUse)>;
 /// are in use, or to the end of their arrays.
 void visitLeaves(const Target& target, const void* pRecord, bool isWhole, const VisitLeaf& visit);
 
+/// Whether a member is one before it under another key, which only a load knows.
+bool isOtherKey(const std::vector<PathNode>& members, const PathNode& member);
+
+/// The element of a list with that index over all dimensions; what is no list stays itself.
+Target elementOf(const Target& list, std::size_t index);
+
 } // namespace qv::tools

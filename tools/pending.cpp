@@ -23,10 +23,6 @@ ExitStatus coverage(const Options& options)
 {
     return notYet(options);
 }
-ExitStatus dump(const Options& options)
-{
-    return notYet(options);
-}
 ExitStatus fields(const Options& options)
 {
     return notYet(options);
