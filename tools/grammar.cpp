@@ -134,10 +134,11 @@ constexpr Command kCommands[] = {
     {"at",
      {"FILE PATH", 2, 2, Names::File, Names::Path},
      "shows the rows of the schedules at a gain",
-     "Shows the neighbouring gain points and their values for each list that runs along a gain axis, in every schedule "
-     "that the path names.\n\n"
+     "Shows, for each list that runs along a gain axis in the schedules that the path names, the rows at the gain "
+     "points on either side. PATH is a category, a schedule or a list. Beyond the ends it is the first or last row; an "
+     "axis counts as far as it rises.\n\n"
      "How values between two gain points come about is decided by the layers above this library, not by it: what "
-     "--interpolate shows is a reader's aid.",
+     "--interpolate shows is a reader's aid. Numbers that are names or bits are those of the nearer row, always.",
      kAtOptions,
      kAtExamples,
      kPlainExit,

@@ -11,10 +11,6 @@ ExitStatus notYet(const Options& options)
 }
 } // namespace
 
-ExitStatus at(const Options& options)
-{
-    return notYet(options);
-}
 ExitStatus check(const Options& options)
 {
     return notYet(options);
