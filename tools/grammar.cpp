@@ -205,7 +205,10 @@ constexpr Command kCommands[] = {
     {"fields",
      {"[PATH]", 0, 1, Names::Path, Names::Path},
      "the catalog of all fields",
-     "Prints path, type, extents, range and meaning of fields, and where each form holds them.",
+     "Without a path it lists the categories with their meanings; of a category or a record all fields, one a line; of "
+     "a field everything that is known: type, range, unit, named values, what it is there for, and where each form "
+     "holds "
+     "it. Indices may be left out.",
      kFieldsOptions,
      kFieldsExamples,
      kPlainExit,

@@ -187,6 +187,10 @@ private:
 
     bool followList(const Target& list, const PathStep& wanted, std::size_t step, std::vector<Target>& targets)
     {
+        if (path_.mayOmitIndices &&
+            (wanted.kind == PathStep::Any || (wanted.kind == PathStep::Name && !wanted.isBracketed))) {
+            return follow(PathTree::item(list, 0), wanted.isBracketed ? step + 1 : step, targets);
+        }
         const bool isHeap = list.pNode->field.count == QvDatabaseCatalogCount_Heap;
         const std::size_t most = isHeap ? usedOf(list) : list.extents[0];
         std::size_t first = wanted.first;

@@ -19,10 +19,6 @@ ExitStatus coverage(const Options& options)
 {
     return notYet(options);
 }
-ExitStatus fields(const Options& options)
-{
-    return notYet(options);
-}
 ExitStatus merge(const Options& options)
 {
     return notYet(options);
