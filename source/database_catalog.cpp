@@ -82,11 +82,8 @@ std::size_t imageOffset(std::string_view key)
     return SIZE_MAX;
 }
 
-} // namespace
-
-namespace qv::database {
-
-bool entryAt(QvDatabaseCatalogDocument_t document, std::size_t index, Entry& entry)
+/// An entry but for its table.
+bool placeAt(QvDatabaseCatalogDocument_t document, std::size_t index, Entry& entry)
 {
     entry = {};
     bool isThere = false;
@@ -129,6 +126,16 @@ bool entryAt(QvDatabaseCatalogDocument_t document, std::size_t index, Entry& ent
     case QvDatabaseCatalogDocument_Sum:
         break;
     }
+    return isThere;
+}
+
+} // namespace
+
+namespace qv::database {
+
+bool entryAt(QvDatabaseCatalogDocument_t document, std::size_t index, Entry& entry)
+{
+    const bool isThere = placeAt(document, index, entry);
     if (isThere) {
         entry.table = findForm(document, entry.key);
     }
@@ -137,8 +144,9 @@ bool entryAt(QvDatabaseCatalogDocument_t document, std::size_t index, Entry& ent
 
 bool findEntry(QvDatabaseCatalogDocument_t document, std::string_view name, Entry& entry)
 {
-    for (std::size_t i = 0; entryAt(document, i, entry); ++i) {
+    for (std::size_t i = 0; placeAt(document, i, entry); ++i) {
         if (name == entry.key || (entry.className != nullptr && name == entry.className)) {
+            entry.table = findForm(document, entry.key);
             return true;
         }
     }

@@ -24,13 +24,16 @@ std::vector<FieldNode> takeFields(QvDatabaseCatalogCursor_t& cursor, QvDatabaseC
 
 } // namespace
 
-std::vector<QvDatabaseCatalogCategory_t> categoriesOf(QvDatabaseCatalogDocument_t document)
+const std::vector<QvDatabaseCatalogCategory_t>& categoriesOf(QvDatabaseCatalogDocument_t document)
 {
-    std::vector<QvDatabaseCatalogCategory_t> categories;
-    QvDatabaseCatalogCategory_t category{};
-    category.size = sizeof category;
-    while (QvDatabaseCatalog_category(document, categories.size(), &category) == 0) {
-        categories.push_back(category);
+    static std::vector<QvDatabaseCatalogCategory_t> lists[QvDatabaseCatalogDocument_Sum];
+    std::vector<QvDatabaseCatalogCategory_t>& categories = lists[document];
+    if (categories.empty()) {
+        QvDatabaseCatalogCategory_t category{};
+        category.size = sizeof category;
+        while (QvDatabaseCatalog_category(document, categories.size(), &category) == 0) {
+            categories.push_back(category);
+        }
     }
     return categories;
 }
