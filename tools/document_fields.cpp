@@ -154,8 +154,13 @@ NodeIndex DocumentFields::find(const Target& target) const
 
 Target DocumentFields::target(const Bound& bound, const PathTree& tree) const
 {
+    return locate(tree.category(key(bound)), bound);
+}
+
+Target DocumentFields::locate(const PathCategory& category, const Bound& bound)
+{
     Target found;
-    const Target whole = PathTree::whole(tree.category(key(bound)));
+    const Target whole = PathTree::whole(category);
     if (bound.pField == nullptr) {
         return whole;
     }

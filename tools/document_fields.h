@@ -80,6 +80,9 @@ public:
     /// What a field is in the tree; an empty path where the tree has no such place.
     Target target(const Bound& bound, const PathTree& tree) const;
 
+    /// The same in a category's record.
+    static Target locate(const PathCategory& category, const Bound& bound);
+
     /// The list that stands in rows whose own lengths tell where each begins, and that runs on behind its field.
     bool isInRows(const Bound& bound) const;
 
