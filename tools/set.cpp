@@ -4,14 +4,10 @@
 #include <string>
 #include <vector>
 
-#include <qv_common_c/common_tracer.h>
-#include <qv_database_c/database_binary.h>
-#include <qv_database_c/database_initialization.h>
-#include <qv_database_c/database_text.h>
-
 #include "commands.h"
 #include "output.h"
 #include "path_tree.h"
+#include "reload.h"
 #include "routes.h"
 #include "same_records.h"
 #include "session.h"
@@ -20,29 +16,6 @@
 
 namespace qv::tools {
 namespace {
-
-/// Drops traces as long as it lives: what a second load of the same has to say was said by the first.
-class Silence {
-public:
-    Silence() : before_(hTracer)
-    {
-        QvCommonTracerOpenParam_t param{};
-        param.level = QvCommonTracerLevel_Error;
-        param.pWrite = [](void*, QvCommonTracerLevel_t, const char*, std::size_t) { return 0; };
-        hTracer = 0;
-        QvCommonTracer_open(&param, &hTracer);
-    }
-    ~Silence()
-    {
-        QvCommonTracer_close(&hTracer);
-        hTracer = before_;
-    }
-    Silence(const Silence&) = delete;
-    Silence& operator=(const Silence&) = delete;
-
-private:
-    QvCommonTracerHandle_t before_;
-};
 
 /// Puts the changes into a copy of an image.
 bool putIntoImage(const std::vector<Change>& changes, const Session& session, std::string& image, std::string& error)
@@ -65,23 +38,6 @@ bool putIntoImage(const std::vector<Change>& changes, const Session& session, st
         }
     }
     return true;
-}
-
-/// Loads bytes that stand in no file.
-bool loadAgain(std::string_view bytes, Form form, const Session& session)
-{
-    std::string copy(bytes);
-    QvCommonBuffer_t buffer{};
-    buffer.pBegin = copy.data();
-    buffer.size = copy.size();
-    switch (form) {
-    case Form::Json:
-        return QvDatabaseText_parse(session.handle(), &buffer) == 0;
-    case Form::Ini:
-        return QvDatabaseInitialization_parse(session.handle(), &buffer) == 0;
-    default:
-        return QvDatabaseBinary_parse(session.handle(), &buffer) == 0;
-    }
 }
 
 /// The values to set, where they go, and what comes of them.
@@ -152,9 +108,8 @@ private:
     /// they were.
     bool isTaken(std::string& error)
     {
-        const Silence silence;
         Session found(tracing_);
-        if (!found.open() || !loadAgain(bytes_, input_.form, found)) {
+        if (!found.open() || !reload(bytes_, input_.form, found)) {
             error = "the changed file would not load; nothing is written";
             return false;
         }

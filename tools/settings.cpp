@@ -1,6 +1,7 @@
 #include "settings.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -93,6 +94,41 @@ std::string refusal(const QvDatabaseCatalogField_t& field, const std::string& te
                                                                            : std::vector<std::string>{});
 }
 
+/// Why a place can't be set that is in a row behind those that are counted: it would be lost.
+std::string unusedItem(const Route& route, const void* pRecord)
+{
+    for (std::size_t i = 0; i < route.steps.size(); ++i) {
+        const QvDatabaseCatalogField_t& field = route.steps[i].pField->field;
+        if (field.counterWidth == 0 || field.count == QvDatabaseCatalogCount_Counted || route.steps[i].items.empty()) {
+            continue;
+        }
+        std::size_t number = 0;
+        std::memcpy(&number, route.base(i, pRecord) + field.counterOffset, std::min(field.counterWidth, sizeof number));
+        if (route.steps[i].items[0] >= number) {
+            return std::string("isn't in use: ") + field.pKey + " has " + std::to_string(number) +
+                   (number == 1 ? " item" : " items");
+        }
+    }
+    return "";
+}
+
+/// What the member holds for a number with the sign that its document writes, 65476 for -60; empty where that is the
+/// same, or the text no such number.
+std::string asMember(const QvDatabaseCatalogField_t& field, const std::string& text)
+{
+    std::int64_t number = 0;
+    const auto [pEnd, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool isOther = field.element == QvDatabaseCatalogElement_Integer && field.width < sizeof number &&
+                         field.written == QvDatabaseCatalogElement_Integer && field.isSigned != field.isWrittenSigned;
+    if (!isOther || error != std::errc() || pEnd != text.data() + text.size()) {
+        return "";
+    }
+    const std::int64_t all = std::int64_t{1} << (field.width * 8);
+    const std::int64_t own = field.isSigned ? number - all : number + all;
+    const bool isWritten = field.isSigned ? own >= -all / 2 && own < 0 : own >= all / 2 && own < all;
+    return isWritten ? std::to_string(own) : "";
+}
+
 bool isText(const Target& target)
 {
     return target.pNode->field.element == QvDatabaseCatalogElement_Text;
@@ -115,33 +151,26 @@ bool Settings::storeElement(const Target& element, NodeIndex value)
     const std::string text(node.type == QvJsonValueType_String ? document_.string(value) : document_.slice(node.value));
     const QvDatabaseCatalogCategory_t& category = element.pCategory->category;
     void* pRecord = session_.record(category.pKey);
-    // A row behind those that are counted would be lost.
-    Route own;
-    findRoute(fields_.of(element.pCategory->document, category), element, false, own);
-    for (std::size_t i = 0; i < own.steps.size(); ++i) {
-        const QvDatabaseCatalogField_t& field = own.steps[i].pField->field;
-        const std::byte* pCounter = own.base(i, pRecord) + field.counterOffset;
-        std::size_t number = 0;
-        std::memcpy(&number, pCounter, std::min(field.counterWidth, sizeof number));
-        if (field.counterWidth != 0 && field.count != QvDatabaseCatalogCount_Counted && !own.steps[i].items.empty() &&
-            own.steps[i].items[0] >= number) {
-            return fail(element, "isn't in use: " + std::string(field.pKey) + " has " + std::to_string(number) +
-                                     (number == 1 ? " item" : " items"));
-        }
+    // The library's own rules for a value hold. What is in memory alone has its C names.
+    QvDatabaseCatalogDocument_t document = element.pCategory->document;
+    Route route;
+    if (!findRoute(fields_.of(document, category), element, false, route)) {
+        document = QvDatabaseCatalogDocument_Memory;
+        findRoute(fields_.of(document, category), element, false, route);
+    }
+    if (const std::string unused = unusedItem(route, pRecord); !unused.empty()) {
+        return fail(element, unused);
     }
     changes_.push_back({element, valueText(element, pRecord), number_});
-    // The library's own rules for a value hold. It knows the place by the names of memory.
-    Route route;
     QvDatabaseCatalogPlace_t place{};
     place.size = sizeof place;
     int status = QvCommonError_BadArgument;
-    if (findRoute(fields_.of(QvDatabaseCatalogDocument_Memory, category), element, false, route) &&
-        QvDatabaseCatalog_find(QvDatabaseCatalogDocument_Memory, (category.pKey + ('.' + route.path())).c_str(),
-                               &place) == 0) {
-        status = QvCommonError_Syntax;
-    }
-    if (status == QvCommonError_Syntax && node.type != QvJsonValueType_Null) {
-        status = QvDatabaseCatalog_setText(&place, pRecord, text.c_str());
+    if (QvDatabaseCatalog_find(document, (category.pKey + ('.' + route.path())).c_str(), &place) == 0) {
+        status = node.type == QvJsonValueType_Null ? static_cast<int>(QvCommonError_Syntax)
+                                                   : QvDatabaseCatalog_setText(&place, pRecord, text.c_str());
+        if (const std::string own = asMember(route.pLeaf->field, text); status == QvCommonError_Capacity && !own.empty()) {
+            status = QvDatabaseCatalog_setText(&place, pRecord, own.c_str());
+        }
     }
     return status == 0 || fail(element, refusal(element.pNode->field, text, status));
 }
