@@ -15,9 +15,5 @@ ExitStatus merge(const Options& options)
 {
     return notYet(options);
 }
-ExitStatus set(const Options& options)
-{
-    return notYet(options);
-}
 
 } // namespace qv::tools
