@@ -128,7 +128,7 @@ bool Session::save(const std::string& name, Form form)
 {
     // The library's save is the one that knows when memory was too short for a whole document. Where the name doesn't
     // ask for the form, it saves beside.
-    if (name != kStream && name.ends_with(suffixOf(form)) && (form != Form::Image || isImageName(name))) {
+    if (!isStream(name) && name.ends_with(suffixOf(form)) && (form != Form::Image || isImageName(name))) {
         return check(name, QvDatabase_save(handle_, name.c_str()));
     }
     const ScratchFolder folder;
