@@ -3,12 +3,23 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <iterator>
 #include <utility>
 #include <vector>
 
 #include <qv_common_c/common_tracer.h>
 
 namespace qv::test {
+
+namespace {
+
+constexpr std::string_view kPieces[] = {
+    "{",    "}",    "[",    "]",     ",",       ":",      "\"", "\\", "/",    "//", "/*", "*/", "\n",   " ",
+    "0",    "1",    "9",    "-",     "+",       ".",      "e",  "E",  "null", "t",  "\t", "\r", "\x01", "\x80",
+    "\xC3", "\xED", "\xF4", "\\u00", "\\ud834", "\"a\":", ", ", "[]", "{}",   ",,", "1e", "00", "0.1",  "\"\\u0000\"",
+};
+
+} // namespace
 
 std::string numbered(const char* pName, int number)
 {
@@ -47,6 +58,35 @@ std::string write(QvJsonValue_t* pValue, QvJsonWriterOpenParam_t* pParam)
     EXPECT_EQ(QvJsonWriter_close(&writer), 0);
     std::string text = pText != nullptr ? pText : "";
     std::free(pText);
+    return text;
+}
+
+std::string mutate(std::string_view document, std::mt19937& random)
+{
+    std::string text(document);
+    const auto below = [&](size_t limit) { return static_cast<size_t>(random() % limit); };
+    for (size_t number = 1 + below(3); number != 0; --number) {
+        const size_t place = below(text.size());
+        const size_t length = 1 + below(random() % 4 == 0 ? 40 : 3);
+        const std::string_view piece = kPieces[below(std::size(kPieces))];
+        switch (random() % 4) {
+        case 0:
+            text.erase(place, length);
+            break;
+        case 1:
+            text.insert(place, piece);
+            break;
+        case 2:
+            text.replace(place, 1, piece);
+            break;
+        default:
+            text.insert(below(text.size()), text.substr(place, length));
+            break;
+        }
+        if (text.empty()) {
+            text.assign(1, '0');
+        }
+    }
     return text;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <random>
 #include <string>
 #include <string_view>
 
@@ -24,6 +25,9 @@ Tree read(std::string_view text, int expectedStatus = 0);
 
 // The tree's text as the database writes it, or laid out otherwise.
 std::string write(QvJsonValue_t* pValue, QvJsonWriterOpenParam_t* pParam = nullptr);
+
+// The document with one to three changes: pieces of it gone, doubled or moved, signs of the language in between.
+std::string mutate(std::string_view document, std::mt19937& random);
 
 // Collects what is traced while it lives.
 class Traces {

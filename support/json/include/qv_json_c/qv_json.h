@@ -7,6 +7,7 @@
 #include <qv_json_c/json_path.h>
 #include <qv_json_c/json_reader.h>
 #include <qv_json_c/json_value.h>
+#include <qv_json_c/json_walk.h>
 #include <qv_json_c/json_writer.h>
 
 #endif
