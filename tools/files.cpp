@@ -140,4 +140,16 @@ bool isSameFile(const std::string& left, const std::string& right)
            leftFile.st_ino == rightFile.st_ino;
 }
 
+bool mayReplace(const std::string& name, std::span<const std::string> read, const Options& options)
+{
+    for (const std::string& other : read) {
+        if (!options.isForced && isSameFile(name, other)) {
+            complain(name + " is also read" + (other == name ? "" : " as " + other) +
+                     "; -f writes over it all the same");
+            return false;
+        }
+    }
+    return true;
+}
+
 } // namespace qv::tools

@@ -3,6 +3,7 @@
 // Files in their forms, and the two streams that go by the name of "-".
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -62,5 +63,8 @@ bool writeOutput(const std::string& name, std::string_view bytes);
 
 /// Whether two names lead to the same file.
 bool isSameFile(const std::string& left, const std::string& right);
+
+/// Whether a file may be written: one that was also read only with --force. A refusal is told in one line.
+bool mayReplace(const std::string& name, std::span<const std::string> read, const Options& options);
 
 } // namespace qv::tools
