@@ -147,7 +147,7 @@ bool isTouched(const Mask& mask, const std::vector<std::size_t>& begins, std::si
 
 /// Fields with a lost byte in them, by their paths without the category's name; those of all items as [*]. A record
 /// that is not kept in any part stands for its fields.
-void addNames(std::vector<std::string>& names, const Mask& lost, const Mask& kept, const std::vector<PathNode>& nodes,
+void addNames(std::vector<std::string>& names, Mask& lost, const Mask& kept, const std::vector<PathNode>& nodes,
               const std::vector<std::size_t>& bases, const std::string& path)
 {
     for (const PathNode& node : nodes) {
@@ -171,11 +171,14 @@ void addNames(std::vector<std::string>& names, const Mask& lost, const Mask& kep
             addNames(names, lost, kept, node.members, begins, name + (node.field.rank > 0 ? "[*]" : ""));
         } else {
             names.push_back(name);
+            for (const std::size_t begin : begins) {
+                set(lost, begin, width, false); // another key of the same bytes
+            }
         }
     }
 }
 
-std::string nameOf(const PathCategory& category, const Mask& lost, const Mask& kept)
+std::string nameOf(const PathCategory& category, Mask lost, const Mask& kept)
 {
     std::vector<std::string> names;
     addNames(names, lost, kept, category.members, {0}, "");
