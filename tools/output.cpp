@@ -22,12 +22,17 @@ bool isReaderGone()
 
 } // namespace
 
+bool isTerminal(FILE* pStream)
+{
+    return isatty(fileno(pStream)) == 1;
+}
+
 bool isColoured(FILE* pStream)
 {
     const char* pNoColour = std::getenv("NO_COLOR");
     const char* pTerminal = std::getenv("TERM");
     return (pNoColour == nullptr || *pNoColour == '\0') &&
-           (pTerminal == nullptr || std::strcmp(pTerminal, "dumb") != 0) && isatty(fileno(pStream)) == 1;
+           (pTerminal == nullptr || std::strcmp(pTerminal, "dumb") != 0) && isTerminal(pStream);
 }
 
 bool printBytes(std::string_view bytes)

@@ -15,10 +15,6 @@ ExitStatus at(const Options& options)
 {
     return notYet(options);
 }
-ExitStatus check(const Options& options)
-{
-    return notYet(options);
-}
 ExitStatus coverage(const Options& options)
 {
     return notYet(options);
