@@ -14,6 +14,9 @@
 namespace qv::tools {
 namespace {
 
+constexpr const char* kColor = "CCM_1_1";
+constexpr const char* kShading = "LSC_4";
+
 /// The items behind a key, which end at white space, a bracket or the text's end. False where there is no such list.
 bool readList(Input& input, const std::string& key, std::vector<std::string>& items)
 {
@@ -106,18 +109,24 @@ bool loadList(Session& session, Input& input, const PathTree& tree, const std::s
 
 } // namespace
 
-bool loadCalibrationText(Session& session, Input& input)
+bool loadCalibrationText(Session& session, Input& input, std::vector<std::string>& keys)
 {
-    auto* pColor = static_cast<QvDatabaseColorCorrectionMatrix_1_1_t*>(session.record("CCM_1_1"));
-    auto* pShading = static_cast<QvDatabaseLensShadingCorrection_4_t*>(session.record("LSC_4"));
+    auto* pColor = static_cast<QvDatabaseColorCorrectionMatrix_1_1_t*>(session.record(kColor));
+    auto* pShading = static_cast<QvDatabaseLensShadingCorrection_4_t*>(session.record(kShading));
     const int color = QvDatabaseColorCorrectionMatrix_1_1_parse2(input.bytes.get(), pColor);
     const int shading = QvDatabaseLensShadingCorrection_4_parse2(input.bytes.get(), pShading);
     session.forgetTraces(); // what they tell is told here
     if (color != 0 && shading != 0) {
         return session.check(input.shown(), color, "neither colour nor shading in it; --key names other lists");
     }
+    if (color == 0) {
+        keys.emplace_back(kColor);
+    }
+    if (shading == 0) {
+        keys.emplace_back(kShading);
+    }
     if (color != 0 || shading != 0) {
-        warn(input.shown() + ": not all lists of " + (color != 0 ? "CCM_1_1" : "LSC_4") + " are in it");
+        warn(input.shown() + ": not all lists of " + (color != 0 ? kColor : kShading) + " are in it");
     }
     return true;
 }

@@ -11,8 +11,8 @@
 namespace qv::tools {
 
 /// Lays colour and shading over their records. Refused in one line where the text holds neither; a warning tells of one
-/// that it doesn't hold whole.
-bool loadCalibrationText(Session& session, Input& input);
+/// that it doesn't hold whole. The categories that were set go behind `keys`.
+bool loadCalibrationText(Session& session, Input& input, std::vector<std::string>& keys);
 
 /// Lays the list behind each KEY over its PATH, for settings PATH=KEY. All numbers are tested; a refusal is told in one
 /// line. The paths that were set go behind `paths`.

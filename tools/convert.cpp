@@ -5,6 +5,7 @@
 #include "calibration_text.h"
 #include "commands.h"
 #include "files.h"
+#include "layers.h"
 #include "losses.h"
 #include "output.h"
 #include "session.h"
@@ -46,13 +47,46 @@ std::string wrongWords(const Options& options, const std::vector<std::string>& i
 }
 
 /// Loads one file over what is there.
-bool loadLayer(Session& session, Input& input, const Options& options)
+bool loadLayer(Session& session, Input& input, const Options& options, Layer& layer)
 {
-    if (input.form != Form::CalibrationText || options.keys.empty()) {
-        return session.load(input);
+    if (input.form == Form::CalibrationText) {
+        std::vector<std::string> set;
+        const bool isLoaded = options.keys.empty() ? loadCalibrationText(session, input, set)
+                                                   : loadCalibrationLists(session, input, options.keys, set);
+        layer = layerOf(input, set);
+        return isLoaded;
     }
-    std::vector<std::string> paths;
-    return loadCalibrationLists(session, input, options.keys, paths);
+    if (!options.isQuiet) {
+        layer = layerOf(input, session);
+    }
+    return session.load(input);
+}
+
+/// Tells what the form written lacks of what was loaded.
+void sayLosses(const Session& session, Tracing& tracing, const std::vector<Layer>& layers, const std::string& out,
+               Form form, bool isSimulator)
+{
+    std::vector<Form> forms;
+    for (const Layer& layer : layers) {
+        forms.push_back(layer.form);
+    }
+    for (const std::string& loss : lossesOf(session, tracing, forms, form, isSimulator)) {
+        say(out + " does not carry " + loss);
+    }
+    for (const Layer& layer : layers) {
+        if (layer.comments != 0) {
+            say(out + " does not carry the comments of " + layer.name + ", " + std::to_string(layer.comments));
+        }
+        constexpr std::size_t kMost = 3;
+        std::string names;
+        for (std::size_t i = 0; i < layer.unknown.size() && i < kMost; ++i) {
+            names += (i == 0 ? "" : ", ") + layer.unknown[i];
+        }
+        if (!names.empty()) {
+            say(out + " does not carry what is unknown in " + layer.name + ": " + names +
+                (layer.unknown.size() > kMost ? " and " + std::to_string(layer.unknown.size() - kMost) + " more" : ""));
+        }
+    }
 }
 
 } // namespace
@@ -71,22 +105,21 @@ ExitStatus convert(const Options& options)
     if (!mayReplace(out, in, options) || !session.open() || !session.setProtocol(options.protocol)) {
         return kRefused;
     }
-    std::vector<Form> forms;
+    std::vector<Layer> layers;
     for (const std::string& name : in) {
         Input input;
-        if (!readInput(name, options, input) || !loadLayer(session, input, options)) {
+        Layer layer;
+        if (!readInput(name, options, input) || !loadLayer(session, input, options, layer)) {
             return kRefused;
         }
-        forms.push_back(input.form);
-        say("loaded " + input.shown());
+        sayLayer(layer, options.isVerbose);
+        layers.push_back(layer);
     }
     if (!session.save(out, form)) {
         return kRefused;
     }
     if (!options.isQuiet) {
-        for (const std::string& loss : lossesOf(session, tracing, forms, form, options.protocol == "simulator")) {
-            say(shownName(out, false) + " does not carry " + loss);
-        }
+        sayLosses(session, tracing, layers, shownName(out, false), form, options.protocol == "simulator");
     }
     say("saved " + shownName(out, false));
     return kDone;

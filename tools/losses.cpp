@@ -216,9 +216,10 @@ void keep(Mask& mask, const Mask& other, bool isThere)
 }
 
 /// Makes of a second database what a load of the text makes that a save of this one writes.
-bool reload(Session& session, Session& other, Form form)
+bool reload(const Session& session, Session& other, Form form)
 {
     Input input;
+    input.name = "what was saved, loaded again";
     input.form = form;
     const int status = form == Form::Json ? QvDatabaseText_serialize(session.handle(), input.bytes.get())
                                           : QvDatabaseInitialization_serialize(session.handle(), input.bytes.get());
@@ -227,7 +228,7 @@ bool reload(Session& session, Session& other, Form form)
 
 } // namespace
 
-std::vector<std::string> lossesOf(Session& session, Tracing& tracing, std::span<const Form> read, Form written,
+std::vector<std::string> lossesOf(const Session& session, Tracing& tracing, std::span<const Form> read, Form written,
                                   bool isSimulator)
 {
     Session fresh(tracing);

@@ -1,11 +1,13 @@
 #include "session.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include <qv_common_c/common_error.h>
 #include <qv_common_c/common_tracer.h>
@@ -140,15 +142,21 @@ bool Session::load(Input& input)
     case Form::Image:
         status = QvDatabaseBinary_parse(handle_, pBuffer);
         break;
-    case Form::CalibrationText:
-        return loadCalibrationText(*this, input);
+    case Form::CalibrationText: {
+        std::vector<std::string> keys;
+        return loadCalibrationText(*this, input, keys);
+    }
     }
     if (!check(input.shown(), status, status == 0 ? "" : refusalOf(input, status))) {
         return false;
     }
     const std::string after = version();
     if (after != before && after != ownVersion_) {
-        warn(input.shown() + " is of version " + after + ", and this library of " + ownVersion_);
+        // In bytes that are no image anything may stand there.
+        const bool isText =
+            std::all_of(after.begin(), after.end(), [](unsigned char c) { return c > ' ' && c < 0x7f; });
+        warn(input.shown() + (isText && !after.empty() ? " is of version " + after : " tells no version") +
+             ", and this library is of " + ownVersion_);
     }
     return true;
 }
