@@ -1,5 +1,6 @@
 #include "catalog_tree.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <string_view>
@@ -24,9 +25,13 @@ std::vector<FieldNode> takeFields(QvDatabaseCatalogCursor_t& cursor, QvDatabaseC
 
 } // namespace
 
-std::vector<QvDatabaseCatalogCategory_t> categoriesOf(QvDatabaseCatalogDocument_t document)
+const std::vector<QvDatabaseCatalogCategory_t>& categoriesOf(QvDatabaseCatalogDocument_t document)
 {
-    std::vector<QvDatabaseCatalogCategory_t> categories;
+    static std::array<std::vector<QvDatabaseCatalogCategory_t>, QvDatabaseCatalogDocument_Sum> lists;
+    std::vector<QvDatabaseCatalogCategory_t>& categories = lists[document];
+    if (!categories.empty()) {
+        return categories;
+    }
     QvDatabaseCatalogCategory_t category{};
     category.size = sizeof category;
     while (QvDatabaseCatalog_category(document, categories.size(), &category) == 0) {

@@ -15,7 +15,8 @@ struct FieldNode {
     std::vector<FieldNode> fields;
 };
 
-std::vector<QvDatabaseCatalogCategory_t> categoriesOf(QvDatabaseCatalogDocument_t document);
+/// The categories of a document in its order. The list is made once.
+const std::vector<QvDatabaseCatalogCategory_t>& categoriesOf(QvDatabaseCatalogDocument_t document);
 
 /// The fields of a category that the document carries, in its order; by key or, for one with a class, by class.
 std::vector<FieldNode> fieldsOf(QvDatabaseCatalogDocument_t document, const QvDatabaseCatalogCategory_t& category);
