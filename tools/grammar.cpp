@@ -71,6 +71,7 @@ constexpr Option kKey{"--key", "PATH=KEY",
 
 constexpr const Option* kAtOptions[] = {&kGain, &kInterpolation, &kNames, &kFrom, &kJson};
 constexpr const Option* kCheckOptions[] = {&kStrict, &kMissing, &kDisable, &kNames, &kFrom, &kJson};
+constexpr const Option* kCompleteOptions[] = {&kNames};
 constexpr const Option* kConvertOptions[] = {&kOutput, &kForce, &kFrom, &kTo, &kProtocol, &kKey, &kQuiet, &kVerbose};
 constexpr const Option* kCoverageOptions[] = {&kNames, &kFrom, &kJson};
 constexpr const Option* kDiffOptions[] = {&kAll,        &kTolerance, &kExact, &kCategory,
@@ -249,7 +250,7 @@ constexpr Command kCommands[] = {
      kPlainExit,
      &meta},
     {"schema",
-     {"[FORM]", 0, 1, Names::Form, Names::Form},
+     {"[FORM]", 0, 1, Names::Form, Names::Form, "tuning|simulator|calibration|meta"},
      "prints a JSON Schema, by which editors check a document",
      "FORM is tuning, simulator, calibration or meta; without one the schema is that of any text document.",
      {},
@@ -272,7 +273,19 @@ constexpr Command kCommands[] = {
      &set},
 };
 
-constexpr std::size_t kWidth = 100;
+/// Only completions call it, so that no list of paths stands in them.
+constexpr Command kCompletePath = {
+    "complete-path",
+    {"path|setting|category BEGIN", 2, 2, Names::Nothing, Names::Nothing},
+    "prints how a path may go on",
+    "For completions.",
+    kCompleteOptions,
+    {},
+    kPlainExit,
+    &completePath,
+};
+
+constexpr std::size_t kWidth = 80;
 constexpr std::size_t kIndent = 2;
 
 /// Appends a text, broken into lines at blanks; lines that begin with a blank stay as they are.
@@ -284,6 +297,9 @@ void appendWrapped(std::string& text, std::string_view words, std::size_t indent
         words.remove_prefix(std::min(end + 1, words.size()));
         while (line.size() + indent > kWidth && !line.starts_with(' ')) {
             const std::size_t cut = line.rfind(' ', kWidth - indent);
+            if (cut == std::string_view::npos) {
+                break; // one long word
+            }
             text.append(line.substr(0, cut)) += '\n';
             text.append(indent, ' ');
             line.remove_prefix(cut + 1);
@@ -331,7 +347,7 @@ const Command* findCommand(const std::string& name)
             return &command;
         }
     }
-    return nullptr;
+    return name == kCompletePath.pName ? &kCompletePath : nullptr;
 }
 
 std::string programHelp()

@@ -4,9 +4,23 @@
 #include <cstdlib>
 #include <cstring>
 
+#include <poll.h>
 #include <unistd.h>
 
 namespace qv::tools {
+namespace {
+
+bool isQuiet = false;
+int outputError = 0; ///< errno of the first write that failed
+
+/// Whether standard output is a pipe that nobody reads any more. A stream forgets why an earlier write of it failed.
+bool isReaderGone()
+{
+    pollfd output{STDOUT_FILENO, POLLOUT, 0};
+    return poll(&output, 1, 0) == 1 && (output.revents & (POLLERR | POLLHUP)) != 0;
+}
+
+} // namespace
 
 bool isTerminal(FILE* pStream)
 {
@@ -21,14 +35,23 @@ bool isColoured(FILE* pStream)
            (pTerminal == nullptr || std::strcmp(pTerminal, "dumb") != 0) && isTerminal(pStream);
 }
 
-ExitStatus finishOutput(ExitStatus status)
+bool printBytes(std::string_view bytes)
 {
     errno = 0;
-    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) {
+    const bool isDone = std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() && std::fflush(stdout) == 0;
+    if (!isDone && outputError == 0) {
+        outputError = errno;
+    }
+    return isDone;
+}
+
+ExitStatus finishOutput(ExitStatus status)
+{
+    if (printBytes("") && std::ferror(stdout) == 0) {
         return status;
     }
-    if (errno != EPIPE) {
-        std::fprintf(stderr, "qvdb: standard output: %s\n", std::strerror(errno != 0 ? errno : EIO));
+    if (outputError != EPIPE && !isReaderGone()) {
+        complain(std::string("standard output: ") + std::strerror(outputError != 0 ? outputError : EIO));
     }
     return kRefused;
 }
@@ -37,6 +60,25 @@ void complain(const std::string& line)
 {
     std::fflush(stdout);
     std::fprintf(stderr, "qvdb: %s\n", line.c_str());
+}
+
+void beQuiet()
+{
+    isQuiet = true;
+}
+
+void warn(const std::string& line)
+{
+    if (!isQuiet) {
+        complain("warning: " + line);
+    }
+}
+
+void say(const std::string& line)
+{
+    if (!isQuiet) {
+        std::fprintf(stderr, "%s\n", line.c_str());
+    }
 }
 
 std::string jsonText(const std::string& text)

@@ -11,6 +11,10 @@ ExitStatus notYet(const Options& options)
 }
 } // namespace
 
+ExitStatus coverage(const Options& options)
+{
+    return notYet(options);
+}
 ExitStatus merge(const Options& options)
 {
     return notYet(options);

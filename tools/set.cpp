@@ -66,13 +66,13 @@ public:
             !isTaken(error)) {
             return refuse(error);
         }
-        const bool isSameFile = options_.output.empty() && out_ != kStream;
+        const bool isSameFile = options_.output.empty() && !isStream(out_);
         if ((!isSameFile || bytes_ != input_.bytes.view()) && !writeOutput(out_, bytes_)) {
             return false;
         }
         if (options_.asJson) {
             printJson();
-        } else if (out_ != kStream) {
+        } else if (!isStream(out_)) {
             print();
         }
         return true;
@@ -215,7 +215,7 @@ private:
 ExitStatus set(const Options& options)
 {
     const std::string& out = options.output.empty() ? options.words[0] : options.output;
-    if (options.asJson && out == kStream) {
+    if (options.asJson && isStream(out)) {
         return refuseUsage(options,
                            "--json and the changed file both want standard output; -o says where the file goes");
     }
