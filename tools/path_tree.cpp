@@ -20,6 +20,11 @@ PathNode nodeOf(const FieldNode& field, bool isItem, std::size_t index)
 {
     PathNode node{isItem ? "[" + std::to_string(index) + "]" : field.field.pKey, field.field, false, {}};
     const bool isList = field.field.count == QvDatabaseCatalogCount_Members;
+    if (isList) {
+        // One record: the indices that paths have lead to its members.
+        node.field.rank = 0;
+        node.field.extents[0] = 1;
+    }
     for (std::size_t i = 0; i < field.fields.size(); ++i) {
         if (!field.fields[i].field.isTwin) {
             node.members.push_back(nodeOf(field.fields[i], isList, i));
@@ -149,7 +154,8 @@ public:
         if (members.empty()) {
             return fail(target.path + " has no members");
         }
-        if (wanted.kind == PathStep::Any && !wanted.isBracketed) {
+        const bool isNumbers = target.pNode != nullptr && target.pNode->field.count == QvDatabaseCatalogCount_Members;
+        if (wanted.kind == PathStep::Any && (!wanted.isBracketed || isNumbers)) {
             for (const PathNode& node : members) {
                 if (!follow(PathTree::member(target, node), step + 1, targets)) {
                     return false;

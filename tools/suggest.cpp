@@ -50,6 +50,11 @@ std::string nearest(std::string_view word, const std::vector<std::string>& candi
     std::size_t least = std::max<std::size_t>(word.size() / 3, 1) * kStep + 1;
     std::string best;
     for (const std::string& candidate : candidates) {
+        const std::size_t apart =
+            word.size() > candidate.size() ? word.size() - candidate.size() : candidate.size() - word.size();
+        if (apart * kStep >= least) {
+            continue; // a letter to add or drop for each
+        }
         const std::size_t steps = distance(word, candidate);
         if (steps < least) {
             least = steps;
