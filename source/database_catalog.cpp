@@ -82,8 +82,8 @@ std::size_t imageOffset(std::string_view key)
     return SIZE_MAX;
 }
 
-/// An entry but for its table.
-bool placeAt(QvDatabaseCatalogDocument_t document, std::size_t index, Entry& entry)
+/// All of an entry but its table, which costs a search.
+bool standAt(QvDatabaseCatalogDocument_t document, std::size_t index, Entry& entry)
 {
     entry = {};
     bool isThere = false;
@@ -129,28 +129,35 @@ bool placeAt(QvDatabaseCatalogDocument_t document, std::size_t index, Entry& ent
     return isThere;
 }
 
+bool findStand(QvDatabaseCatalogDocument_t document, std::string_view name, Entry& entry)
+{
+    for (std::size_t i = 0; standAt(document, i, entry); ++i) {
+        if (name == entry.key || (entry.className != nullptr && name == entry.className)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Memory and image have none.
+bool withTable(QvDatabaseCatalogDocument_t document, Entry& entry)
+{
+    entry.table = isRaw(document) ? nullptr : findForm(document, entry.key);
+    return true;
+}
+
 } // namespace
 
 namespace qv::database {
 
 bool entryAt(QvDatabaseCatalogDocument_t document, std::size_t index, Entry& entry)
 {
-    const bool isThere = placeAt(document, index, entry);
-    if (isThere) {
-        entry.table = findForm(document, entry.key);
-    }
-    return isThere;
+    return standAt(document, index, entry) && withTable(document, entry);
 }
 
 bool findEntry(QvDatabaseCatalogDocument_t document, std::string_view name, Entry& entry)
 {
-    for (std::size_t i = 0; placeAt(document, i, entry); ++i) {
-        if (name == entry.key || (entry.className != nullptr && name == entry.className)) {
-            entry.table = findForm(document, entry.key);
-            return true;
-        }
-    }
-    return false;
+    return findStand(document, name, entry) && withTable(document, entry);
 }
 
 } // namespace qv::database
@@ -168,7 +175,7 @@ int QvDatabaseCatalog_category(QvDatabaseCatalogDocument_t document, std::size_t
         return kBadArgument;
     }
     Entry entry;
-    if (!entryAt(document, index, entry)) {
+    if (!standAt(document, index, entry)) {
         return QvCommonError_NoEntry;
     }
     const Category& category = *findCategory(entry.key);
@@ -179,7 +186,7 @@ int QvDatabaseCatalog_category(QvDatabaseCatalogDocument_t document, std::size_t
     all.recordSize = category.size;
     for (int i = 0; i < QvDatabaseCatalogDocument_Sum; ++i) {
         Entry other;
-        if (findEntry(static_cast<QvDatabaseCatalogDocument_t>(i), category.key, other)) {
+        if (findStand(static_cast<QvDatabaseCatalogDocument_t>(i), category.key, other)) {
             all.documents |= 1U << static_cast<unsigned>(i);
         }
     }

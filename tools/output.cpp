@@ -8,12 +8,17 @@
 
 namespace qv::tools {
 
+bool isTerminal(FILE* pStream)
+{
+    return isatty(fileno(pStream)) == 1;
+}
+
 bool isColoured(FILE* pStream)
 {
     const char* pNoColour = std::getenv("NO_COLOR");
     const char* pTerminal = std::getenv("TERM");
     return (pNoColour == nullptr || *pNoColour == '\0') &&
-           (pTerminal == nullptr || std::strcmp(pTerminal, "dumb") != 0) && isatty(fileno(pStream)) == 1;
+           (pTerminal == nullptr || std::strcmp(pTerminal, "dumb") != 0) && isTerminal(pStream);
 }
 
 ExitStatus finishOutput(ExitStatus status)

@@ -9,6 +9,9 @@
 
 namespace qv::tools {
 
+/// Whether somebody looks on as a stream is written.
+bool isTerminal(FILE* pStream);
+
 /// Whether a stream shows colours: a terminal, and nobody said NO_COLOR.
 bool isColoured(FILE* pStream);
 

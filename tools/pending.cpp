@@ -11,10 +11,6 @@ ExitStatus notYet(const Options& options)
 }
 } // namespace
 
-ExitStatus check(const Options& options)
-{
-    return notYet(options);
-}
 ExitStatus coverage(const Options& options)
 {
     return notYet(options);

@@ -1,4 +1,4 @@
-// save_random FOLDER NUMBER: fills databases with random values and saves each in every text form, so that whatever
+// save_random FOLDER NUMBER: fills databases with random values and saves each in every form, so that whatever
 // describes the forms can be held against what the library really writes.
 
 #include <cmath>
@@ -216,6 +216,8 @@ void saveAll(QvDatabaseHandle_t handle, const std::string& folder, const std::st
     auto& setting = record<QvDatabaseSetting_t>(handle, "ST");
     setting.protocol = QvDatabaseSettingProtocol_Standard;
     need(QvDatabase_save(handle, (folder + "tuning" + number + ".json").c_str()), "tuning");
+    need(QvDatabase_save(handle, (folder + "section" + number + ".ini").c_str()), "section");
+    need(QvDatabase_save(handle, (folder + "image" + number + ".bin").c_str()), "image");
     need(QvDatabase_metaSave(handle, (folder + "meta" + number + ".json").c_str()), "meta");
     setting.protocol = QvDatabaseSettingProtocol_Simulator;
     need(QvDatabase_save(handle, (folder + "simulator" + number + ".json").c_str()), "simulator");
