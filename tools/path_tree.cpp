@@ -20,6 +20,10 @@ PathNode nodeOf(const FieldNode& field, bool isItem, std::size_t index)
 {
     PathNode node{isItem ? "[" + std::to_string(index) + "]" : field.field.pKey, field.field, false, {}};
     const bool isList = field.field.count == QvDatabaseCatalogCount_Members;
+    if (isList) { // one record; the list is that of its numbers
+        node.field.rank = 0;
+        std::fill(std::begin(node.field.extents), std::end(node.field.extents), 1);
+    }
     for (std::size_t i = 0; i < field.fields.size(); ++i) {
         if (!field.fields[i].field.isTwin) {
             node.members.push_back(nodeOf(field.fields[i], isList, i));
