@@ -342,6 +342,7 @@ ExitStatus fields(const Options& options)
     }
     if (options.asJson) {
         std::vector<std::string> objects;
+        objects.reserve(rows.size());
         for (const FieldRow& row : rows) {
             objects.push_back(rowJson(row));
         }

@@ -166,6 +166,7 @@ public:
         const PathNode* pNode = findMember(members, name);
         if (pNode == nullptr) {
             std::vector<std::string> names;
+            names.reserve(members.size());
             for (const PathNode& node : members) {
                 names.push_back(node.name);
             }
@@ -453,7 +454,7 @@ std::string textAt(const QvDatabaseCatalogField_t& field, const std::byte* pByte
 
 std::string valueAt(const QvDatabaseCatalogField_t& field, const std::byte* pBytes)
 {
-    const std::string text = textAt(field, pBytes);
+    std::string text = textAt(field, pBytes);
     switch (field.element) {
     case QvDatabaseCatalogElement_Float:
     case QvDatabaseCatalogElement_Double:
