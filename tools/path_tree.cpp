@@ -20,10 +20,9 @@ PathNode nodeOf(const FieldNode& field, bool isItem, std::size_t index)
 {
     PathNode node{isItem ? "[" + std::to_string(index) + "]" : field.field.pKey, field.field, false, {}};
     const bool isList = field.field.count == QvDatabaseCatalogCount_Members;
-    if (isList) {
-        // One record: the indices that paths have lead to its members.
+    if (isList) { // one record; the list is that of its numbers
         node.field.rank = 0;
-        node.field.extents[0] = 1;
+        std::fill(std::begin(node.field.extents), std::end(node.field.extents), 1);
     }
     for (std::size_t i = 0; i < field.fields.size(); ++i) {
         if (!field.fields[i].field.isTwin) {
@@ -168,6 +167,7 @@ public:
         const PathNode* pNode = findMember(members, name);
         if (pNode == nullptr) {
             std::vector<std::string> names;
+            names.reserve(members.size());
             for (const PathNode& node : members) {
                 names.push_back(node.name);
             }
@@ -455,7 +455,7 @@ std::string textAt(const QvDatabaseCatalogField_t& field, const std::byte* pByte
 
 std::string valueAt(const QvDatabaseCatalogField_t& field, const std::byte* pBytes)
 {
-    const std::string text = textAt(field, pBytes);
+    std::string text = textAt(field, pBytes);
     switch (field.element) {
     case QvDatabaseCatalogElement_Float:
     case QvDatabaseCatalogElement_Double:
