@@ -54,9 +54,10 @@ std::size_t elementsOf(const QvDatabaseCatalogField_t& field)
 
 void set(Mask& mask, std::size_t offset, std::size_t length, bool isSet = true)
 {
-    for (std::size_t i = offset; i < offset + length && i < mask.size(); ++i) {
-        mask[i] = isSet ? 1 : 0;
-    }
+    const std::size_t begin = std::min(offset, mask.size());
+    const std::size_t end = std::min(offset + length, mask.size());
+    std::fill(mask.begin() + static_cast<std::ptrdiff_t>(begin), mask.begin() + static_cast<std::ptrdiff_t>(end),
+              isSet ? 1 : 0);
 }
 
 /// Marks what fields hold of a record that begins at `base`; an array on the heap stands for its pointer.

@@ -1,5 +1,6 @@
 #include "commands.h"
 #include "files.h"
+#include "layers.h"
 #include "output.h"
 #include "session.h"
 
@@ -19,6 +20,9 @@ ExitStatus meta(const Options& options)
     if (!readInput(options.words[0], asJson, input) || !mayReplace(out, {&options.words[0], 1}, options) ||
         !session.loadMeta(input) || !session.saveMeta(out)) {
         return kRefused;
+    }
+    if (layerOf(input, session).categories.empty()) {
+        warn(input.shown() + " sets nothing of the frame metadata");
     }
     say("saved " + shownName(out, false));
     return kDone;
