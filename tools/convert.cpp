@@ -102,6 +102,9 @@ ExitStatus convert(const Options& options)
     Tracing tracing(options);
     Session session(tracing);
     const Form form = formOf(out, options.to);
+    if (!options.protocol.empty() && form != Form::Json) {
+        warn("--protocol changes nothing of " + shownName(out, false) + ", which is no JSON");
+    }
     if (!mayReplace(out, in, options) || !session.open() || !session.setProtocol(options.protocol)) {
         return kRefused;
     }

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "commands.h"
 #include "files.h"
 #include "layers.h"
@@ -21,7 +23,9 @@ ExitStatus meta(const Options& options)
         !session.loadMeta(input) || !session.saveMeta(out)) {
         return kRefused;
     }
-    if (layerOf(input, session).categories.empty()) {
+    const Layer layer = layerOf(input, session);
+    const auto isMeta = [](const LayerCategory& category) { return category.key == "MT"; };
+    if (std::none_of(layer.categories.begin(), layer.categories.end(), isMeta)) {
         warn(input.shown() + " sets nothing of the frame metadata");
     }
     say("saved " + shownName(out, false));
