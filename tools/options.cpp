@@ -122,7 +122,7 @@ std::string wordsOf(const Command& command, std::string error)
         return error;
     }
     const std::size_t value = error.find(" = ");
-    return error.substr(0, end) + " wants a " + (isConversion ? "number" : pOption->pValue) +
+    return error.substr(0, end) + " wants " + (isConversion ? "a number" : pOption->pValue) +
            (isConversion && value != std::string::npos ? ", not " + error.substr(value + 3) : " behind it");
 }
 
