@@ -111,7 +111,8 @@ refuse "--key CCM_1_1.ccOfset: CCM_1_1 has no member ccOfset (did you mean ccOff
 
 # Streams.
 "$qvdb" convert - -o - <back.json 2>error | "$qvdb" convert -q - piped.bin || fail "a pipe: $(cat error)"
-"$qvdb" convert -q back.json straight.bin && cmp piped.bin straight.bin || fail "a pipe changes a set"
+"$qvdb" convert -q back.json straight.bin
+cmp piped.bin straight.bin || fail "a pipe changes a set"
 says "saved standard output"
 "$qvdb" convert -q x.bin /dev/stdout | grep -q '^  "tuning": {' || fail "/dev/stdout is no JSON"
 "$qvdb" convert -q - - --from image --to ini <x.bin | cmp - imx477.ini || fail "an image from a stream"
@@ -160,7 +161,7 @@ expect 0 "qvdb checks, *" "" "$qvdb" help
 expect 0 "usage: qvdb convert *" "" "$qvdb" convert --help
 expect 0 "qvdb 0.*" "" "$qvdb" --version
 for command in $("$qvdb" help | sed -n 's/^  \([a-z]*\) .*/\1/p') ""; do
-    "$qvdb" help $command | grep -E '.{81}' && fail "the help of $command is wider than 80 columns"
+    "$qvdb" help ${command:+"$command"} | grep -E '.{81}' && fail "the help of $command is wider than 80 columns"
 done
 
 # Refusals leave the target as it was.
