@@ -78,6 +78,7 @@ says "qvdb: warning: over.json is of version 7.1, and this library is of 6.8.25.
     "over.json replaces the whole calibration" "over.json replaces A2DNR_5_2.tables (1 item now, 2 before)" \
     "out.json does not carry the comments of over.json, 1" \
     "out.json does not carry what is unknown in over.json: AE_3.setPiont (line 4)"
+grep 'not match' error && fail "the library's own words about versions have their labels the wrong way round"
 expect 0 "3${newline}1" "*" "$qvdb" get out.json AE_3.setPoint A2DNR_5_2.tableNumber
 expect 0 "" "*x.bin replaces all that an image holds*" "$qvdb" convert imx477.json x.bin -o out.json
 
@@ -98,13 +99,14 @@ expect 0 "" "loaded x.JSON (version, *" "$qvdb" convert --from json x.JSON out.b
 expect 0 "" "*loaded imx477_calibration.txt: sets CCM_1_1, LSC_4${newline}saved out.json" \
     "$qvdb" convert back.json imx477_calibration.txt -o out.json
 expect 0 "2.18464${newline}-12${newline}127" "" "$qvdb" get out.json 'CCM_1_1.ccMatrix[0]' 'CCM_1_1.ccOffset[0]' 'LSC_4.xSize[0]'
-printf 'gains = [ 7 8\t9 ]\nodd = [ 1 x ]\n' >list.txt
+printf 'gains = [ 7 8\t9 ]\nodd = [ 1 x ]\nbig = [ 70000 ]\n' >list.txt
 expect 0 "" "*loaded list.txt: sets CCM_1_1.ccOffset*" \
     "$qvdb" convert back.json list.txt -o out.json --key CCM_1_1.ccOffset=gains
 expect 0 "[[]7, 8, 9]" "" "$qvdb" get out.json CCM_1_1.ccOffset
 refuse "list.txt: *(15): neither colour nor shading*" "$qvdb" convert list.txt out.json
 refuse "list.txt: there is no list gain2 (15)" "$qvdb" convert list.txt out.json --key CCM_1_1.ccOffset=gain2
 refuse "list.txt: odd: x is no number" "$qvdb" convert list.txt out.json --key CCM_1_1.ccOffset=odd
+refuse "list.txt: big: 70000 does not fit LSC_4.xSize[[]0]" "$qvdb" convert list.txt out.json --key LSC_4.xSize=big
 refuse "list.txt: gains has 3 items, and AE_3.setPoint holds 1" "$qvdb" convert list.txt out.json --key AE_3.setPoint=gains
 refuse "--key CCM_1_1.ccOfset: CCM_1_1 has no member ccOfset (did you mean ccOffset[?])" \
     "$qvdb" convert list.txt out.json --key CCM_1_1.ccOfset=gains
