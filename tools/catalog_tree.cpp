@@ -1,6 +1,5 @@
 #include "catalog_tree.h"
 
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <string_view>
@@ -27,15 +26,14 @@ std::vector<FieldNode> takeFields(QvDatabaseCatalogCursor_t& cursor, QvDatabaseC
 
 const std::vector<QvDatabaseCatalogCategory_t>& categoriesOf(QvDatabaseCatalogDocument_t document)
 {
-    static std::array<std::vector<QvDatabaseCatalogCategory_t>, QvDatabaseCatalogDocument_Sum> lists;
+    static std::vector<QvDatabaseCatalogCategory_t> lists[QvDatabaseCatalogDocument_Sum];
     std::vector<QvDatabaseCatalogCategory_t>& categories = lists[document];
-    if (!categories.empty()) {
-        return categories;
-    }
-    QvDatabaseCatalogCategory_t category{};
-    category.size = sizeof category;
-    while (QvDatabaseCatalog_category(document, categories.size(), &category) == 0) {
-        categories.push_back(category);
+    if (categories.empty()) {
+        QvDatabaseCatalogCategory_t category{};
+        category.size = sizeof category;
+        while (QvDatabaseCatalog_category(document, categories.size(), &category) == 0) {
+            categories.push_back(category);
+        }
     }
     return categories;
 }

@@ -15,7 +15,7 @@ struct FieldNode {
     std::vector<FieldNode> fields;
 };
 
-/// The categories of a document in its order. The list is made once.
+/// The categories of a document, in its order. They are asked for once: the library works out each answer anew.
 const std::vector<QvDatabaseCatalogCategory_t>& categoriesOf(QvDatabaseCatalogDocument_t document);
 
 /// The fields of a category that the document carries, in its order; by key or, for one with a class, by class.

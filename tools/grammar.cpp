@@ -59,7 +59,8 @@ constexpr Option kExplain{"--explain", nullptr,
                           "shows each field that more than one file sets: value and place in each, "
                           "and which wins",
                           &Options::explains};
-constexpr Option kOffset{"--at", "OFFSET", "the field that stands at this byte of the image", &Options::offset};
+constexpr Option kOffset{"--at", "OFFSET", "the field that stands at this byte of the image; decimal or 0x",
+                         &Options::offset};
 constexpr Option kGain{"--gain", "G", "the gain", &Options::gain};
 constexpr Option kInterpolation{"--interpolate", "HOW", "also a value between the rows: linear or nearest",
                                 &Options::interpolation, "linear|nearest"};
@@ -102,6 +103,7 @@ constexpr Example kCoverageExamples[] = {{"qvdb coverage imx477.json", "what the
 constexpr Example kDiffExamples[] = {
     {"qvdb diff day.json night.json", "field by field"},
     {"qvdb diff tuned.json flashed.bin --stat", "across forms, one line a category"},
+    {"qvdb diff a.bin b.bin --exact", "every bit, as cmp does, with the fields that they belong to"},
 };
 constexpr Example kDumpExamples[] = {
     {"qvdb dump imx477.bin AE_3", "the record's bytes, field by field"},
@@ -114,6 +116,7 @@ constexpr Example kFieldsExamples[] = {
 constexpr Example kGetExamples[] = {
     {"qvdb get imx477.json AE_3.setPoint", "the value alone"},
     {"qvdb get imx477.bin 'A2DNR_5_2.tables[*].hdr' --json", "paths and values"},
+    {"qvdb get imx477.bin", "all settings, whatever the form of the file"},
 };
 constexpr Example kInfoExamples[] = {{"qvdb info imx477.json", "what a file is and what it sets"}};
 constexpr Example kMergeExamples[] = {
@@ -131,10 +134,11 @@ constexpr Command kCommands[] = {
     {"at",
      {"FILE PATH", 2, 2, Names::File, Names::Path},
      "shows the rows of the schedules at a gain",
-     "Shows the neighbouring gain points and their values for each list that runs along a gain axis, in every schedule "
-     "that the path names.\n\n"
+     "Shows, for each list that runs along a gain axis in the schedules that the path names, the rows at the gain "
+     "points on either side. PATH is a category, a schedule or a list. Beyond the ends it is the first or last row; an "
+     "axis counts as far as it rises.\n\n"
      "How values between two gain points come about is decided by the layers above this library, not by it: what "
-     "--interpolate shows is a reader's aid.",
+     "--interpolate shows is a reader's aid. Numbers that are names or bits are those of the nearer row, always.",
      kAtOptions,
      kAtExamples,
      kPlainExit,
@@ -179,8 +183,13 @@ constexpr Command kCommands[] = {
     {"diff",
      {"A B", 2, 2},
      "compares two sets field by field, across all forms",
-     "Prints one line for each field that differs: PATH  old -> new. Long lists are summed up. What a JSON text can't "
-     "tell apart, more than six digits behind the point, counts as equal unless --exact is given.",
+     "Prints one line for each field that differs: PATH  old -> new. Lists of which more than four elements differ are "
+     "summed up, and lists are compared as far as both are in use. A line whose field the form of one side doesn't "
+     "carry says so.\n\n"
+     "What a JSON text can't tell apart, more than six digits behind the point, counts as equal. When and by which "
+     "version a text was saved, class names, and what no text carries are no settings and left out. --exact compares "
+     "every bit of all of it, also rows that are not in use, and padding.\n\n"
+     "/dev/null stands for a set at its defaults.",
      kDiffOptions,
      kDiffExamples,
      "0 same, 1 different, 2 trouble",
@@ -188,7 +197,10 @@ constexpr Command kCommands[] = {
     {"dump",
      {"IMAGE [PATH]", 1, 2, Names::File, Names::Path},
      "shows the bytes of an image with their fields",
-     "Prints offset, bytes, path and value of each field of a binary image, or which field stands at an offset.",
+     "Prints offset, bytes, path and value of each field of a binary image, padding between them, and rows that are "
+     "not "
+     "in use; or which field stands at an offset. The bytes are shown as they are in the file, whatever a load would "
+     "make of them, also those of an image that is too short and of the raw image of a calibration.",
      kDumpOptions,
      kDumpExamples,
      kPlainExit,
@@ -196,16 +208,19 @@ constexpr Command kCommands[] = {
     {"fields",
      {"[PATH]", 0, 1, Names::Path, Names::Path},
      "the catalog of all fields",
-     "Prints path, type, extents, range and meaning of fields, and where each form holds them.",
+     "Without a path it lists the categories with their meanings; of a category or a record all fields, one a line; of "
+     "a field everything that is known: type, range, unit, named values, what it is there for, and where each form "
+     "holds "
+     "it. Indices may be left out.",
      kFieldsOptions,
      kFieldsExamples,
      kPlainExit,
      &fields},
     {"get",
-     {"FILE PATH...", 2, kAnyNumber, Names::File, Names::Path},
+     {"FILE [PATH...]", 1, kAnyNumber, Names::File, Names::Path},
      "prints values",
      "Prints the values that the paths name, one a line in the order of the paths; with --json an object of path and "
-     "value.",
+     "value. Without a path it prints all settings, PATH = VALUE one a line, as a text that git can compare.",
      kGetOptions,
      kGetExamples,
      kPlainExit,

@@ -50,6 +50,13 @@ std::optional<ExitStatus> refuseCommand(const std::string& word)
     return refuse("", "there is no command " + word + suggestion(word, commandNames()));
 }
 
+/// A number without the zeros that would make it an octal one; 0x stays.
+std::string withoutZeros(const std::string& text)
+{
+    const std::size_t first = text.find_first_of("123456789");
+    return first != std::string::npos && text.find_first_not_of('0') == first ? text.substr(first) : text;
+}
+
 /// What CLI11 reads straight into the options.
 void declare(CLI::App& app, const Option& option, Options& options)
 {
@@ -58,6 +65,8 @@ void declare(CLI::App& app, const Option& option, Options& options)
             auto& value = options.*target;
             if constexpr (std::is_same_v<decltype(target), bool Options::*>) {
                 return app.add_flag(option.pNames, value);
+            } else if constexpr (std::is_same_v<decltype(target), std::optional<std::size_t> Options::*>) {
+                return app.add_option(option.pNames, value)->expected(1)->transform(&withoutZeros);
             } else {
                 return app.add_option(option.pNames, value)->expected(1);
             }

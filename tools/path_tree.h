@@ -100,4 +100,9 @@ std::string textOf(const Target& element, const void* pRecord);
 /// The same as JSON writes it: texts in quotes, and null for what is no number or address.
 std::string valueText(const Target& element, const void* pRecord);
 
+/// The same three of an element of a field, wherever its bytes are.
+double numberAt(const QvDatabaseCatalogField_t& field, const std::byte* pBytes);
+std::string textAt(const QvDatabaseCatalogField_t& field, const std::byte* pBytes);
+std::string valueAt(const QvDatabaseCatalogField_t& field, const std::byte* pBytes);
+
 } // namespace qv::tools

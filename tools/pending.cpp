@@ -11,31 +11,11 @@ ExitStatus notYet(const Options& options)
 }
 } // namespace
 
-ExitStatus at(const Options& options)
-{
-    return notYet(options);
-}
 ExitStatus coverage(const Options& options)
 {
     return notYet(options);
 }
-ExitStatus diff(const Options& options)
-{
-    return notYet(options);
-}
-ExitStatus dump(const Options& options)
-{
-    return notYet(options);
-}
-ExitStatus fields(const Options& options)
-{
-    return notYet(options);
-}
 ExitStatus merge(const Options& options)
-{
-    return notYet(options);
-}
-ExitStatus set(const Options& options)
 {
     return notYet(options);
 }
