@@ -46,7 +46,8 @@ constexpr Option kNames{"--as", "NAMES", "whose names paths have: tuning (the de
                         "tuning|simulator"};
 constexpr Option kStrict{"--strict", nullptr, "warnings count as errors do", &Options::isStrict};
 constexpr Option kMissing{"--missing", nullptr, "lists the members that a document lacks", &Options::showsMissing};
-constexpr Option kDisable{"--disable", "ID", "leaves out findings of that kind; may be said again", &Options::disabled};
+constexpr Option kDisable{"--disable",        "ID",    "leaves out findings of that kind; may be said again",
+                          &Options::disabled, nullptr, Names::Finding};
 constexpr Option kTolerance{"--tolerance", "T", "numbers that differ by no more than T are equal", &Options::tolerance};
 constexpr Option kExact{"--exact", nullptr, "compares every bit, also what no text document carries",
                         &Options::isExact};
@@ -282,7 +283,7 @@ constexpr Command kCommands[] = {
 /// Only completions call it, so that no list of paths stands in them.
 constexpr Command kCompletePath = {
     "complete-path",
-    {"path|setting|category BEGIN", 2, 2, Names::Nothing, Names::Nothing},
+    {"path|setting|category|finding BEGIN", 2, 2, Names::Nothing, Names::Nothing},
     "prints how a path may go on",
     "For completions.",
     kCompleteOptions,

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
@@ -89,12 +90,12 @@ void printLayer(const Layer& layer)
 }
 
 /// What was measured, for which sensor and by whom.
-bool printCalibration(Session& session, Tracing& tracing)
+bool printCalibration(Session& session, Tracing& tracing, bool hasSensor)
 {
     const auto* pCalibration = static_cast<const QvDatabaseCalibration_t*>(session.record("CLB"));
     const QvDatabaseCalibrationHeader_t& header = pCalibration->header;
     const auto* pSensor = static_cast<const QvDatabaseSensor_t*>(session.record("SS"));
-    if (pSensor->driverName[0] != '\0') {
+    if (hasSensor) {
         std::printf("sensor\n");
         printLine("driver", textIn(pSensor->driverName));
     }
@@ -206,7 +207,8 @@ ExitStatus info(const Options& options)
     for (const Layer& layer : layers) {
         printLayer(layer);
     }
-    if (!printCalibration(session, tracing)) {
+    const auto isSensor = [](const Row& row) { return std::string_view(row.pCategory->pKey) == "SS" && row.isSet(); };
+    if (!printCalibration(session, tracing, std::any_of(rows.begin(), rows.end(), isSensor))) {
         return kRefused;
     }
     printRows(rows);
