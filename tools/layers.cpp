@@ -69,13 +69,12 @@ private:
             place = placeOf(category.category.pKey, node);
             noteDocument(category.document);
         }
-        const bool isValue = bound.pField != nullptr && bound.open == 0 && bound.pField->fields.empty() &&
-                             !document_[node].isContainer();
-        if (isValue) {
+        if (document_[node].isContainer()) {
+            noteReplaced(node, bound, category);
+        } else if (bound.pField != nullptr && bound.open == 0 && bound.pField->fields.empty()) {
             ++layer_.categories[place].values;
             ++layer_.values;
         }
-        noteReplaced(node, bound, category);
     }
 
     /// Several parts of a document may set the same category, or classes of one.
