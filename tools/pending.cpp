@@ -31,9 +31,5 @@ ExitStatus fields(const Options& options)
 {
     return notYet(options);
 }
-ExitStatus merge(const Options& options)
-{
-    return notYet(options);
-}
 
 } // namespace qv::tools
