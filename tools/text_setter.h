@@ -49,6 +49,7 @@ private:
     bool addCategory(const Target& target, std::string& error);
     bool addObject(const Reach& reach, JsonEditor& editor, std::string& error);
     void noteDoubled(const Target& target, NodeIndex node);
+    void noteClass(const Reach& reach);
     void addInitialization(const Reach& reach, NodeIndex section);
     std::vector<std::string> rootOrder() const;
     const std::byte* recordOf(const Reach& reach) const;
