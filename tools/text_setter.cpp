@@ -71,6 +71,12 @@ bool isHeldByInitialization(std::string_view text, const Field& field, const std
     return text == writtenInitialization(field, pBytes);
 }
 
+/// The first word, which is all that a load looks at.
+std::string_view numberIn(std::string_view text)
+{
+    return text.substr(0, text.find_first_of(" \t"));
+}
+
 std::vector<std::string> keysOf(const std::vector<FieldNode>& fields)
 {
     std::vector<std::string> keys;
@@ -123,13 +129,24 @@ const std::byte* TextSetter::recordOf(const Reach& reach) const
     return static_cast<const std::byte*>(wanted_.record(reach.category.pKey));
 }
 
+/// Whether it is a number of an `.ini` text without quotes.
+bool TextSetter::isNumber(const Reach& reach) const
+{
+    const QvDatabaseCatalogElement_t written = reach.route.pLeaf->field.written;
+    return form_ == Form::Ini && text_[document_[reach.node].value.begin] != '"' &&
+           (written == QvDatabaseCatalogElement_Integer || written == QvDatabaseCatalogElement_Float);
+}
+
 bool TextSetter::isHeld(const Reach& reach) const
 {
     const std::byte* pBytes = reach.route.bytes(recordOf(reach));
     const Field& field = reach.route.pLeaf->field;
-    return form_ == Form::Ini ? document_[reach.node].type == QvJsonValueType_String &&
-                                    isHeldByInitialization(document_.string(reach.node), field, pBytes)
-                              : isHeldByJson(document_, reach.node, field, pBytes);
+    if (form_ != Form::Ini) {
+        return isHeldByJson(document_, reach.node, field, pBytes);
+    }
+    const std::string_view text = document_.string(reach.node);
+    return document_[reach.node].type == QvJsonValueType_String &&
+           isHeldByInitialization(isNumber(reach) ? numberIn(text) : text, field, pBytes);
 }
 
 std::string TextSetter::elementText(const Reach& reach) const
@@ -198,11 +215,13 @@ bool TextSetter::put(const Change& change, std::string& error)
         }
         noteDoubled(target, reach.node);
         const Span value = document_[reach.node].value;
-        // A key of an .ini text may have no value behind its sign, and no sign.
+        // A key of an .ini text may have no value behind its sign, and no sign. What stands behind a number there is
+        // part of the value and of no effect, such as a remark.
         const bool isBare = form_ == Form::Ini && document_[reach.node].type == QvJsonValueType_Null;
         const std::size_t blank = value.isEmpty() && !isBare && text_[value.begin] == ' ' ? 1 : 0;
+        const std::size_t end = isNumber(reach) ? value.begin + numberIn(document_.slice(value)).size() : value.end;
         replaced_.insert(reach.node);
-        edits_.replace(value.begin + blank, value.end + blank, (isBare ? " = " : "") + elementText(reach));
+        edits_.replace(value.begin + blank, end + blank, (isBare ? " = " : "") + elementText(reach));
         return true;
     }
     finish();

@@ -42,6 +42,7 @@ public:
 private:
     void reload();
     void finish();
+    bool isNumber(const Reach& reach) const;
     bool isHeld(const Reach& reach) const;
     std::string elementText(const Reach& reach) const;
     bool add(const Target& target, const Reach& reach, std::string& error);
