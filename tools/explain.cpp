@@ -96,11 +96,11 @@ void Explanation::noteReplaced(const Target& target, const Lengths& before)
         const auto known = before.find(target.path);
         if (isCounted(target) && known != before.end() && known->second != 0 && known->second != used) {
             const Layer& layer = *layers_.back();
-            replaced_.push_back(
-                {target.path, layer.place(target), layer.jsonPlace(target),
-                 counted(used, "item") + " instead of " + std::to_string(known->second) +
-                     (layer.count(target) == 0 ? ", since it has none" : ""),
-                 "\"before\": " + std::to_string(known->second) + ", \"after\": " + std::to_string(used)});
+            replaced_.push_back({target.path, layer.place(target), layer.jsonPlace(target),
+                                 counted(used, "item") + " instead of " + std::to_string(known->second) +
+                                     (layer.count(target) == 0 ? ", since it has none" : ""),
+                                 "\"before\": " + std::to_string(known->second) +
+                                     ", \"after\": " + std::to_string(used) + ", \"lost\": null"});
         }
         for (std::size_t i = 0; i < used; ++i) {
             noteReplaced(PathTree::item(target, i), before);
@@ -128,13 +128,12 @@ void Explanation::noteCalibration(const PathCategory& category)
             continue;
         }
         const std::size_t lost = before.missingIn(last, category);
-        replaced_.push_back(
-            {"calibration", last.place(whole), last.jsonPlace(whole),
-             "replaces that of " + before.input().shown() + " as a whole" +
-                 (lost == 0 ? ""
-                            : "; " + counted(lost, "value") + " that only that one sets " + (lost == 1 ? "is" : "are") +
-                                  " lost"),
-             "\"replaces\": " + jsonText(before.input().shown()) + ", \"lost\": " + std::to_string(lost)});
+        replaced_.push_back({"calibration", last.place(whole), last.jsonPlace(whole),
+                             "replaces that of " + before.input().shown() + " as a whole" +
+                                 (lost == 0 ? ""
+                                            : "; " + counted(lost, "value") + " that only that one sets " +
+                                                  (lost == 1 ? "is" : "are") + " lost"),
+                             "\"before\": null, \"after\": null, \"lost\": " + std::to_string(lost)});
         return;
     }
 }
@@ -234,6 +233,7 @@ void Explanation::report(const Target& target, const std::vector<std::size_t>& s
     }
     const std::size_t winner = setters.back();
     std::vector<std::size_t> different;
+    different.reserve(setters.size());
     for (const std::size_t setter : setters) {
         different.push_back(differentFrom(target, setter, winner));
     }
@@ -276,10 +276,8 @@ void Explanation::reportJson(const Target& target, const std::vector<std::size_t
                 jsonText(layers_[setters.back()]->input().shown()).c_str());
     const char* pSeparator = "";
     for (const std::size_t setter : setters) {
-        const std::size_t number = layers_[setter]->count(target);
-        const std::string part = number == target.elements() ? "" : "\"set\": " + std::to_string(number) + ", ";
-        std::printf("%s{%s, %s\"value\": %s}", pSeparator, layers_[setter]->jsonPlace(target).c_str(), part.c_str(),
-                    valueOf(target, layers_[setter]->session()).c_str());
+        std::printf("%s{%s, \"set\": %zu, \"value\": %s}", pSeparator, layers_[setter]->jsonPlace(target).c_str(),
+                    layers_[setter]->count(target), valueOf(target, layers_[setter]->session()).c_str());
         pSeparator = ", ";
     }
     std::printf("]}");

@@ -217,6 +217,7 @@ void JsonEditor::addItems(NodeIndex list, const std::vector<Value>& values)
         indent = isFirstOnLine(span.end - 1) ? indentAt(span.end - 1) : indent;
     }
     std::vector<std::string> texts;
+    texts.reserve(values.size());
     for (const Value& value : values) {
         texts.push_back(value(isLong ? layout_ : inline_, isOwnLine ? indentAt(document_[last].value.begin) : indent));
     }

@@ -155,7 +155,7 @@ std::size_t Layer::imageOffset(const Target& target) const
 
 std::string Layer::place(const Target& target) const
 {
-    const std::string name = input_.shown();
+    std::string name = input_.shown();
     if (input_.form == Form::Image) {
         return name + ", offset " + std::to_string(imageOffset(target));
     }
@@ -169,16 +169,17 @@ std::string Layer::place(const Target& target) const
 
 std::string Layer::jsonPlace(const Target& target) const
 {
-    const std::string file = "\"file\": " + jsonText(input_.shown());
-    if (input_.form == Form::Image) {
-        return file + ", \"offset\": " + std::to_string(imageOffset(target));
-    }
     const NodeIndex node = pFields_ == nullptr ? kNoNode : nodeOf(target);
-    if (node == kNoNode) {
-        return file;
+    std::string line = "null";
+    std::string column = "null";
+    if (node != kNoNode) {
+        const TextPlace place = document_.place(document_[node].value.begin);
+        line = std::to_string(place.line);
+        column = std::to_string(place.column);
     }
-    const TextPlace place = document_.place(document_[node].value.begin);
-    return file + ", \"line\": " + std::to_string(place.line) + ", \"column\": " + std::to_string(place.column);
+    const std::string offset = input_.form == Form::Image ? std::to_string(imageOffset(target)) : "null";
+    return "\"file\": " + jsonText(input_.shown()) + ", \"line\": " + line + ", \"column\": " + column +
+           ", \"offset\": " + offset;
 }
 
 } // namespace qv::tools

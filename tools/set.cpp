@@ -189,9 +189,9 @@ private:
             std::printf("%s\n    {\"path\": %s, \"old\": %s, \"new\": %s, ", i == 0 ? "" : ",",
                         jsonText(target.path).c_str(), changes[i].before.c_str(), valueOf(target, wanted_).c_str());
             if (input_.form == Form::Image) {
-                std::printf("\"offset\": %zu}", target.pCategory->category.imageOffset + target.offset);
+                std::printf("\"line\": null, \"offset\": %zu}", target.pCategory->category.imageOffset + target.offset);
             } else {
-                std::printf("\"line\": %zu}", places_[i]);
+                std::printf("\"line\": %zu, \"offset\": null}", places_[i]);
             }
         }
         std::printf("\n  ]\n}\n");

@@ -80,6 +80,7 @@ std::string_view numberIn(std::string_view text)
 std::vector<std::string> keysOf(const std::vector<FieldNode>& fields)
 {
     std::vector<std::string> keys;
+    keys.reserve(fields.size());
     for (const FieldNode& node : fields) {
         keys.emplace_back(node.field.pKey);
     }

@@ -409,8 +409,10 @@ def explain():
             layer["set"] for layer in fields["2DNR_5_2.lumaCurveX"]["layers"]] != [3, 2]:
         fail(f"merge tells {fields}")
     if told["replaced"] != [
-        {"path": "AGE.tables", "file": "mid.json", "before": 2, "after": 0},
-        {"path": "calibration", "file": "last.json", "line": 1, "column": 24, "replaces": "base.json", "lost": 1},
+        {"path": "AGE.tables", "file": "mid.json", "line": None, "column": None, "offset": None,
+         "before": 2, "after": 0, "lost": None},
+        {"path": "calibration", "file": "last.json", "line": 1, "column": 24, "offset": None,
+         "before": None, "after": None, "lost": 1},
     ]:
         fail(f"merge tells {told['replaced']}")
     for path, field in fields.items():  # who wins is who is found in the end
