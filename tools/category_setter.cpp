@@ -99,7 +99,6 @@ void TextSetter::noteClass(const Reach& reach)
 /// Adds the object of a category, and what is missing around it.
 bool TextSetter::addObject(const Reach& reach, JsonEditor& editor, std::string& error)
 {
-    const std::vector<FieldNode>& fields = fields_.of(reach.document, reach.category);
     const RouteText text(reach.route, recordOf(reach));
     const std::string_view place = reach.category.pPlace;
     const bool isClass = reach.category.pClass != nullptr;
@@ -121,8 +120,7 @@ bool TextSetter::addObject(const Reach& reach, JsonEditor& editor, std::string& 
         noteClass(reach);
     }
     const auto object = [&](const Layout& layout, const std::string& indent) {
-        return isClass ? text.classObject(fields, reach.category, layout, indent)
-                       : text.object(0, fields, layout, indent);
+        return isClass ? text.classObject(reach.category, layout, indent) : text.object(0, layout, indent);
     };
     if (star == 1 && document_[node].type == QvJsonValueType_Array) {
         editor.addItems(node, {object});

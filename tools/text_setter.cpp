@@ -252,7 +252,7 @@ bool TextSetter::add(const Target& target, const Reach& reach, std::string& erro
         }
     } else if (document_[reach.node].type != QvJsonValueType_Object) {
         editor.replace(reach.node, [&](const Layout& layout, const std::string& indent) {
-            return text.object(reach.step, fields, layout, indent);
+            return text.object(reach.step, layout, indent);
         });
     } else {
         const bool isRoot = reach.step == 0 && reach.node == 0;
