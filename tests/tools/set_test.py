@@ -223,6 +223,9 @@ def change_image():
         max(len(change["old"]), len(change["new"])) + 1 if isinstance(change["new"], str) else 8)}
     if len(changes) != len(values) or not different or different - told:
         fail("image: bytes beside the values were changed")
+    status, _, error = run("set", "b.bin", 'A2DNR_5_2.tables=[{"sigma": 3}]')
+    if status != 0 or len(get("b.bin", ["A2DNR_5_2.tables"])["A2DNR_5_2.tables"]) != 1:
+        fail(f"image: a schedule of another length: {error}")
 
 
 def change_ini():
@@ -313,6 +316,10 @@ def change_cases():
         status, _, error = run("set", name, *settings)
         if status != 0 or read(name) != after:
             fail(f"{what}: {error}{read(name)}\n  instead of\n{after}")
+        for word, note in (("doubled", "AE_3.setPoint: setPoint stands there 2 times"),
+                           ("short", "lumaCurveX[3]: the list ended before item 3; items from 2 on")):
+            if (word in what) != (note in error):
+                fail(f"{what}: it said {error}")
 
 
 # What can't be set, and a word of the one line that says why.
@@ -355,8 +362,10 @@ def refuse():
     write("bare.json", '{"sensor": {"CC": [{"name": "a"}]}}')
     for name, setting, word in (("bare.json", "header.creator=x", '"header"'),
                                 ("b.bin", "AGE.enable=true", "an image doesn't carry it"),
-                                ("a.ini", "AE_3.setPoint=1", "an .ini file")):
-        status, _, error = run("set", name, setting)
+                                ("a.ini", "AE_3.setPoint=1", "an .ini file"),
+                                ("bare.json", "-ob.bin", "convert changes it"),
+                                (f"{samples}/imx477_calibration.txt", "CCM_1_1.enable=1", "calibration text")):
+        status, _, error = run("set", name, setting, "AE_3.setPoint=1")
         if status != 1 or word not in error:
             fail(f"{name}: {setting}: {status} {error}")
     # A stream stays one, and a file that holds the values already isn't written.
@@ -376,7 +385,8 @@ def explain():
                      '"AGE": {"tables": [{"hdr": true}, {"hdr": false}]}, "2DNR_5_2": {"lumaCurveX": [1, 2, 3]}}}',
         "mid.json": '{"tuning": {"AE_3": {"setPoint": 1,\n  "tolerance": 3}, "2DNR_5_2": {"lumaCurveX": [1, 5]},\n'
                     '  "AGE": {"enable": true}}}',
-        "last.json": '{"header": {"creator": "c"}, "root": [{"classname": "AdaptiveAe", "setPoint": 7},\n'
+        "last.json": '{"header": {"creator": "c"}, "root": [{"classname": "AdaptiveAe", "setPoint": 6},\n'
+                     ' {"classname": "AdaptiveAe", "setPoint": 7},\n'
                      ' {"nr_reloc": true}]}',
         "last.ini": "[TM]\nhttp.portControl = 5\n[TM]\nhttp.portControl = 6\n",
     }
@@ -384,8 +394,8 @@ def explain():
         write(name, text)
 
     def place(name, key):
-        """Line and column of the value behind a key."""
-        at = texts[name].index(f'"{key}": ') + len(key) + 4
+        """Line and column of the value behind a key, the last of its name."""
+        at = texts[name].rindex(f'"{key}": ') + len(key) + 4
         return name, texts[name].count("\n", 0, at) + 1, at - texts[name].rfind("\n", 0, at)
 
     run("convert", "base.json", "image.bin")
