@@ -96,11 +96,12 @@ void Explanation::noteReplaced(const Target& target, const Lengths& before)
         const auto known = before.find(target.path);
         if (isCounted(target) && known != before.end() && known->second != 0 && known->second != used) {
             const Layer& layer = *layers_.back();
-            replaced_.push_back({target.path, layer.place(target), layer.jsonPlace(target),
-                                 counted(used, "item") + " instead of " + std::to_string(known->second) +
-                                     (layer.count(target) == 0 ? ", since it has none" : ""),
-                                 "\"before\": " + std::to_string(known->second) +
-                                     ", \"after\": " + std::to_string(used) + ", \"lost\": null"});
+            replaced_.push_back(
+                {target.path, layer.place(target), layer.jsonPlace(target),
+                 counted(used, "item") + " instead of " + std::to_string(known->second) +
+                     (layer.count(target) == 0 && layer.nodeOf(target) == kNoNode ? ", since it has none" : ""),
+                 "\"before\": " + std::to_string(known->second) + ", \"after\": " + std::to_string(used) +
+                     ", \"lost\": null"});
         }
         for (std::size_t i = 0; i < used; ++i) {
             noteReplaced(PathTree::item(target, i), before);
@@ -262,7 +263,7 @@ void Explanation::report(const Target& target, const std::vector<std::size_t>& s
             remark = "  " + std::to_string(different[i]) + (different[i] == 1 ? " differs" : " differ");
         }
         if (layers_[setters[i]]->count(target) > layers_[winner]->count(target) && !isCleared(target, winner)) {
-            remark += ", and stays where " + layers_[winner]->input().shown() + " sets nothing";
+            remark += "; what " + layers_[winner]->input().shown() + " doesn't set stays";
         }
         std::printf("    %-*s  %s%s\n", static_cast<int>(column), layers_[setters[i]]->place(target).c_str(),
                     shownValue(target, setters[i]).c_str(), remark.c_str());

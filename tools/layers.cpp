@@ -127,6 +127,12 @@ std::size_t Layer::missingIn(const Layer& other, const PathCategory& category) c
 
 NodeIndex Layer::nodeOf(const Target& target) const
 {
+    if (pFields_ == nullptr) {
+        return kNoNode;
+    }
+    if (target.rank > 0 && target.pNode->isRecord()) {
+        return pFields_->find(target); // also one with nothing in it
+    }
     const auto [first, last] = within(target);
     if (first == last) {
         return kNoNode;
@@ -159,7 +165,7 @@ std::string Layer::place(const Target& target) const
     if (input_.form == Form::Image) {
         return name + ", offset " + std::to_string(imageOffset(target));
     }
-    const NodeIndex node = pFields_ == nullptr ? kNoNode : nodeOf(target);
+    const NodeIndex node = nodeOf(target);
     if (node == kNoNode) {
         return name;
     }
@@ -169,7 +175,7 @@ std::string Layer::place(const Target& target) const
 
 std::string Layer::jsonPlace(const Target& target) const
 {
-    const NodeIndex node = pFields_ == nullptr ? kNoNode : nodeOf(target);
+    const NodeIndex node = nodeOf(target);
     std::string line = "null";
     std::string column = "null";
     if (node != kNoNode) {

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""set_test.py QVDB SAMPLES: changes files by `qvdb set` and looks at every byte of what comes out.
+"""set_test.py QVDB SAMPLES NUMBER: changes files by `qvdb set` and looks at every byte of what comes out.
 
-Paths and values are drawn at random with a fixed seed, hundreds in one call. What must come out is worked out from the
+Paths and values are drawn at random with a fixed seed, so many in one call. What must come out is worked out from the
 document alone: the same tokens but for those that were set, the same lines, the same bytes.
 """
 
@@ -13,7 +13,7 @@ import subprocess
 import sys
 import tempfile
 
-qvdb, samples = sys.argv[1:3]
+qvdb, samples, number_of_values = sys.argv[1], sys.argv[2], int(sys.argv[3])
 random.seed(20)
 failures = 0
 
@@ -144,7 +144,7 @@ def change_documents():
         ("classes.json", loosened(simulator), classes, "--as", "simulator"),
     ):
         write(name, text)
-        values = {path: other(paths[path]) for path in random.sample(sorted(paths), 400)}
+        values = {path: other(paths[path]) for path in random.sample(sorted(paths), number_of_values)}
         if set_values(name, values, *options):
             check_values(name, values, *options)
             check_tokens(name, text, read(name), len(values))
@@ -174,7 +174,7 @@ def bring_back():
     sample = read(f"{samples}/imx477.json")
     lines = sample.split("\n")
     members = list(members_of(lines))
-    chosen = [member for member in random.sample(members, 400)
+    chosen = [member for member in random.sample(members, number_of_values)
               if not member[3] and not re.match(r"(.*aeInfo|version\.exportDate|header\.creation)", member[1])
               and member[2] not in ("null", "[]")][:120]
     values = {}
@@ -210,7 +210,7 @@ def change_image():
     document = json.loads(read(f"{samples}/imx477.json"))
     inside = {path: value for path, value in leaves(document["tuning"], "")
               if not re.search(r"aeInfo|^(AGE|DUMP)\.", path)}
-    values = {path: other(inside[path]) for path in random.sample(sorted(inside), 300)}
+    values = {path: other(inside[path]) for path in random.sample(sorted(inside), number_of_values)}
     status, out, error = run("set", "a.bin", "-o", "b.bin", "--json",
                              *(f"{path}={typed(value)}" for path, value in values.items()))
     if status != 0:
@@ -285,6 +285,10 @@ CASES = (
      ["IPT.paths[0].format=2", 'IPT.paths[2].rectangle={"width": 1}'],
      '{\n  "tuning": {\n    "IPT": {\n      "paths": [{\n          "format": 2\n        }, {}, {\n'
      '          "rectangle": {\n            "width": 1\n          }\n        }]\n    }\n  }\n}\n'),
+    ("objects on one line of several",
+     '{"tuning": {"IPT": {"paths": [{"enable": true}]}}\n}\n',
+     ["IPT.paths[0].rectangle.width=3", "IPT.paths[1].format=2"],
+     '{"tuning": {"IPT": {"paths": [{"enable": true, "rectangle": {"width": 3}}, {"format": 2}]}}\n}\n'),
     ("a schedule of another length",
      '{\n  "tuning": {\n    "AGE": {\n      "enable": true\n    }\n  }\n}\n',
      ['AGE.tables=[{"hdr": true, "threshold": 1}]', "AGE.tables[0].gains[0]=2"],
