@@ -24,13 +24,16 @@ std::vector<FieldNode> takeFields(QvDatabaseCatalogCursor_t& cursor, QvDatabaseC
 
 } // namespace
 
-std::vector<QvDatabaseCatalogCategory_t> categoriesOf(QvDatabaseCatalogDocument_t document)
+const std::vector<QvDatabaseCatalogCategory_t>& categoriesOf(QvDatabaseCatalogDocument_t document)
 {
-    std::vector<QvDatabaseCatalogCategory_t> categories;
-    QvDatabaseCatalogCategory_t category{};
-    category.size = sizeof category;
-    while (QvDatabaseCatalog_category(document, categories.size(), &category) == 0) {
-        categories.push_back(category);
+    static std::vector<QvDatabaseCatalogCategory_t> lists[QvDatabaseCatalogDocument_Sum];
+    std::vector<QvDatabaseCatalogCategory_t>& categories = lists[document];
+    if (categories.empty()) {
+        QvDatabaseCatalogCategory_t category{};
+        category.size = sizeof category;
+        while (QvDatabaseCatalog_category(document, categories.size(), &category) == 0) {
+            categories.push_back(category);
+        }
     }
     return categories;
 }
@@ -56,6 +59,11 @@ std::vector<QvDatabaseCatalogValue_t> valuesOf(const QvDatabaseCatalogField_t& f
         values.push_back(value);
     }
     return values;
+}
+
+std::size_t elementsOf(const QvDatabaseCatalogField_t& field)
+{
+    return field.count == QvDatabaseCatalogCount_Members ? 1 : field.extents[0] * field.extents[1] * field.extents[2];
 }
 
 bool isCarriedBy(const QvDatabaseCatalogCategory_t& category, QvDatabaseCatalogDocument_t document)

@@ -2,6 +2,7 @@
 
 // The catalog's categories and fields as lists and trees, for what looks at all of them.
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -15,12 +16,16 @@ struct FieldNode {
     std::vector<FieldNode> fields;
 };
 
-std::vector<QvDatabaseCatalogCategory_t> categoriesOf(QvDatabaseCatalogDocument_t document);
+/// The categories of a document, in its order. They are asked for once: the library works out each answer anew.
+const std::vector<QvDatabaseCatalogCategory_t>& categoriesOf(QvDatabaseCatalogDocument_t document);
 
 /// The fields of a category that the document carries, in its order; by key or, for one with a class, by class.
 std::vector<FieldNode> fieldsOf(QvDatabaseCatalogDocument_t document, const QvDatabaseCatalogCategory_t& category);
 
 std::vector<QvDatabaseCatalogValue_t> valuesOf(const QvDatabaseCatalogField_t& field);
+
+/// Elements of a field in the record; a record that stands as a list of its numbers is one.
+std::size_t elementsOf(const QvDatabaseCatalogField_t& field);
 
 /// Whether a document carries a category.
 bool isCarriedBy(const QvDatabaseCatalogCategory_t& category, QvDatabaseCatalogDocument_t document);

@@ -51,7 +51,7 @@ bool Explanation::add(Input&& input)
     if (!merged_.load(input)) {
         return false;
     }
-    layers_.push_back(std::make_unique<Layer>(tracing_, std::move(input)));
+    layers_.push_back(std::make_unique<MergedFile>(tracing_, std::move(input)));
     if (!layers_.back()->open(defaults_)) {
         return false;
     }
@@ -95,7 +95,7 @@ void Explanation::noteReplaced(const Target& target, const Lengths& before)
         const std::size_t used = usedItems(target, merged_.record(target.pCategory->category.pKey));
         const auto known = before.find(target.path);
         if (isCounted(target) && known != before.end() && known->second != 0 && known->second != used) {
-            const Layer& layer = *layers_.back();
+            const MergedFile& layer = *layers_.back();
             replaced_.push_back(
                 {target.path, layer.place(target), layer.jsonPlace(target),
                  counted(used, "item") + " instead of " + std::to_string(known->second) +
@@ -119,12 +119,12 @@ void Explanation::noteReplaced(const Target& target, const Lengths& before)
 void Explanation::noteCalibration(const PathCategory& category)
 {
     const Target whole = PathTree::whole(category);
-    const Layer& last = *layers_.back();
+    const MergedFile& last = *layers_.back();
     if (last.input().form == Form::CalibrationText || last.count(whole) == 0) {
         return;
     }
     for (std::size_t i = layers_.size() - 1; i-- > 0;) {
-        const Layer& before = *layers_[i];
+        const MergedFile& before = *layers_[i];
         if (before.input().form == Form::CalibrationText || before.count(whole) == 0) {
             continue;
         }
@@ -157,7 +157,7 @@ std::size_t Explanation::mostItems(const Target& list) const
     if (isCounted(list)) {
         return usedItems(list, merged_.record(list.pCategory->category.pKey));
     }
-    for (const std::unique_ptr<Layer>& pLayer : layers_) {
+    for (const std::unique_ptr<MergedFile>& pLayer : layers_) {
         most = std::max(most, usedItems(list, pLayer->session().record(list.pCategory->category.pKey)));
     }
     return most;
@@ -289,7 +289,7 @@ void Explanation::print(bool asJson)
     asJson_ = asJson;
     if (asJson) {
         std::printf("{\n  \"files\": [");
-        for (const std::unique_ptr<Layer>& pLayer : layers_) {
+        for (const std::unique_ptr<MergedFile>& pLayer : layers_) {
             std::printf("%s%s", pLayer == layers_.front() ? "" : ", ", jsonText(pLayer->input().shown()).c_str());
         }
         std::printf("],\n  \"fields\": [");

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "layers.h"
+#include "merged_file.h"
 #include "path_tree.h"
 #include "session.h"
 
@@ -58,7 +58,7 @@ private:
     Tracing& tracing_;
     Session defaults_;
     Session merged_; ///< all files over each other
-    std::vector<std::unique_ptr<Layer>> layers_;
+    std::vector<std::unique_ptr<MergedFile>> layers_;
     std::vector<Replaced> replaced_;
     bool asJson_ = false;
     std::size_t fields_ = 0;

@@ -29,10 +29,9 @@ const char* const kEnvironment = "NO_COLOR  where it is set and not empty, no co
 
 namespace {
 
-constexpr Option kVerbose{"-v,--verbose", nullptr,
-                          "shows what the library does, down to each member that a document lacks",
+constexpr Option kVerbose{"-v,--verbose", nullptr, "a line for each category that a file sets, with its place",
                           &Options::isVerbose};
-constexpr Option kQuiet{"-q,--quiet", nullptr, "says nothing of what was loaded, lost or replaced", &Options::isQuiet};
+constexpr Option kQuiet{"-q,--quiet", nullptr, "says nothing but what is refused", &Options::isQuiet};
 constexpr Option kForce{"-f,--force", nullptr, "writes over a file that was also read", &Options::isForced};
 constexpr Option kJson{"--json", nullptr, "prints the result as JSON", &Options::asJson};
 constexpr Option kOutput{"-o,--output", "OUT", "the file to write", &Options::output, nullptr, Names::File};
@@ -47,7 +46,8 @@ constexpr Option kNames{"--as", "NAMES", "whose names paths have: tuning (the de
                         "tuning|simulator"};
 constexpr Option kStrict{"--strict", nullptr, "warnings count as errors do", &Options::isStrict};
 constexpr Option kMissing{"--missing", nullptr, "lists the members that a document lacks", &Options::showsMissing};
-constexpr Option kDisable{"--disable", "ID", "leaves out findings of that kind; may be said again", &Options::disabled};
+constexpr Option kDisable{"--disable",        "ID",    "leaves out findings of that kind; may be said again",
+                          &Options::disabled, nullptr, Names::Finding};
 constexpr Option kTolerance{"--tolerance", "T", "numbers that differ by no more than T are equal", &Options::tolerance};
 constexpr Option kExact{"--exact", nullptr, "compares every bit, also what no text document carries",
                         &Options::isExact};
@@ -60,7 +60,8 @@ constexpr Option kExplain{"--explain", nullptr,
                           "shows each field that more than one file sets: value and place in each, "
                           "and which wins",
                           &Options::explains};
-constexpr Option kOffset{"--at", "OFFSET", "the field that stands at this byte of the image", &Options::offset};
+constexpr Option kOffset{"--at", "OFFSET", "the field that stands at this byte of the image; decimal or 0x",
+                         &Options::offset};
 constexpr Option kGain{"--gain", "G", "the gain", &Options::gain};
 constexpr Option kInterpolation{"--interpolate", "HOW", "also a value between the rows: linear or nearest",
                                 &Options::interpolation, "linear|nearest"};
@@ -70,6 +71,7 @@ constexpr Option kKey{"--key", "PATH=KEY",
 
 constexpr const Option* kAtOptions[] = {&kGain, &kInterpolation, &kNames, &kFrom, &kJson};
 constexpr const Option* kCheckOptions[] = {&kStrict, &kMissing, &kDisable, &kNames, &kFrom, &kJson};
+constexpr const Option* kCompleteOptions[] = {&kNames};
 constexpr const Option* kConvertOptions[] = {&kOutput, &kForce, &kFrom, &kTo, &kProtocol, &kKey, &kQuiet, &kVerbose};
 constexpr const Option* kCoverageOptions[] = {&kNames, &kFrom, &kJson};
 constexpr const Option* kDiffOptions[] = {&kAll,        &kTolerance, &kExact, &kCategory,
@@ -77,10 +79,10 @@ constexpr const Option* kDiffOptions[] = {&kAll,        &kTolerance, &kExact, &k
 constexpr const Option* kDumpOptions[] = {&kOffset, &kJson};
 constexpr const Option* kFieldsOptions[] = {&kNames, &kJson};
 constexpr const Option* kGetOptions[] = {&kNames, &kFrom, &kJson};
-constexpr const Option* kInfoOptions[] = {&kFrom, &kJson, &kVerbose};
+constexpr const Option* kInfoOptions[] = {&kFrom, &kJson};
 constexpr const Option* kMergeOptions[] = {&kOutput,   &kExplain, &kForce, &kFrom, &kTo,
                                            &kProtocol, &kNames,   &kJson,  &kQuiet};
-constexpr const Option* kMetaOptions[] = {&kProtocol, &kVerbose};
+constexpr const Option* kMetaOptions[] = {&kForce, &kProtocol, &kQuiet};
 constexpr const Option* kSetOptions[] = {&kOutput, &kFrom, &kNames, &kJson};
 
 constexpr Example kAtExamples[] = {
@@ -102,6 +104,7 @@ constexpr Example kCoverageExamples[] = {{"qvdb coverage imx477.json", "what the
 constexpr Example kDiffExamples[] = {
     {"qvdb diff day.json night.json", "field by field"},
     {"qvdb diff tuned.json flashed.bin --stat", "across forms, one line a category"},
+    {"qvdb diff a.bin b.bin --exact", "every bit, as cmp does, with the fields that they belong to"},
 };
 constexpr Example kDumpExamples[] = {
     {"qvdb dump imx477.bin AE_3", "the record's bytes, field by field"},
@@ -114,6 +117,7 @@ constexpr Example kFieldsExamples[] = {
 constexpr Example kGetExamples[] = {
     {"qvdb get imx477.json AE_3.setPoint", "the value alone"},
     {"qvdb get imx477.bin 'A2DNR_5_2.tables[*].hdr' --json", "paths and values"},
+    {"qvdb get imx477.bin", "all settings, whatever the form of the file"},
 };
 constexpr Example kInfoExamples[] = {{"qvdb info imx477.json", "what a file is and what it sets"}};
 constexpr Example kMergeExamples[] = {
@@ -131,10 +135,11 @@ constexpr Command kCommands[] = {
     {"at",
      {"FILE PATH", 2, 2, Names::File, Names::Path},
      "shows the rows of the schedules at a gain",
-     "Shows the neighbouring gain points and their values for each list that runs along a gain axis, in every schedule "
-     "that the path names.\n\n"
+     "Shows, for each list that runs along a gain axis in the schedules that the path names, the rows at the gain "
+     "points on either side. PATH is a category, a schedule or a list. Beyond the ends it is the first or last row; an "
+     "axis counts as far as it rises.\n\n"
      "How values between two gain points come about is decided by the layers above this library, not by it: what "
-     "--interpolate shows is a reader's aid.",
+     "--interpolate shows is a reader's aid. Numbers that are names or bits are those of the nearer row, always.",
      kAtOptions,
      kAtExamples,
      kPlainExit,
@@ -154,9 +159,12 @@ constexpr Command kCommands[] = {
     {"convert",
      {"IN... [OUT]", 1, kAnyNumber},
      "loads files over each other and saves them as one",
-     "Loads the files in order and saves the whole set as OUT. Two names without -o are IN and OUT; with more, -o must "
-     "say where to. The file is replaced at once or not at all.\n\n"
-     "Says what each file set, what a later one replaced as a whole, and what the form of OUT does not carry.\n\n"
+     "Loads the files in order, each over those before it, and saves the whole set as OUT. Two names without -o are IN "
+     "and OUT; with more, -o must say where to. The file is replaced at once or not at all.\n\n"
+     "Says what each file sets, what of the files before it is replaced as a whole, and, one line a category, what the "
+     "form of OUT does not carry of all that differs from the defaults. Warns of a file that sets nothing, of bytes "
+     "that "
+     "may be no image, and of a version that isn't the library's.\n\n"
      "A name that ends in .txt is a plain calibration text: its lists ctm and successional_color_offset are laid over "
      "CCM_1_1, its lists LSC_SECT_SIZE_X, LSC_SECT_SIZE_Y and LSC_SAMPLES_* over LSC_4, or each list that --key names "
      "over its path.",
@@ -176,8 +184,13 @@ constexpr Command kCommands[] = {
     {"diff",
      {"A B", 2, 2},
      "compares two sets field by field, across all forms",
-     "Prints one line for each field that differs: PATH  old -> new. Long lists are summed up. What a JSON text can't "
-     "tell apart, more than six digits behind the point, counts as equal unless --exact is given.",
+     "Prints one line for each field that differs: PATH  old -> new. Lists of which more than four elements differ are "
+     "summed up, and lists are compared as far as both are in use. A line whose field the form of one side doesn't "
+     "carry says so.\n\n"
+     "What a JSON text can't tell apart, more than six digits behind the point, counts as equal. When and by which "
+     "version a text was saved, class names, and what no text carries are no settings and left out. --exact compares "
+     "every bit of all of it, also rows that are not in use, and padding.\n\n"
+     "/dev/null stands for a set at its defaults.",
      kDiffOptions,
      kDiffExamples,
      "0 same, 1 different, 2 trouble",
@@ -185,7 +198,10 @@ constexpr Command kCommands[] = {
     {"dump",
      {"IMAGE [PATH]", 1, 2, Names::File, Names::Path},
      "shows the bytes of an image with their fields",
-     "Prints offset, bytes, path and value of each field of a binary image, or which field stands at an offset.",
+     "Prints offset, bytes, path and value of each field of a binary image, padding between them, and rows that are "
+     "not "
+     "in use; or which field stands at an offset. The bytes are shown as they are in the file, whatever a load would "
+     "make of them, also those of an image that is too short and of the raw image of a calibration.",
      kDumpOptions,
      kDumpExamples,
      kPlainExit,
@@ -193,16 +209,19 @@ constexpr Command kCommands[] = {
     {"fields",
      {"[PATH]", 0, 1, Names::Path, Names::Path},
      "the catalog of all fields",
-     "Prints path, type, extents, range and meaning of fields, and where each form holds them.",
+     "Without a path it lists the categories with their meanings; of a category or a record all fields, one a line; of "
+     "a field everything that is known: type, range, unit, named values, what it is there for, and where each form "
+     "holds "
+     "it. Indices may be left out.",
      kFieldsOptions,
      kFieldsExamples,
      kPlainExit,
      &fields},
     {"get",
-     {"FILE PATH...", 2, kAnyNumber, Names::File, Names::Path},
+     {"FILE [PATH...]", 1, kAnyNumber, Names::File, Names::Path},
      "prints values",
      "Prints the values that the paths name, one a line in the order of the paths; with --json an object of path and "
-     "value.",
+     "value. Without a path it prints all settings, PATH = VALUE one a line, as a text that git can compare.",
      kGetOptions,
      kGetExamples,
      kPlainExit,
@@ -210,8 +229,10 @@ constexpr Command kCommands[] = {
     {"info",
      {"[FILE...]", 0, kAnyNumber},
      "shows what files are and what they set",
-     "Loads the files and shows form, version, date, sensor and creator, the calibration's summary, and for each "
-     "category what the files set of it and whether it came to differ from the defaults.",
+     "Loads the files over each other. Shows form, parts, version and date of each and how much it sets, then sensor "
+     "and calibration of all together, and for each category how many values the files set (each file's are counted; "
+     "whole: an image or a calibration text set it) and whether it came to differ from the defaults. Without a file: "
+     "the defaults.",
      kInfoOptions,
      kInfoExamples,
      kPlainExit,
@@ -230,13 +251,15 @@ constexpr Command kCommands[] = {
     {"meta",
      {"IN OUT", 2, 2},
      "converts frame metadata between its two JSON forms",
-     "Reads either form and writes the one that --protocol says.",
+     "Reads either form, which the content tells, and writes the one that --protocol says. Both files are JSON, "
+     "whatever "
+     "their names; - is standard input or output.",
      kMetaOptions,
      kMetaExamples,
      kPlainExit,
      &meta},
     {"schema",
-     {"[FORM]", 0, 1, Names::Form, Names::Form},
+     {"[FORM]", 0, 1, Names::Form, Names::Form, "tuning|simulator|calibration|meta"},
      "prints a JSON Schema, by which editors check a document",
      "FORM is tuning, simulator, calibration or meta; without one the schema is that of any text document.",
      {},
@@ -262,7 +285,19 @@ constexpr Command kCommands[] = {
      &set},
 };
 
-constexpr std::size_t kWidth = 100;
+/// Only completions call it, so that no list of paths stands in them.
+constexpr Command kCompletePath = {
+    "complete-path",
+    {"path|setting|category|finding BEGIN", 2, 2, Names::Nothing, Names::Nothing},
+    "prints how a path may go on",
+    "For completions.",
+    kCompleteOptions,
+    {},
+    kPlainExit,
+    &completePath,
+};
+
+constexpr std::size_t kWidth = 80;
 constexpr std::size_t kIndent = 2;
 
 /// Appends a text, broken into lines at blanks; lines that begin with a blank stay as they are.
@@ -274,6 +309,9 @@ void appendWrapped(std::string& text, std::string_view words, std::size_t indent
         words.remove_prefix(std::min(end + 1, words.size()));
         while (line.size() + indent > kWidth && !line.starts_with(' ')) {
             const std::size_t cut = line.rfind(' ', kWidth - indent);
+            if (cut == std::string_view::npos) {
+                break; // one long word
+            }
             text.append(line.substr(0, cut)) += '\n';
             text.append(indent, ' ');
             line.remove_prefix(cut + 1);
@@ -321,12 +359,14 @@ const Command* findCommand(const std::string& name)
             return &command;
         }
     }
-    return nullptr;
+    return name == kCompletePath.pName ? &kCompletePath : nullptr;
 }
 
 std::string programHelp()
 {
-    std::string text = std::string("qvdb ") + kProgramSummary + ".\n\nusage: qvdb COMMAND [OPTIONS] WORDS...\n\n";
+    std::string text;
+    appendWrapped(text, std::string("qvdb ") + kProgramSummary + '.', 0);
+    text += "\nusage: qvdb COMMAND [OPTIONS] WORDS...\n\n";
     for (const Command& command : kCommands) {
         appendRow(text, command.pName, command.pSummary, 12);
     }

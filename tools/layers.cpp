@@ -1,191 +1,253 @@
 #include "layers.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
+#include <string_view>
 
+#include <qv_database_c/database_calibration.h>
+#include <qv_database_c/database_misc.h>
+
+#include "catalog_tree.h"
+#include "check_image.h"
+#include "document_fields.h"
+#include "findings.h"
 #include "output.h"
-#include "reload.h"
+#include "path_tree.h"
 
 namespace qv::tools {
 namespace {
 
-std::size_t lengthOf(const Target& target)
+std::string plural(std::size_t number, const char* pOne, const char* pMany)
 {
-    return target.pNode == nullptr ? target.pCategory->category.recordSize
-                                   : target.pNode->field.width * target.elements();
+    return std::to_string(number) + ' ' + (number == 1 ? pOne : pMany);
+}
+
+bool hasCalibration(const Session& session)
+{
+    return static_cast<const QvDatabaseCalibration_t*>(session.record("CLB"))->isLoaded;
+}
+
+/// Goes through a bound document.
+class LayerReader {
+public:
+    LayerReader(const Document& document, const DocumentFields& fields, const Session& session, Layer& layer)
+        : document_(document), fields_(fields), session_(session), layer_(layer)
+    {
+    }
+
+    void read()
+    {
+        layer_.comments = document_.comments().size();
+        for (NodeIndex node = 0; node < document_.nodes().size(); ++node) {
+            const Bound& bound = fields_[node];
+            if (bound.fate == Fate::Unknown) {
+                layer_.unknown.push_back(fields_.path(node, tree_) + " (line " +
+                                         std::to_string(document_.place(document_[node].value.begin).line) + ')');
+            }
+            if (bound.hasCategory() && bound.isTaken()) {
+                readTaken(node, bound);
+            }
+        }
+        for (const auto& [node, bound] : fields_.seconds()) {
+            if (bound.isTaken()) {
+                readTaken(node, bound);
+            }
+        }
+        readVersion();
+    }
+
+private:
+    void readTaken(NodeIndex node, const Bound& bound)
+    {
+        const DocumentCategory& category = fields_.category(bound);
+        if (places_.empty()) {
+            places_.assign(fields_.categories().size(), SIZE_MAX);
+        }
+        std::size_t& place = places_[bound.category];
+        if (place == SIZE_MAX) {
+            place = placeOf(category.category.pKey, node);
+            noteDocument(category.document);
+        }
+        if (document_[node].isContainer()) {
+            noteReplaced(node, bound, category);
+        } else if (bound.pField != nullptr && bound.open == 0 && bound.pField->fields.empty()) {
+            ++layer_.categories[place].values;
+            ++layer_.values;
+        }
+    }
+
+    /// Several parts of a document may set the same category, or classes of one.
+    std::size_t placeOf(const char* pKey, NodeIndex node)
+    {
+        for (std::size_t i = 0; i < layer_.categories.size(); ++i) {
+            if (layer_.categories[i].key == pKey) {
+                return i;
+            }
+        }
+        layer_.categories.push_back({pKey, 0, document_.place(beginOf(node)).line});
+        return layer_.categories.size() - 1;
+    }
+
+    std::size_t beginOf(NodeIndex node) const
+    {
+        const DocumentNode& value = document_[node];
+        return value.key.isEmpty() ? value.value.begin : value.key.begin;
+    }
+
+    void noteDocument(QvDatabaseCatalogDocument_t document)
+    {
+        const char* pName = QvDatabaseCatalog_document(document);
+        if (std::find(layer_.documents.begin(), layer_.documents.end(), pName) == layer_.documents.end()) {
+            layer_.documents.emplace_back(pName);
+        }
+    }
+
+    /// A list whose length goes into its counter takes the place of the one before, also where it is shorter.
+    void noteReplaced(NodeIndex node, const Bound& bound, const DocumentCategory& category)
+    {
+        if (category.document == QvDatabaseCatalogDocument_Calibration) {
+            if (!isCalibration_ && hasCalibration(session_)) {
+                layer_.replaced.emplace_back("the whole calibration");
+            }
+            isCalibration_ = true;
+            return;
+        }
+        if (bound.pField == nullptr || bound.open == 0 || bound.pField->field.depth != 0 ||
+            bound.pField->field.counterWidth == 0 || bound.open != bound.pField->field.rank ||
+            bound.pField->field.count == QvDatabaseCatalogCount_Counted) {
+            return;
+        }
+        std::size_t before = 0;
+        const QvDatabaseCatalogField_t& field = bound.pField->field;
+        std::memcpy(&before, static_cast<const char*>(session_.record(category.category.pKey)) + field.counterOffset,
+                    std::min(field.counterWidth, sizeof before));
+        if (before != 0) {
+            const std::size_t now = document_[node].count;
+            layer_.replaced.push_back(fields_.path(node, tree_) + " (" + plural(now, "item", "items") + " now, " +
+                                      std::to_string(before) + " before)");
+        }
+    }
+
+    void readVersion()
+    {
+        if (document_.nodes().empty()) {
+            return;
+        }
+        const NodeIndex version = document_.member(0, "version");
+        if (document_.form() == Form::Json && version != kNoNode) {
+            for (NodeIndex node = document_[version].first; node != kNoNode; node = document_[node].next) {
+                const Bound& bound = fields_[node];
+                const bool isDate = bound.fate == Fate::Written;
+                if (bound.pField != nullptr && bound.pField->field.element == QvDatabaseCatalogElement_Text) {
+                    (isDate ? layer_.date : layer_.version) = document_.string(node);
+                }
+            }
+        }
+    }
+
+    const Document& document_;
+    const DocumentFields& fields_;
+    const Session& session_;
+    Layer& layer_;
+    PathTree tree_;
+    std::vector<std::size_t> places_; ///< of the document's categories, in the layer
+    bool isCalibration_ = false;
+};
+
+/// Everything in an image is taken. What can't be in one that a save wrote speaks against it.
+void readImage(const Input& input, const Session& session, Layer& layer)
+{
+    const std::string_view bytes = input.bytes.view();
+    layer.documents.emplace_back(QvDatabaseCatalog_document(QvDatabaseCatalogDocument_Image));
+    for (const QvDatabaseCatalogCategory_t& category : categoriesOf(QvDatabaseCatalogDocument_Image)) {
+        layer.categories.push_back({category.pKey, 0, 0});
+        if (std::string_view(category.pKey) == "MISC" && bytes.size() >= category.imageOffset + category.recordSize) {
+            QvDatabaseMisc_t misc;
+            std::memcpy(&misc, bytes.data() + category.imageOffset, sizeof misc);
+            layer.version.assign(misc.versionNumber, strnlen(misc.versionNumber, sizeof misc.versionNumber));
+            layer.date.assign(misc.exportDate, strnlen(misc.exportDate, sizeof misc.exportDate));
+        }
+    }
+    if (hasCalibration(session)) {
+        layer.replaced.emplace_back("all that an image holds");
+    }
+    std::vector<bool> isDisabled(faultKinds().size(), true);
+    for (const Fault fault : {Fault::ImageSize, Fault::BoolByte}) {
+        isDisabled[static_cast<std::size_t>(fault)] = false;
+    }
+    Findings findings(isDisabled);
+    checkImage(bytes, PathTree(), findings);
+    const std::size_t faults = findings.count(Severity::Error) + findings.count(Severity::Warning);
+    if (faults != 0) {
+        layer.doubt = "may be no image: qvdb check tells " + plural(faults, "place", "places") +
+                      " that no save writes, in size or bools";
+    }
 }
 
 } // namespace
 
-bool Layer::open(const Session& defaults)
+Layer layerOf(const Input& input, const Session& session)
 {
-    pDefaults_ = &defaults;
-    if (!session_.open()) {
-        return false;
-    }
-    if (input_.form == Form::CalibrationText) {
-        return session_.load(input_);
-    }
-    // It was loaded before, over the others, and what was to say of it is said.
-    reload(input_.bytes.view(), input_.form, session_);
-    if (input_.form == Form::Image) {
-        return true;
-    }
-    if (!document_.read(input_.bytes.view(), input_.form)) {
-        return false;
-    }
-    pFields_ = std::make_unique<DocumentFields>(document_);
-    for (NodeIndex node = 0; node < document_.nodes().size(); ++node) {
-        hold(node, (*pFields_)[node]);
-    }
-    for (const auto& [node, bound] : pFields_->seconds()) {
-        hold(node, bound);
-    }
-    for (auto& [key, holdings] : holdings_) {
-        std::stable_sort(holdings.begin(), holdings.end());
-    }
-    return true;
-}
-
-void Layer::hold(NodeIndex node, const Bound& bound)
-{
-    if (bound.isTaken() && bound.hasCategory() && bound.pField != nullptr && !document_[node].isContainer()) {
-        const std::size_t heapOffset = bound.heapOffset == UINT32_MAX ? SIZE_MAX : bound.heapOffset;
-        holdings_[pFields_->key(bound)].push_back({heapOffset, bound.offset, node});
-    }
-}
-
-std::pair<Layer::Holdings::const_iterator, Layer::Holdings::const_iterator> Layer::within(const Target& target) const
-{
-    static const Holdings kNone;
-    const auto found = holdings_.find(std::string_view(target.pCategory->category.pKey));
-    const Holdings& holdings = found == holdings_.end() ? kNone : found->second;
-    if (target.pNode == nullptr) {
-        return {holdings.begin(), holdings.end()};
-    }
-    // A list on the heap goes on as far as the document does.
-    const bool isHeapList = target.pNode->field.count == QvDatabaseCatalogCount_Heap && target.rank == 1;
-    const std::size_t end = isHeapList ? SIZE_MAX : target.offset + lengthOf(target);
-    return {std::lower_bound(holdings.begin(), holdings.end(), Holding{target.heapOffset, target.offset, 0}),
-            std::lower_bound(holdings.begin(), holdings.end(), Holding{target.heapOffset, end, 0})};
-}
-
-bool Layer::isInImage(const Target& target) const
-{
-    return target.pCategory->category.imageOffset != SIZE_MAX && target.heapOffset == SIZE_MAX;
-}
-
-/// Elements that differ from the defaults, for a file whose places are not known.
-std::size_t Layer::countDifferent(const Target& target) const
-{
-    const char* pKey = target.pCategory->category.pKey;
-    if (target.pNode == nullptr) {
-        return std::memcmp(session_.record(pKey), pDefaults_->record(pKey), lengthOf(target)) != 0 ? 1 : 0;
-    }
-    const std::size_t width = target.pNode->field.width;
-    const std::byte* pOwn = bytesOf(target, static_cast<const void*>(session_.record(pKey)));
-    const std::byte* pDefault = bytesOf(target, static_cast<const void*>(pDefaults_->record(pKey)));
-    std::size_t different = 0;
-    for (std::size_t i = 0; i < target.elements() && pOwn != nullptr && pDefault != nullptr; ++i) {
-        different += std::memcmp(pOwn + i * width, pDefault + i * width, width) != 0 ? 1U : 0U;
-    }
-    return different;
-}
-
-std::size_t Layer::count(const Target& target) const
-{
-    if (input_.form == Form::Image) {
-        return isInImage(target) ? target.elements() : 0;
-    }
-    if (input_.form == Form::CalibrationText) {
-        return countDifferent(target);
-    }
-    const auto [first, last] = within(target);
-    std::size_t number = 0;
-    for (auto holding = first; holding != last; ++holding) {
-        const bool isAgain = holding != first && !(*(holding - 1) < *holding);
-        number += isAgain ? 0U : 1U;
-    }
-    return number;
-}
-
-std::size_t Layer::missingIn(const Layer& other, const PathCategory& category) const
-{
-    const Target whole = PathTree::whole(category);
-    if (other.input_.form == Form::Image) {
-        return isInImage(whole) ? 0 : count(whole);
-    }
-    const auto [first, last] = within(whole);
-    const auto [otherFirst, otherLast] = other.within(whole);
-    std::size_t number = 0;
-    for (auto holding = first; holding != last; ++holding) {
-        const bool isAgain = holding != first && !(*(holding - 1) < *holding);
-        number += isAgain || std::binary_search(otherFirst, otherLast, *holding) ? 0U : 1U;
-    }
-    return number;
-}
-
-NodeIndex Layer::nodeOf(const Target& target) const
-{
-    if (pFields_ == nullptr) {
-        return kNoNode;
-    }
-    if (target.rank > 0 && target.pNode->isRecord()) {
-        return pFields_->find(target); // also one with nothing in it
-    }
-    const auto [first, last] = within(target);
-    if (first == last) {
-        return kNoNode;
-    }
-    // Of what stands there twice the one that a load takes last.
-    auto best = first;
-    for (auto other = first; other != last && other->offset == first->offset; ++other) {
-        best = (*pFields_)[other->node].order > (*pFields_)[best->node].order ? other : best;
-    }
-    NodeIndex node = best->node;
-    if (target.rank > 0 && target.pNode->field.rank > 0) {
-        const bool isFirst = best->offset == target.offset;
-        for (std::size_t i = 0; isFirst && i < target.rank && document_[node].parent != kNoNode &&
-                                document_[document_[node].parent].type == QvJsonValueType_Array;
-             ++i) {
-            node = document_[node].parent;
+    Layer layer;
+    layer.name = input.shown();
+    layer.form = input.form;
+    if (input.form == Form::Image) {
+        readImage(input, session, layer);
+    } else if (input.form != Form::CalibrationText) {
+        Document document;
+        if (document.read(input.bytes.view(), input.form) && document.faults().empty()) {
+            const DocumentFields fields(document);
+            LayerReader(document, fields, session, layer).read();
+        }
+        if (layer.categories.empty()) {
+            layer.doubt = "sets nothing; qvdb check may tell why";
         }
     }
-    return node;
+    return layer;
 }
 
-std::size_t Layer::imageOffset(const Target& target) const
+Layer layerOf(const Input& input, const std::vector<std::string>& paths)
 {
-    return target.pCategory->category.imageOffset + target.offset;
+    Layer layer;
+    layer.name = input.shown();
+    layer.form = input.form;
+    layer.documents.emplace_back(formName(input.form));
+    for (const std::string& path : paths) {
+        layer.categories.push_back({path, 0, 0});
+    }
+    return layer;
 }
 
-std::string Layer::place(const Target& target) const
+void sayLayer(const Layer& layer, bool isVerbose)
 {
-    std::string name = input_.shown();
-    if (input_.form == Form::Image) {
-        return name + ", offset " + std::to_string(imageOffset(target));
+    std::string documents;
+    for (const std::string& document : layer.documents) {
+        documents += (documents.empty() ? "" : ", ") + document;
     }
-    const NodeIndex node = nodeOf(target);
-    if (node == kNoNode) {
-        return name;
+    std::string line = "loaded " + layer.name;
+    if (layer.form == Form::CalibrationText) {
+        for (std::size_t i = 0; i < layer.categories.size(); ++i) {
+            line += (i == 0 ? ": sets " : ", ") + layer.categories[i].key;
+        }
+    } else if (!layer.categories.empty()) {
+        line += " (" + documents + "): sets " +
+                (layer.values == 0 ? "" : plural(layer.values, "value", "values") + " in ") +
+                plural(layer.categories.size(), "category", "categories");
     }
-    const TextPlace place = document_.place(document_[node].value.begin);
-    return name + ':' + std::to_string(place.line) + ':' + std::to_string(place.column);
-}
-
-std::string Layer::jsonPlace(const Target& target) const
-{
-    const NodeIndex node = nodeOf(target);
-    std::string line = "null";
-    std::string column = "null";
-    if (node != kNoNode) {
-        const TextPlace place = document_.place(document_[node].value.begin);
-        line = std::to_string(place.line);
-        column = std::to_string(place.column);
+    say(line);
+    if (isVerbose && layer.form != Form::CalibrationText) {
+        for (const LayerCategory& category : layer.categories) {
+            say(layer.name + (category.line == 0 ? "" : ':' + std::to_string(category.line)) + ": sets " +
+                (category.values == 0 ? "" : plural(category.values, "value", "values") + " of ") + category.key);
+        }
     }
-    const std::string offset = input_.form == Form::Image ? std::to_string(imageOffset(target)) : "null";
-    return "\"file\": " + jsonText(input_.shown()) + ", \"line\": " + line + ", \"column\": " + column +
-           ", \"offset\": " + offset;
+    for (const std::string& replaced : layer.replaced) {
+        say(layer.name + " replaces " + replaced);
+    }
+    if (!layer.doubt.empty()) {
+        warn(layer.name + ' ' + layer.doubt);
+    }
 }
 
 } // namespace qv::tools

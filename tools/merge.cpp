@@ -37,14 +37,16 @@ ExitStatus explain(const Options& options)
 
 ExitStatus merge(const Options& options)
 {
-    const bool readsStream = std::find(options.words.begin(), options.words.end(), kStream) != options.words.end();
+    const auto streams = std::count_if(options.words.begin(), options.words.end(), isStream);
     if (options.output.empty() && !options.explains) {
         return refuseUsage(options, "-o says where to write, --explain shows who sets what; one of them is missing");
     }
-    if (options.explains && !options.output.empty() && readsStream) {
-        return refuseUsage(options, "standard input can be read only once, and --explain and -o both read it");
+    if (streams > 1 || (streams == 1 && options.explains && !options.output.empty())) {
+        return refuseUsage(options, streams > 1 ? "standard input can be read only once"
+                                                : "standard input can be read only once, and --explain and -o both "
+                                                  "read it");
     }
-    if (options.explains && options.output == kStream) {
+    if (options.explains && isStream(options.output)) {
         return refuseUsage(options, "--explain and -o - both want standard output");
     }
     if (options.asJson && !options.explains) {

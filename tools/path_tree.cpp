@@ -20,6 +20,10 @@ PathNode nodeOf(const FieldNode& field, bool isItem, std::size_t index)
 {
     PathNode node{isItem ? "[" + std::to_string(index) + "]" : field.field.pKey, field.field, false, {}};
     const bool isList = field.field.count == QvDatabaseCatalogCount_Members;
+    if (isList) { // one record; the list is that of its numbers
+        node.field.rank = 0;
+        std::fill(std::begin(node.field.extents), std::end(node.field.extents), 1);
+    }
     for (std::size_t i = 0; i < field.fields.size(); ++i) {
         if (!field.fields[i].field.isTwin) {
             node.members.push_back(nodeOf(field.fields[i], isList, i));
@@ -149,7 +153,8 @@ public:
         if (members.empty()) {
             return fail(target.path + " has no members");
         }
-        if (wanted.kind == PathStep::Any && !wanted.isBracketed) {
+        const bool isNumbers = target.pNode != nullptr && target.pNode->field.count == QvDatabaseCatalogCount_Members;
+        if (wanted.kind == PathStep::Any && (!wanted.isBracketed || isNumbers)) {
             for (const PathNode& node : members) {
                 if (!follow(PathTree::member(target, node), step + 1, targets)) {
                     return false;
@@ -162,6 +167,7 @@ public:
         const PathNode* pNode = findMember(members, name);
         if (pNode == nullptr) {
             std::vector<std::string> names;
+            names.reserve(members.size());
             for (const PathNode& node : members) {
                 names.push_back(node.name);
             }
@@ -187,6 +193,10 @@ private:
 
     bool followList(const Target& list, const PathStep& wanted, std::size_t step, std::vector<Target>& targets)
     {
+        if (path_.mayOmitIndices &&
+            (wanted.kind == PathStep::Any || (wanted.kind == PathStep::Name && !wanted.isBracketed))) {
+            return follow(PathTree::item(list, 0), wanted.isBracketed ? step + 1 : step, targets);
+        }
         const bool isHeap = list.pNode->field.count == QvDatabaseCatalogCount_Heap;
         const std::size_t most = isHeap ? usedOf(list) : list.extents[0];
         std::size_t first = wanted.first;
@@ -399,10 +409,8 @@ std::byte* bytesOf(const Target& target, void* pRecord)
     return const_cast<std::byte*>(bytesOf(target, static_cast<const void*>(pRecord)));
 }
 
-double numberOf(const Target& element, const void* pRecord)
+double numberAt(const QvDatabaseCatalogField_t& field, const std::byte* pBytes)
 {
-    const QvDatabaseCatalogField_t& field = element.pNode->field;
-    const std::byte* pBytes = bytesOf(element, pRecord);
     switch (field.element) {
     case QvDatabaseCatalogElement_Bool:
         return bitsOf(pBytes, 1) != 0 ? 1.0 : 0.0;
@@ -421,10 +429,8 @@ double numberOf(const Target& element, const void* pRecord)
     return 0.0;
 }
 
-std::string textOf(const Target& element, const void* pRecord)
+std::string textAt(const QvDatabaseCatalogField_t& field, const std::byte* pBytes)
 {
-    const QvDatabaseCatalogField_t& field = element.pNode->field;
-    const std::byte* pBytes = bytesOf(element, pRecord);
     switch (field.element) {
     case QvDatabaseCatalogElement_Bool:
         return bitsOf(pBytes, 1) != 0 ? "true" : "false";
@@ -447,13 +453,13 @@ std::string textOf(const Target& element, const void* pRecord)
     return "";
 }
 
-std::string valueText(const Target& element, const void* pRecord)
+std::string valueAt(const QvDatabaseCatalogField_t& field, const std::byte* pBytes)
 {
-    const std::string text = textOf(element, pRecord);
-    switch (element.pNode->field.element) {
+    std::string text = textAt(field, pBytes);
+    switch (field.element) {
     case QvDatabaseCatalogElement_Float:
     case QvDatabaseCatalogElement_Double:
-        return std::isfinite(numberOf(element, pRecord)) ? text : "null";
+        return std::isfinite(numberAt(field, pBytes)) ? text : "null";
     case QvDatabaseCatalogElement_Pointer:
         return "null";
     case QvDatabaseCatalogElement_Text:
@@ -461,6 +467,21 @@ std::string valueText(const Target& element, const void* pRecord)
     default:
         return text;
     }
+}
+
+double numberOf(const Target& element, const void* pRecord)
+{
+    return numberAt(element.pNode->field, bytesOf(element, pRecord));
+}
+
+std::string textOf(const Target& element, const void* pRecord)
+{
+    return textAt(element.pNode->field, bytesOf(element, pRecord));
+}
+
+std::string valueText(const Target& element, const void* pRecord)
+{
+    return valueAt(element.pNode->field, bytesOf(element, pRecord));
 }
 
 } // namespace qv::tools

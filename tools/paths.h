@@ -28,6 +28,7 @@ struct PathStep {
 struct Path {
     std::string text; ///< as it was written
     std::vector<PathStep> steps;
+    bool mayOmitIndices = false; ///< a name behind a list means that of each item; for who asks of fields, not values
 };
 
 /// Reads a path: dots and brackets, or a JSON Pointer; a leading `tuning` is left out. False for what is neither, with

@@ -57,7 +57,7 @@ public:
         if (input_.form == Form::CalibrationText) {
             return refuse("a plain calibration text can't be changed in place");
         }
-        if (out_ != kStream && !options_.output.empty() && formOf(out_, options_.from) != input_.form) {
+        if (!isStream(out_) && !options_.output.empty() && formOf(out_, options_.from) != input_.form) {
             return refuse(std::string("set keeps the form ") + formName(input_.form) + ", which " + out_ +
                           " hasn't; convert changes it");
         }
@@ -74,13 +74,13 @@ public:
             return refuse(error);
         }
         // A file that holds the values already is left alone.
-        const bool isInPlace = options_.output.empty() && out_ != kStream;
+        const bool isInPlace = options_.output.empty() && !isStream(out_);
         if ((!isInPlace || bytes_ != input_.bytes.view()) && !writeOutput(out_, bytes_)) {
             return false;
         }
         if (options_.asJson) {
             printJson();
-        } else if (out_ != kStream) {
+        } else if (!isStream(out_)) {
             print();
         }
         return true;
@@ -223,7 +223,7 @@ private:
 ExitStatus set(const Options& options)
 {
     const std::string& out = options.output.empty() ? options.words[0] : options.output;
-    if (options.asJson && out == kStream) {
+    if (options.asJson && isStream(out)) {
         return refuseUsage(options,
                            "--json and the changed file both want standard output; -o says where the file goes");
     }
