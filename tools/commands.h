@@ -8,6 +8,7 @@ namespace qv::tools {
 
 ExitStatus at(const Options& options);
 ExitStatus check(const Options& options);
+ExitStatus completePath(const Options& options);
 ExitStatus convert(const Options& options);
 ExitStatus coverage(const Options& options);
 ExitStatus diff(const Options& options);

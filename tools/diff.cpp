@@ -302,7 +302,7 @@ void printStatistics(const Options& options, const std::string& path, const std:
 
 ExitStatus diff(const Options& options)
 {
-    if (options.words[0] == kStream && options.words[1] == kStream) {
+    if (isStream(options.words[0]) && isStream(options.words[1])) {
         return refuseUsage(options, "standard input can only be one of the two");
     }
     if (options.isExact && options.tolerance.has_value()) {

@@ -25,11 +25,6 @@ constexpr std::array kSuffixes = {
     Suffix{".img", Form::Image}, Suffix{".raw", Form::Image}, Suffix{".txt", Form::CalibrationText},
 };
 
-bool isStream(const std::string& name)
-{
-    return name == kStream;
-}
-
 /// A stream has no size: it is read to its end, with a zero byte behind it, as a file is.
 int readStream(QvCommonBuffer_t& buffer)
 {
@@ -69,6 +64,11 @@ std::string statusLine(const std::string& name, int status)
 
 } // namespace
 
+bool isStream(const std::string& name)
+{
+    return name == "-" || name == "/dev/stdin" || name == "/dev/stdout" || name == "/dev/fd/0" || name == "/dev/fd/1";
+}
+
 const char* formName(Form form)
 {
     constexpr std::array kNames = {"json", "ini", "image", "calibration text"};
@@ -90,7 +90,7 @@ Form formOf(const std::string& name, const std::string& option)
             return form;
         }
     }
-    if (isStream(name) || name == "/dev/stdin" || name == "/dev/stdout") {
+    if (isStream(name)) {
         return Form::Json;
     }
     for (const Suffix& suffix : kSuffixes) {
@@ -98,9 +98,8 @@ Form formOf(const std::string& name, const std::string& option)
             return suffix.form;
         }
     }
-    complain("warning: " + name +
-             " is taken for a binary image, since its name ends in none of .json, .ini, .bin, .img "
-             "and .raw; --from and --to say otherwise");
+    warn(name + " is taken for a binary image, since its name ends in none of .json, .ini, .bin, .img and .raw; "
+                "--from and --to say otherwise");
     return Form::Image;
 }
 
@@ -120,8 +119,7 @@ bool readInput(const std::string& name, const Options& options, Input& input)
 bool writeOutput(const std::string& name, std::string_view bytes)
 {
     if (isStream(name)) {
-        // What fails here is told where all of standard output is finished.
-        return std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() && std::fflush(stdout) == 0;
+        return printBytes(bytes); // what fails here is told where all of standard output is finished
     }
     QvCommonBuffer_t buffer{};
     buffer.pBegin = const_cast<char*>(bytes.data()); // a save only reads
@@ -140,6 +138,18 @@ bool isSameFile(const std::string& left, const std::string& right)
     return !isStream(left) && !isStream(right) && stat(left.c_str(), &leftFile) == 0 &&
            stat(right.c_str(), &rightFile) == 0 && S_ISREG(leftFile.st_mode) && leftFile.st_dev == rightFile.st_dev &&
            leftFile.st_ino == rightFile.st_ino;
+}
+
+bool mayReplace(const std::string& name, std::span<const std::string> read, const Options& options)
+{
+    for (const std::string& other : read) {
+        if (!options.isForced && isSameFile(name, other)) {
+            complain(name + " is also read" + (other == name ? "" : " as " + other) +
+                     "; -f writes over it all the same");
+            return false;
+        }
+    }
+    return true;
 }
 
 } // namespace qv::tools

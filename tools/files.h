@@ -3,6 +3,7 @@
 // Files in their forms, and the two streams that go by the name of "-".
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -14,7 +15,8 @@ namespace qv::tools {
 
 enum class Form { Json, Ini, Image, CalibrationText };
 
-constexpr std::string_view kStream = "-";
+/// Whether a name stands for standard input or output: "-", and the devices that are those.
+bool isStream(const std::string& name);
 
 /// Name of a form, as --from and --to take it.
 const char* formName(Form form);
@@ -23,7 +25,7 @@ const char* formName(Form form);
 std::string shownName(const std::string& name, bool isInput);
 
 /// The form of a file: what the option says; for a stream JSON; else by the end of the name as the library does, with a
-/// warning where the end is none of the known ones.
+/// warning where the end is none of the known ones. An image for those.
 Form formOf(const std::string& name, const std::string& option);
 
 /// A buffer of the library that owns what it holds.
@@ -61,5 +63,8 @@ bool writeOutput(const std::string& name, std::string_view bytes);
 
 /// Whether two names lead to the same file.
 bool isSameFile(const std::string& left, const std::string& right);
+
+/// Whether a file may be written: one that was also read only with --force. A refusal is told in one line.
+bool mayReplace(const std::string& name, std::span<const std::string> read, const Options& options);
 
 } // namespace qv::tools

@@ -18,7 +18,7 @@ using OptionTarget = std::variant<bool Options::*, std::string Options::*, std::
                                   std::optional<double> Options::*, std::optional<std::size_t> Options::*>;
 
 /// What a word or a value names, for completions.
-enum class Names { Nothing, File, Path, Category, Command, Form, Setting };
+enum class Names { Nothing, File, Path, Category, Command, Form, Setting, Finding };
 
 /// One option. Short and long name as they are typed, apart by a comma.
 struct Option {
@@ -37,6 +37,7 @@ struct Words {
     std::size_t most;
     Names first = Names::File;
     Names others = Names::File;
+    const char* pChoices = nullptr; ///< the words there are, apart by '|'; null: any
 };
 
 /// A line of a help text: what one may type, and what it does.
@@ -66,7 +67,7 @@ constexpr std::size_t kAnyNumber = SIZE_MAX;
 
 std::span<const Command> commands();
 
-/// The command of that name; null if there is none.
+/// The command of that name, also one that only completions call; null if there is none.
 const Command* findCommand(const std::string& name);
 
 /// Help texts as they are printed.

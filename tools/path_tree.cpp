@@ -153,7 +153,8 @@ public:
         if (members.empty()) {
             return fail(target.path + " has no members");
         }
-        if (wanted.kind == PathStep::Any && !wanted.isBracketed) {
+        const bool isNumbers = target.pNode != nullptr && target.pNode->field.count == QvDatabaseCatalogCount_Members;
+        if (wanted.kind == PathStep::Any && (!wanted.isBracketed || isNumbers)) {
             for (const PathNode& node : members) {
                 if (!follow(PathTree::member(target, node), step + 1, targets)) {
                     return false;

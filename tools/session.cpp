@@ -1,18 +1,28 @@
 #include "session.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 #include <qv_common_c/common_error.h>
 #include <qv_common_c/common_tracer.h>
 #include <qv_database_c/database_binary.h>
 #include <qv_database_c/database_initialization.h>
+#include <qv_database_c/database_meta.h>
+#include <qv_database_c/database_misc.h>
 #include <qv_database_c/database_setting.h>
 #include <qv_database_c/database_text.h>
+#include <qv_database_c/protocol_simulator_codecs.h>
+#include <qv_json_c/json_reader.h>
 
+#include "calibration_text.h"
 #include "output.h"
+#include "refusals.h"
 
 namespace qv::tools {
 namespace {
@@ -60,9 +70,11 @@ private:
 
 Tracing::Tracing(const Options& options)
 {
-    traces_.isVerbose = options.isVerbose;
+    if (options.isQuiet) {
+        beQuiet();
+    }
     QvCommonTracerOpenParam_t param{};
-    param.level = options.isVerbose ? QvCommonTracerLevel_Debug : QvCommonTracerLevel_Info;
+    param.level = QvCommonTracerLevel_Info;
     param.pWrite = &Traces::write;
     param.pUserData = &traces_;
     QvCommonTracer_open(&param, &hTracer);
@@ -85,24 +97,32 @@ Session::~Session()
 bool Session::open()
 {
     QvDatabaseOpenParam_t param{};
-    return check("open", QvDatabase_open(&param, &handle_));
+    if (!check("open", QvDatabase_open(&param, &handle_))) {
+        return false;
+    }
+    ownVersion_ = version();
+    return true;
 }
 
-bool Session::check(const std::string& what, int status)
+bool Session::check(const std::string& what, int status, const std::string& reason)
 {
+    const std::string first = std::exchange(traces_.firstError, "");
     if (status == 0) {
         // Elements of a document may fail without failing the whole.
-        if (!traces_.isVerbose && !traces_.firstError.empty()) {
-            std::fprintf(stderr, "%s\n", traces_.firstError.c_str());
+        if (!first.empty()) {
+            complain(what + ": " + first);
         }
-        traces_.firstError.clear();
         return true;
     }
-    const std::string text = std::string(QvCommonError_text(status)) + '(' + std::to_string(status) + ')';
-    const std::size_t at = traces_.firstError.find(text);
-    const std::string detail = at == std::string::npos ? "" : traces_.firstError.substr(at + text.size());
-    traces_.firstError.clear();
-    complain(what + ": " + QvCommonError_text(status) + " (" + std::to_string(status) + ')' + detail);
+    std::string line = what + ": " + QvCommonError_text(status) + " (" + std::to_string(status) + ')';
+    if (!reason.empty()) {
+        line += ": " + reason;
+    } else {
+        const std::string text = std::string(QvCommonError_text(status)) + '(' + std::to_string(status) + ')';
+        const std::size_t at = first.find(text);
+        line += at == std::string::npos ? "" : first.substr(at + text.size());
+    }
+    complain(line);
     return false;
 }
 
@@ -110,34 +130,90 @@ bool Session::load(Input& input)
 {
     QvCommonBuffer_t* pBuffer = input.bytes.get();
     pBuffer->offset = 0;
+    const std::string before = version();
+    int status = 0;
     switch (input.form) {
     case Form::Json:
-        return check(input.shown(), QvDatabaseText_parse(handle_, pBuffer));
-    case Form::Ini:
-        return check(input.shown(), QvDatabaseInitialization_parse(handle_, pBuffer));
-    case Form::Image:
-        return check(input.shown(), QvDatabaseBinary_parse(handle_, pBuffer));
-    case Form::CalibrationText:
+        status = QvDatabaseText_parse(handle_, pBuffer);
         break;
+    case Form::Ini:
+        status = QvDatabaseInitialization_parse(handle_, pBuffer);
+        break;
+    case Form::Image:
+        status = QvDatabaseBinary_parse(handle_, pBuffer);
+        break;
+    case Form::CalibrationText: {
+        std::vector<std::string> keys;
+        return loadCalibrationText(*this, input, keys);
     }
-    complain(input.shown() + ": a plain calibration text can only be converted");
-    return false;
+    }
+    if (!check(input.shown(), status, status == 0 ? "" : refusalOf(input, status))) {
+        return false;
+    }
+    const std::string after = version();
+    if (after != before && after != ownVersion_) {
+        // In bytes that are no image anything may stand there.
+        const bool isText =
+            std::all_of(after.begin(), after.end(), [](unsigned char c) { return c > ' ' && c < 0x7f; });
+        warn(input.shown() + (isText && !after.empty() ? " is of version " + after : " tells no version") +
+             ", and this library is of " + ownVersion_);
+    }
+    return true;
+}
+
+std::string Session::version() const
+{
+    const auto* pMisc = static_cast<const QvDatabaseMisc_t*>(record("MISC"));
+    return {pMisc->versionNumber, strnlen(pMisc->versionNumber, sizeof pMisc->versionNumber)};
+}
+
+template <typename Save>
+bool Session::saveBeside(const std::string& name, Form form, Save save)
+{
+    const ScratchFolder folder;
+    const std::string beside = folder.path() + "/set" + suffixOf(form);
+    const std::string shown = shownName(name, false);
+    Bytes bytes;
+    return check(shown, folder.path().empty() ? QvCommonError_Write : 0) && check(shown, save(beside.c_str())) &&
+           check(shown, QvCommonBuffer_load2(beside.c_str(), 0, 0, bytes.get())) && writeOutput(name, bytes.view());
 }
 
 bool Session::save(const std::string& name, Form form)
 {
     // The library's save is the one that knows when memory was too short for a whole document. Where the name doesn't
     // ask for the form, it saves beside.
-    if (name != kStream && name.ends_with(suffixOf(form)) && (form != Form::Image || isImageName(name))) {
-        return check(name, QvDatabase_save(handle_, name.c_str()));
+    const auto save = [&](const char* pName) { return QvDatabase_save(handle_, pName); };
+    if (!isStream(name) && name.ends_with(suffixOf(form)) && (form != Form::Image || isImageName(name))) {
+        return check(name, save(name.c_str()));
     }
-    const ScratchFolder folder;
-    const std::string beside = folder.path() + "/set" + suffixOf(form);
-    Bytes bytes;
-    return check(shownName(name, false), folder.path().empty() ? QvCommonError_Write : 0) &&
-           check(shownName(name, false), QvDatabase_save(handle_, beside.c_str())) &&
-           check(shownName(name, false), QvCommonBuffer_load2(beside.c_str(), 0, 0, bytes.get())) &&
-           writeOutput(name, bytes.view());
+    return saveBeside(name, form, save);
+}
+
+bool Session::loadMeta(Input& input)
+{
+    const std::string_view text = input.bytes.view();
+    QvJsonReaderHandle_t hReader = 0;
+    QvJsonValue_t* pDocument = nullptr;
+    int status = QvJsonReader_open(&hReader);
+    if (status == 0) {
+        status = QvJsonReader_parse(hReader, text.data(), text.data() + text.size(), &pDocument);
+        QvJsonReader_close(&hReader);
+    }
+    if (status == 0) {
+        auto* pMeta = static_cast<QvDatabaseMeta_t*>(record("MT"));
+        status = QvDatabaseProtocolSimulator_meta_parse(pDocument, pMeta);
+        if (status == QvCommonError_NoContent) {
+            status = QvDatabaseMeta_parse(pDocument, pMeta);
+        }
+        QvJsonValue_delete(&pDocument);
+    }
+    return check(input.shown(), status, status == 0 ? "" : refusalOf(input, status));
+}
+
+bool Session::saveMeta(const std::string& name)
+{
+    const auto save = [&](const char* pName) { return QvDatabase_metaSave(handle_, pName); };
+    return isStream(name) ? saveBeside(name, Form::Json, save) : check(name, save(name.c_str()));
 }
 
 bool Session::setProtocol(const std::string& name)

@@ -7,10 +7,9 @@
 
 namespace qv::tools {
 
-/// Sorts the library's trace lines: results of `info` to standard output, the rest to standard error. The first line of
-/// an error is kept, since it names the place; the others, one for each level that the failure passes, only with -v.
+/// Sorts the library's trace lines: results of `info` to standard output, warnings to standard error. The first line of
+/// an error is kept, since it names the place.
 struct Traces {
-    bool isVerbose = false;
     bool showsInfo = false;
     std::string firstError;
 

@@ -31,6 +31,18 @@ static int addMember(QvInitializationSection_t* pSection, char* pKey, char* pVal
     return QvCommonDQueue_pushBack(pSection->hMember, &pElement);
 }
 
+/* Notes whether [a] is told at bytes 2 to 5, and k at 6 with its value at 10 to 13. */
+static int noteEvent(void* pUserData, const QvInitializationWalkEvent_t* pEvent)
+{
+    size_t* pSeen = pUserData;
+    if (pEvent->kind == QvInitializationWalkKind_Section && pEvent->begin == 2 && pEvent->end == 5) {
+        *pSeen |= 1;
+        return 0;
+    }
+    *pSeen |= pEvent->begin == 6 && pEvent->end == 7 && pEvent->valueBegin == 10 && pEvent->valueEnd == 13 ? 2 : 0;
+    return 99;
+}
+
 /* Returns 0, or the line of the check that failed. */
 int initializationFromC(void)
 {
@@ -66,6 +78,13 @@ int initializationFromC(void)
     CHECK(QvCommonDQueue_length(hQueue) == 2);
     CHECK(QvCommonDQueue_popFront(hQueue, &pElement) == 0 && pElement == pSection);
     CHECK(QvInitializationSection_delete(&pSection) == 0 && pSection == NULL);
+
+    const char text[] = "\n [a]\nk = \"v\" ; c\nm";
+    size_t seen = 0;
+    CHECK(QvInitializationReader_walk(hReader, text, text + strlen(text), noteEvent, &seen) == 99 && seen == 3);
+    CHECK(QvInitializationReader_walk(hReader, NULL, NULL, noteEvent, &seen) == 0);
+    CHECK(QvInitializationReader_walk(hReader, text, text + 1, NULL, &seen) == 13);
+    CHECK(QvInitializationReader_walk(0, text, text + 1, noteEvent, &seen) == 13);
 
     CHECK(QvInitializationReader_close(&hReader) == 0);
     CHECK(QvInitializationWriter_close(&hWriter) == 0);

@@ -154,7 +154,7 @@ void Walk::tellMember(std::string_view span, std::string_view key, std::string_v
     value_ = isQuoted ? quoted->text : std::string(value);
     event_.pValue = value_.c_str();
     event_.valueLength = value_.size();
-    event_.valueBegin = offset(value.empty() ? rest.data() + 1 : value.data());
+    event_.valueBegin = offset(value.data());
     event_.valueEnd = event_.valueBegin + trim(value.substr(0, value.size() - comment.size())).size();
     deliver();
     tellComment(comment, true);

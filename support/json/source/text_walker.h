@@ -6,6 +6,7 @@
 
 #include "comment_text.h"
 #include "string_text.h"
+#include "text_signs.h"
 #include <qv_json_c/json_walk.h>
 
 namespace qv::json {
@@ -33,6 +34,8 @@ private:
         Behind,      // what follows a value
     };
 
+    static constexpr auto kNone = QV_JSON_WALK_NONE;
+
     /// A container that is open.
     struct Frame {
         const char* pOpened;
@@ -43,10 +46,11 @@ private:
         bool isObject;
     };
 
-    /// A bracket whose place disagrees with that of its partner.
-    struct Suspicion {
-        const char* pBracket = nullptr;
-        std::size_t depth = 0;
+    /// What a closing bracket of the wrong kind may be.
+    enum class Guess {
+        Surplus,  // one too many
+        Mistyped, // the end of the innermost container
+        Missing,  // the end of one further out, and those within it have none
     };
 
     /// All of these get the place to read from and return the place to go on, or null where the walk is over.
@@ -67,6 +71,8 @@ private:
     const char* fail(const char* p, const char* pExpected);
     const char* failText(const char* p, const StringScan& scan);
     const char* failComment(const char* p, const CommentScan& scan);
+    const char* failOpen(const char* p, const char* pFault);
+    const char* failMember(const char* p);
     const char* failBracket(const char* p);
     const char* failEnd();
     const char* passOver(const char* p);
@@ -77,6 +83,8 @@ private:
     void noteLines(const char* pFrom, const char* pTo);
     std::size_t indent() const { return static_cast<std::size_t>(pFirst_ - pLine_); }
     bool isLeftOf(const char* p, const Frame& frame) const;
+    Guess guess(const char* p, std::size_t partner) const;
+    bool isItemNext(const char* p) const;
     bool isLackingEnd(const char* p) const;
     void judgeKey(const char* p);
     void judgeEnd(const char* p, const Frame& frame);
@@ -103,12 +111,29 @@ private:
     QvJsonWalkEvent_t event_ = {};
     std::string text_; // of the event
 
-    const char* pLine_;           // where the line at hand begins
-    const char* pFirst_;          // and its first token
-    const char* pNoText_;         // up to here no quote closes a text
-    const char* pTold_ = nullptr; // the place of the newest fault
-    Suspicion missing_;           // an opening bracket that isn't closed
-    Suspicion surplus_;           // a closing one that closes too much
+    const char* pLine_;                // where the line at hand begins
+    const char* pFirst_;               // and its first token
+    const char* pNoText_;              // up to here no quote closes a text
+    const char* pTold_ = nullptr;      // the place of the newest fault
+    const char* pNewestEnd_ = nullptr; // the newest closing bracket
+    const char* pMissing_ = nullptr;   // an opening bracket that seems not to be closed
+    const char* pSurplus_ = nullptr;   // a closing one that seems to close too much
 };
+
+inline const char* TextWalker::blanksEnd(const char* p)
+{
+    bool isFirst = p == pLine_;
+    while (p != pEnd_ && isBlank(*p)) {
+        if (*p == '\n') {
+            pLine_ = p + 1;
+            isFirst = true;
+        }
+        ++p;
+    }
+    if (isFirst) {
+        pFirst_ = p;
+    }
+    return p;
+}
 
 } // namespace qv::json

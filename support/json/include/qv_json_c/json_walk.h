@@ -74,8 +74,9 @@ typedef int (*QvJsonWalkVisit_t)(void* pUserData, const QvJsonWalkEvent_t* pEven
  *
  * After a Fault it goes on, so that a visitor is told of all faults at once: where a comma or colon is missing as if it
  * stood there; behind a broken text or comment; else at the next comma or closing bracket of the container. A container
- * that is never closed has its End at the place where that was noticed, so that each Begin has its End. Behind the
- * document, and outside of all containers, the first Fault is the last event.
+ * that is never closed has its End at the place where that was noticed, so that each Begin has its End. Where a key
+ * stands in an array that seems to be such a one, the Fault is at its colon, and the End and the Key come behind it.
+ * Behind the document, and outside of all containers, the first Fault is the last event.
  *
  * What it takes grows with the length of the text and no faster. The visitor may use the reader.
  *
