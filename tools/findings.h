@@ -15,7 +15,7 @@
 
 namespace qv::tools {
 
-/// What can be found. The order is that of the table in findings.cpp.
+/// What can be found; docs/qvdb.md tells what each means. The order is that of the table in findings.cpp.
 enum class Fault {
     Syntax,
     UnknownMember,
@@ -37,6 +37,7 @@ enum class Fault {
     TooShort,
     RaggedRows,
     LoadFails,
+    Bounded,
     TextCut,
     Unterminated,
     CountMismatch,
@@ -58,7 +59,6 @@ struct FaultKind {
     Fault fault;
     const char* pId;
     Severity severity;
-    const char* pMeaning;
 };
 
 std::span<const FaultKind> faultKinds();

@@ -73,7 +73,7 @@ void declare(CLI::App& app, const Option& option, Options& options)
         },
         option.target);
     if (std::holds_alternative<std::vector<std::string> Options::*>(option.target)) {
-        pOption->take_all();
+        pOption->take_all()->expected(1)->allow_extra_args(false); // one value each time it is said
     } else if (option.pValue != nullptr) {
         pOption->take_last();
     }
