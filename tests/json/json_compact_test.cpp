@@ -229,6 +229,48 @@ TEST(JsonCompact, NumbersAreAddedAsOneByOne)
     EXPECT_EQ(expected, inAllLayouts(compact.get()));
 }
 
+// One number of a list decides how all of it is written.
+TEST(JsonCompact, TheLargestNumberOfAListCanBeAnyOne)
+{
+    for (const QvJsonNumber_t kind :
+         {QvJsonNumber_Int16, QvJsonNumber_Uint16, QvJsonNumber_Int32, QvJsonNumber_Int64}) {
+        for (const int64_t odd : {-32768, -1, 0, 8191, 8192, 9999, 10000, 32767, 65535, 65536, 99999, 100000}) {
+            for (size_t place = 0; place < 300; place += 23) {
+                int64_t numbers[300] = {};
+                std::string expected = "[";
+                std::vector<char> bytes;
+                for (size_t index = 0; index < std::size(numbers); ++index) {
+                    numbers[index] = index == place ? odd : static_cast<int64_t>(index * 27);
+                    if (kind == QvJsonNumber_Int16) {
+                        numbers[index] = static_cast<int16_t>(numbers[index]);
+                    } else if (kind == QvJsonNumber_Uint16) {
+                        numbers[index] = static_cast<uint16_t>(numbers[index]);
+                    }
+                    const auto add = [&bytes](auto number) {
+                        const char* pBytes = reinterpret_cast<const char*>(&number);
+                        bytes.insert(bytes.end(), pBytes, pBytes + sizeof number);
+                    };
+                    if (kind == QvJsonNumber_Int64) {
+                        add(numbers[index]);
+                    } else if (kind == QvJsonNumber_Int32) {
+                        add(static_cast<int32_t>(numbers[index]));
+                    } else {
+                        add(static_cast<int16_t>(numbers[index]));
+                    }
+                    expected += (index != 0 ? ", " : "") + std::to_string(numbers[index]);
+                }
+                QvJsonValue_t* pRoot = nullptr;
+                ASSERT_EQ(QvJsonCompact_create(&pRoot), 0);
+                const Tree root(pRoot);
+                QvJsonValue_t* pList = QvJsonValue_member(pRoot, "k");
+                ASSERT_EQ(QvJsonCompact_addNumbers(pList, kind, bytes.data(), std::size(numbers)), 0);
+                ASSERT_TRUE(isPacked(*pList));
+                ASSERT_EQ(write(pRoot), "{\n  \"k\": " + expected + "]\n}\n");
+            }
+        }
+    }
+}
+
 TEST(JsonCompact, BadArgumentsChangeNothing)
 {
     const int8_t numbers[] = {1, 2};

@@ -164,15 +164,32 @@ void TextWriter::writeIntegers(const T* pNumbers, std::size_t number)
     for (std::size_t first = 0; first < number; first += kPiece) {
         const std::size_t end = std::min(first + kPiece, number);
         char* p = buffer_.room((end - first) * kWidth + kBehind);
+        // Those below zero are large here.
+        uint64_t bits = 0;
         for (std::size_t index = first; index < end; ++index) {
-            const auto value = static_cast<uint64_t>(int64_t{pNumbers[index]}); // those below zero are large
-            if (value < 10000) [[likely]] {
-                p = writeShortItem(p, static_cast<uint32_t>(value));
-                continue;
+            bits |= static_cast<uint64_t>(static_cast<int64_t>(pNumbers[index]));
+        }
+        if (bits < 8192) {
+            for (std::size_t index = first; index < end; ++index) {
+                p = writeShortItem(p, static_cast<uint32_t>(pNumbers[index]));
             }
-            p = writeInteger(p, pNumbers[index]);
-            std::memcpy(p, ", ", 2);
-            p += 2;
+        } else if (bits < 65536) {
+            for (std::size_t index = first; index < end; ++index) {
+                p = writeFiveDigitItem(p, static_cast<uint32_t>(pNumbers[index]));
+            }
+        } else if (sizeof(T) <= 2) {
+            for (std::size_t index = first; index < end; ++index) {
+                const auto value = static_cast<int32_t>(pNumbers[index]); // NOLINT(bugprone-signed-char-misuse)
+                *p = '-';
+                p += value < 0 ? 1 : 0;
+                p = writeFiveDigitItem(p, static_cast<uint32_t>(value < 0 ? -value : value));
+            }
+        } else {
+            for (std::size_t index = first; index < end; ++index) {
+                p = writeInteger(p, pNumbers[index]);
+                std::memcpy(p, ", ", 2);
+                p += 2;
+            }
         }
         buffer_.done(p);
     }
