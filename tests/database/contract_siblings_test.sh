@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # The database goes other ways where its siblings offer more than their contracts ask for. Here it works with builds of
 # them that offer just that, and everything comes out the same: files of all forms, statuses and traces.
-#     contract_siblings_test.sh <qvdb> <save_random> <folder of such libraries> <source folder>
+#     contract_siblings_test.sh <qvdb> <save_random> <folder of such libraries> <source folder> <databases>
 set -euo pipefail
-qvdb=$1 saveRandom=$2 plain=$3 source=$4
+qvdb=$1 saveRandom=$2 plain=$3 source=$4 databases=$5
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
@@ -20,7 +20,7 @@ useAll() {
     local folder=$1
     mkdir "$folder"
     cd "$folder"
-    "$saveRandom" . 3 2>/dev/null
+    "$saveRandom" . "$databases" 2>/dev/null
     for file in *.json "$source"/examples/documents/*.json; do
         local name
         name=$(basename "$file" .json)
