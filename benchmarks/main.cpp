@@ -2,6 +2,7 @@
 //
 //     qv_benchmark [--json FILE]        the table, with its rows for a program, too
 //     qv_benchmark --growth             time and memory for each byte of large documents
+//     qv_benchmark --programs QVDB      whole runs of that program's commands
 //     qv_benchmark --documents FOLDER   writes the documents there, for a profiler
 #include "rows.h"
 
@@ -73,9 +74,10 @@ int run(const std::vector<std::string>& arguments)
     const std::string option = arguments.empty() ? "" : arguments[0];
     const bool isGrowth = option == "--growth" && arguments.size() == 1;
     const bool isDocuments = option == "--documents" && arguments.size() == 2;
+    const bool isPrograms = option == "--programs" && arguments.size() == 2;
     const bool isJson = option == "--json" && arguments.size() == 2;
-    if (!isGrowth && !isDocuments && !isJson && !arguments.empty()) {
-        std::fprintf(stderr, "usage: qv_benchmark [--json FILE | --growth | --documents FOLDER]\n");
+    if (!isGrowth && !isDocuments && !isPrograms && !isJson && !arguments.empty()) {
+        std::fprintf(stderr, "usage: qv_benchmark [--json FILE | --growth | --programs QVDB | --documents FOLDER]\n");
         return 2;
     }
     // What the peers don't print we don't print either: traces begin at Error, and nothing here fails.
@@ -90,6 +92,8 @@ int run(const std::vector<std::string>& arguments)
     const Folder folder;
     if (isGrowth) {
         printGrowth(folder);
+    } else if (isPrograms) {
+        printPrograms(folder, arguments[1]);
     } else {
         printTable(folder, isJson ? arguments[1] : "");
     }

@@ -17,6 +17,9 @@ std::size_t peakOf(const std::string& arguments);
 /// Time and peak memory for each byte of documents from 0.5 to 32 MB.
 void printGrowth(const Folder& folder);
 
+/// Whole runs of commands of qvdb, from start to end. Those that it doesn't have are left out.
+void printPrograms(const Folder& folder, const std::string& program);
+
 /// The releases of the peers, and what simdjson runs on here.
 std::string peers();
 

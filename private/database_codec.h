@@ -5,6 +5,8 @@
 #include <qv_initialization/initialization_section.h>
 #include <qv_json_c/json_value.h>
 
+#include "database_field.h"
+
 namespace qv::database {
 
 /// Reads and writes the record of a category in one kind of JSON document; null where the category isn't in it.
@@ -17,6 +19,7 @@ struct Codec {
 struct SectionCodec {
     int (*parse)(QvInitializationSection_t* pSection, void* pRecord) = nullptr;
     int (*serialize)(void* pRecord, QvInitializationSection_t* pSection) = nullptr;
+    const Table* pTable = nullptr; ///< the section's form, for who needs no section
 };
 
 template <class From, class R>
@@ -32,14 +35,15 @@ constexpr Codec makeCodec()
 }
 
 template <auto kParse, auto kSerialize>
-constexpr SectionCodec makeSectionCodec()
+constexpr SectionCodec makeSectionCodec(const TableOf<decltype(codecRecord(kParse))>& table)
 {
     using R = decltype(codecRecord(kParse));
     return {
         [](QvInitializationSection_t* pSection, void* pRecord) { return kParse(pSection, static_cast<R*>(pRecord)); },
         [](void* pRecord, QvInitializationSection_t* pSection) {
             return kSerialize(static_cast<R*>(pRecord), pSection);
-        }};
+        },
+        &table};
 }
 
 } // namespace qv::database

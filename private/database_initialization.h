@@ -1,12 +1,31 @@
 #pragma once
 
+#include <array>
+#include <iterator>
+#include <span>
+
 #include <qv_common_c/common_dqueue.h>
 #include <qv_initialization/initialization_section.h>
+
+#include "database_registry.h"
 
 namespace qv::database {
 
 /// The categories of the initialization document in the order of writing; a section's name is the category's key.
 inline constexpr const char* kSectionKeys[] = {"C_MODEL", "DVC", "IPT", "OPT", "SS", "TM"};
+
+/// The same as categories, looked up once.
+inline std::span<const Category* const> sectionCategories()
+{
+    static const auto kCategories = [] {
+        std::array<const Category*, std::size(kSectionKeys)> found{};
+        for (std::size_t i = 0; i < found.size(); ++i) {
+            found[i] = findCategory(kSectionKeys[i]);
+        }
+        return found;
+    }();
+    return kCategories;
+}
 
 inline int deleteSection(void** ppElement)
 {

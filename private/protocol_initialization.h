@@ -3,6 +3,7 @@
 // The one member loop and the one member block behind all sections of the initialization document.
 
 #include <qv_initialization/initialization_section.h>
+#include <qv_initialization/initialization_text.h>
 
 #include "database_walk.h"
 
@@ -13,6 +14,9 @@ int readSection(const Table& table, QvInitializationSection_t* pSection, void* p
 
 /// Adds one member for each row to a section. 0, the status of a queue operation, or 5 when memory runs out.
 int writeSection(const Table& table, const void* pRecord, QvInitializationSection_t* pSection);
+
+/// Adds the same members to a text, as the lines that they are there. 0, or 5 when memory runs out.
+int writeLines(const Table& table, const void* pRecord, QvInitializationTextHandle_t hText);
 
 } // namespace qv::database
 

@@ -11,3 +11,4 @@ cmake --build --preset benchmark | { grep -v '^\[' || true; }
 benchmark=build/benchmark/bin/qv_benchmark
 $benchmark ${1:+--json "$1"}
 $benchmark --growth
+$benchmark --programs build/benchmark/bin/qvdb

@@ -11,13 +11,20 @@
 #include <span>
 
 #include <qv_common_c/common_convert.h>
+#include <qv_json_c/json_compact.h>
 
+#include "database_field.h"
 #include "database_shortage.h"
 #include "database_status.h"
 #include "database_trace.h"
 
-// Not in the contract of the JSON library: with a build of it that lacks this one, lists grow as they are filled.
-extern "C" [[gnu::weak]] decltype(QvJsonValue_reserve) QvJsonValue_reserve;
+// Not in the contract of the JSON library: with a build of it that lacks these, lists grow as they are filled, and numbers
+// are handed over and taken one by one.
+extern "C" {
+[[gnu::weak]] decltype(QvJsonValue_reserve) QvJsonValue_reserve;
+[[gnu::weak]] decltype(QvJsonCompact_addNumbers) QvJsonCompact_addNumbers;
+[[gnu::weak]] decltype(QvJsonCompact_numbers) QvJsonCompact_numbers;
+}
 
 namespace qv::database {
 namespace {
@@ -32,37 +39,40 @@ bool isTrue(const bool* pData)
     return byte != 0;
 }
 
-/// The items of a list, one behind the other.
+/// The lists in a list, one behind the other. In a compact tree one of numbers shows none, and holds none.
 std::span<QvJsonValue_t> itemsOf(QvJsonValue_t* pList)
 {
-    const std::size_t number = QvJsonValue_size(pList);
-    return number == 0 ? std::span<QvJsonValue_t>{} : std::span{pList->holder.pArray->pValues, number};
+    if (pList == nullptr || pList->type != QvJsonValueType_Array) {
+        return {};
+    }
+    return {pList->holder.pArray->pValues, pList->holder.pArray->number};
 }
 
-/// Calls store(item, index in the record) for each element that document and record both hold. The index in the record
-/// follows from the extents alone, so a short row leaves the rows behind it in their places.
-template <class Store>
-void readList(QvJsonValue_t* pList, Extents extents, std::size_t base, const Store& store)
+/// Calls take(list, number, index of the first one in the record) for each innermost list, with the number of elements
+/// that document and record both hold. The index in the record follows from the extents alone, so a short row leaves the
+/// rows behind it in their places.
+template <class Take>
+void readList(QvJsonValue_t* pList, Extents extents, std::size_t base, const Take& take)
 {
-    const std::span<QvJsonValue_t> items = itemsOf(pList);
-    const std::size_t number = std::min(extents.front(), items.size());
+    if (extents.size() == 1) {
+        take(pList, std::min(extents.front(), QvJsonValue_size(pList)), base);
+        return;
+    }
+    const std::span<QvJsonValue_t> lists = itemsOf(pList);
+    const std::size_t number = std::min(extents.front(), lists.size());
     for (std::size_t i = 0; i < number; ++i) {
-        if (extents.size() == 1) {
-            store(items[i], base + i);
-        } else {
-            readList(&items[i], extents.subspan(1), (base + i) * extents[1], store);
-        }
+        readList(&lists[i], extents.subspan(1), (base + i) * extents[1], take);
     }
 }
 
-template <class Store>
-int readMember(QvJsonValue_t* pValue, const char* pKey, std::initializer_list<std::size_t> extents, const Store& store)
+template <class Take>
+int readMember(QvJsonValue_t* pValue, const char* pKey, std::initializer_list<std::size_t> extents, const Take& take)
 {
     QvJsonValue_t* pMember = QvJsonValue_member(pValue, pKey);
     if (QvJsonValue_isEmpty(pMember)) {
         return kMemberMissing;
     }
-    readList(pMember, {extents.begin(), extents.size()}, 0, store);
+    readList(pMember, {extents.begin(), extents.size()}, 0, take);
     return kSuccess;
 }
 
@@ -75,23 +85,19 @@ void reserve(QvJsonValue_t* pList, std::size_t number)
     }
 }
 
-/// Calls add(list, index in the record) for each element of the record; lists inside are attached before they are
-/// filled.
+/// Calls add(list, number, index of the first one in the record) for each innermost list; lists inside are attached
+/// before they are filled.
 template <class Add>
 int writeList(QvJsonValue_t* pList, Extents extents, std::size_t base, const Place& place, const Add& add)
 {
+    if (extents.size() == 1) {
+        const int status = add(pList, extents.front(), base);
+        return status == kSuccess ? status : traceFailure(place, status);
+    }
     reserve(pList, extents.front());
     for (std::size_t i = 0; i < extents.front(); ++i) {
-        int status = 0;
-        if (extents.size() == 1) {
-            status = add(pList, base + i);
-            if (status != kSuccess) {
-                return traceFailure(place, status);
-            }
-            continue;
-        }
         QvJsonValue_t* pRow = nullptr;
-        status = QvJsonValue_create(QvJsonValueType_Array, &pRow);
+        int status = QvJsonValue_create(QvJsonValueType_Array, &pRow);
         if (status != kSuccess) {
             return traceFailure(place, status);
         }
@@ -106,6 +112,20 @@ int writeList(QvJsonValue_t* pList, Extents extents, std::size_t base, const Pla
         }
     }
     return kSuccess;
+}
+
+/// Adds elements one by one: add(list, index in the record).
+template <class Add>
+auto oneByOne(const Add& add)
+{
+    return [add](QvJsonValue_t* pList, std::size_t number, std::size_t base) {
+        reserve(pList, number);
+        int status = kSuccess;
+        for (std::size_t i = 0; status == kSuccess && i < number; ++i) {
+            status = add(pList, base + i);
+        }
+        return status;
+    };
 }
 
 /// A list of one level stands in the member that the lookup makes: with no elements it stays empty.
@@ -138,80 +158,135 @@ int traced(const Place& place, int status)
     return status == kSuccess ? status : traceFailure(place, status);
 }
 
-/// A number as a float. Most are of their own kind and need no call; what becomes of the others the JSON library says.
-inline double floatOf(QvJsonValue_t& item)
+/// Where a record holds numbers of one kind.
+struct Numbers {
+    void* pData;
+    std::size_t width; ///< bytes of one
+    Element element;   ///< Integer, Float or Double
+    bool isSigned;     ///< of integers, for writing
+
+    char* at(std::size_t index) const { return static_cast<char*>(pData) + index * width; }
+};
+
+Numbers floatsAt(float* pData)
 {
-    return item.type == QvJsonValueType_Float ? item.holder._float : QvJsonValue_asFloat(&item);
+    return {pData, sizeof(float), Element::Float, true};
 }
 
-inline ssize_t integerOf(QvJsonValue_t& item)
+Numbers doublesAt(double* pData)
 {
-    return item.type == QvJsonValueType_Integer ? item.holder.integer : QvJsonValue_asInteger(&item);
+    return {pData, sizeof(double), Element::Double, true};
 }
 
-auto floatStore(float* pData)
+/// The kind of numbers for the JSON library. False where it has none for them.
+bool kindOf(const Numbers& numbers, QvJsonNumber_t* pKind)
 {
-    return [pData](QvJsonValue_t& item, std::size_t at) { pData[at] = static_cast<float>(floatOf(item)); };
-}
-
-auto floatAdd(const float* pData)
-{
-    return [pData](QvJsonValue_t* pList, std::size_t at) {
-        return QvJsonValue_addFloatToArray(pList, static_cast<double>(pData[at]));
-    };
-}
-
-/// Stores the low bytes of integers of type T.
-template <class T>
-auto narrowStore(void* pData)
-{
-    return [pData](QvJsonValue_t& item, std::size_t at) {
-        const auto value = static_cast<T>(integerOf(item));
-        std::memcpy(static_cast<char*>(pData) + at * sizeof(T), &value, sizeof(T));
-    };
-}
-
-/// Reads a list of integers. The widths that fill the documents have a loop each, the others ask the conversion.
-int readIntegers(QvJsonValue_t* pValue, const char* pKey, std::initializer_list<std::size_t> extents, void* pData,
-                 std::size_t stride)
-{
-    switch (stride) {
-    case sizeof(std::uint8_t):
-        return readMember(pValue, pKey, extents, narrowStore<std::uint8_t>(pData));
-    case sizeof(std::uint16_t):
-        return readMember(pValue, pKey, extents, narrowStore<std::uint16_t>(pData));
+    if (numbers.pData == nullptr) {
+        return false;
+    }
+    if (numbers.element != Element::Integer) {
+        *pKind = numbers.element == Element::Float ? QvJsonNumber_Float : QvJsonNumber_Double;
+        return true;
+    }
+    switch (numbers.width) {
+    case 1:
+        *pKind = numbers.isSigned ? QvJsonNumber_Int8 : QvJsonNumber_Uint8;
+        return true;
+    case 2:
+        *pKind = numbers.isSigned ? QvJsonNumber_Int16 : QvJsonNumber_Uint16;
+        return true;
+    case 4:
+        *pKind = numbers.isSigned ? QvJsonNumber_Int32 : QvJsonNumber_Uint32;
+        return true;
+    case 8:
+        *pKind = QvJsonNumber_Int64;
+        return true;
     default:
-        return readMember(pValue, pKey, extents, [pData, stride](QvJsonValue_t& item, std::size_t at) {
-            QvCommonConvert_integer2Binary(pData, stride, at, integerOf(item));
-        });
+        return false;
     }
 }
 
-/// Adds integers of type T.
-template <class T>
-auto narrowAdd(const void* pData)
+void takeNumber(QvJsonValue_t* pList, std::size_t index, const Numbers& numbers, std::size_t at)
 {
-    return [pData](QvJsonValue_t* pList, std::size_t at) {
-        T value{};
-        std::memcpy(&value, static_cast<const char*>(pData) + at * sizeof(T), sizeof(T));
-        return QvJsonValue_addIntegerToArray(pList, value);
-    };
+    if (numbers.element == Element::Integer) {
+        QvCommonConvert_integer2Binary(numbers.pData, numbers.width, at, QvJsonValue_itemAsInteger(pList, index));
+        return;
+    }
+    const double value = QvJsonValue_itemAsFloat(pList, index);
+    if (numbers.element == Element::Double) {
+        std::memcpy(numbers.at(at), &value, sizeof value);
+    } else {
+        const auto rounded = static_cast<float>(value);
+        std::memcpy(numbers.at(at), &rounded, sizeof rounded);
+    }
 }
 
-/// Hands the way to add an element to write(add): as for reading, the widths that fill the documents have a loop each.
-template <class Write>
-int writeIntegers(bool isSigned, void* pData, std::size_t stride, const Write& write)
+int addNumber(QvJsonValue_t* pList, const Numbers& numbers, std::size_t at)
 {
-    switch (stride) {
-    case sizeof(std::uint8_t):
-        return isSigned ? write(narrowAdd<std::int8_t>(pData)) : write(narrowAdd<std::uint8_t>(pData));
-    case sizeof(std::uint16_t):
-        return isSigned ? write(narrowAdd<std::int16_t>(pData)) : write(narrowAdd<std::uint16_t>(pData));
-    default:
-        return write([=](QvJsonValue_t* pList, std::size_t at) {
-            return QvJsonValue_addIntegerToArray(pList, QvCommonConvert_integer2Binary_(isSigned, pData, stride, at));
-        });
+    if (numbers.element == Element::Integer) {
+        return QvJsonValue_addIntegerToArray(
+            pList, QvCommonConvert_integer2Binary_(numbers.isSigned, numbers.pData, numbers.width, at));
     }
+    double value = 0;
+    if (numbers.element == Element::Double) {
+        std::memcpy(&value, numbers.at(at), sizeof value);
+    } else {
+        float narrow = 0;
+        std::memcpy(&narrow, numbers.at(at), sizeof narrow);
+        value = static_cast<double>(narrow);
+    }
+    return QvJsonValue_addFloatToArray(pList, value);
+}
+
+/// The first numbers of a list go to the record, from the place `base` on.
+void takeNumbers(QvJsonValue_t* pList, std::size_t number, const Numbers& numbers, std::size_t base)
+{
+    QvJsonNumber_t kind{};
+    if (QvJsonCompact_numbers != nullptr && kindOf(numbers, &kind)) {
+        QvJsonCompact_numbers(pList, kind, numbers.at(base), number);
+        return;
+    }
+    for (std::size_t i = 0; i < number; ++i) {
+        takeNumber(pList, i, numbers, base + i);
+    }
+}
+
+int addNumbers(QvJsonValue_t* pList, std::size_t number, const Numbers& numbers, std::size_t base)
+{
+    QvJsonNumber_t kind{};
+    if (QvJsonCompact_addNumbers != nullptr && kindOf(numbers, &kind)) {
+        return QvJsonCompact_addNumbers(pList, kind, numbers.at(base), number);
+    }
+    reserve(pList, number);
+    int status = kSuccess;
+    for (std::size_t i = 0; status == kSuccess && i < number; ++i) {
+        status = addNumber(pList, numbers, base + i);
+    }
+    return status;
+}
+
+int readNumbers(QvJsonValue_t* pValue, const char* pKey, std::initializer_list<std::size_t> extents,
+                const Numbers& numbers)
+{
+    return readMember(pValue, pKey, extents, [&](QvJsonValue_t* pList, std::size_t number, std::size_t base) {
+        takeNumbers(pList, number, numbers, base);
+    });
+}
+
+int writeFlatNumbers(QvJsonValue_t* pValue, const char* pKey, std::size_t length, const Place& place,
+                     const Numbers& numbers)
+{
+    return writeFlat(pValue, pKey, length, place, [&](QvJsonValue_t* pList, std::size_t number, std::size_t base) {
+        return addNumbers(pList, number, numbers, base);
+    });
+}
+
+int writeNestedNumbers(QvJsonValue_t* pValue, const char* pKey, std::initializer_list<std::size_t> extents,
+                       const Place& place, const Numbers& numbers)
+{
+    return writeNested(pValue, pKey, extents, place, [&](QvJsonValue_t* pList, std::size_t number, std::size_t base) {
+        return addNumbers(pList, number, numbers, base);
+    });
 }
 
 } // namespace
@@ -224,10 +299,12 @@ int readRows(QvJsonValue_t* pValue, float* pData, std::size_t limit, const char*
     }
     const std::size_t rows = QvJsonValue_size(pMember);
     for (std::size_t i = 0; i < rows; ++i) {
-        const std::span<QvJsonValue_t> row = itemsOf(QvJsonValue_item(pMember, i));
-        for (std::size_t j = 0; j < row.size() && j + i * row.size() < limit; ++j) {
-            pData[j + i * row.size()] = static_cast<float>(floatOf(row[j]));
+        QvJsonValue_t* pRow = QvJsonValue_item(pMember, i);
+        const std::size_t length = QvJsonValue_size(pRow);
+        if (i * length >= limit) {
+            continue;
         }
+        takeNumbers(pRow, std::min(length, limit - i * length), floatsAt(pData), i * length);
     }
     return kSuccess;
 }
@@ -248,8 +325,11 @@ int QvDatabaseAccess_bool(QvJsonValue_t* pValue, bool* pData, const char* pKey)
 
 int QvDatabaseAccess_bools(QvJsonValue_t* pValue, bool* pData, std::size_t length, const char* pKey)
 {
-    return readMember(pValue, pKey, {length},
-                      [pData](QvJsonValue_t& item, std::size_t at) { pData[at] = QvJsonValue_asBoolean(&item); });
+    return readMember(pValue, pKey, {length}, [pData](QvJsonValue_t* pList, std::size_t number, std::size_t base) {
+        for (std::size_t i = 0; i < number; ++i) {
+            pData[base + i] = QvJsonValue_itemAsBoolean(pList, i);
+        }
+    });
 }
 
 int QvDatabaseAccess_chars(QvJsonValue_t* pValue, char* pData, std::size_t length, const char* pKey)
@@ -268,10 +348,12 @@ int QvDatabaseAccess_chars(QvJsonValue_t* pValue, char* pData, std::size_t lengt
 int QvDatabaseAccess_chars22(QvJsonValue_t* pValue, char* pData, std::size_t length, std::size_t length2,
                              const char* pKey)
 {
-    return readMember(pValue, pKey, {length}, [=](QvJsonValue_t& item, std::size_t at) {
-        const char* pText = QvJsonValue_asString(&item);
-        if (pText != nullptr) {
-            std::strncpy(pData + at * length2, pText, length2);
+    return readMember(pValue, pKey, {length}, [=](QvJsonValue_t* pList, std::size_t number, std::size_t base) {
+        for (std::size_t i = 0; i < number; ++i) {
+            const char* pText = QvJsonValue_itemAsString(pList, i);
+            if (pText != nullptr) {
+                std::strncpy(pData + (base + i) * length2, pText, length2);
+            }
         }
     });
 }
@@ -288,8 +370,7 @@ int QvDatabaseAccess_double(QvJsonValue_t* pValue, double* pData, const char* pK
 
 int QvDatabaseAccess_doubles(QvJsonValue_t* pValue, double* pData, std::size_t length, const char* pKey)
 {
-    return readMember(pValue, pKey, {length},
-                      [pData](QvJsonValue_t& item, std::size_t at) { pData[at] = floatOf(item); });
+    return readNumbers(pValue, pKey, {length}, doublesAt(pData));
 }
 
 int QvDatabaseAccess_float(QvJsonValue_t* pValue, float* pData, const char* pKey)
@@ -304,7 +385,7 @@ int QvDatabaseAccess_float(QvJsonValue_t* pValue, float* pData, const char* pKey
 
 int QvDatabaseAccess_floats(QvJsonValue_t* pValue, float* pData, std::size_t length, const char* pKey)
 {
-    return readMember(pValue, pKey, {length}, floatStore(pData));
+    return readNumbers(pValue, pKey, {length}, floatsAt(pData));
 }
 
 int QvDatabaseAccess_floats21(QvJsonValue_t* pValue, float* pData, std::size_t /*length*/, const char* pKey)
@@ -315,13 +396,13 @@ int QvDatabaseAccess_floats21(QvJsonValue_t* pValue, float* pData, std::size_t /
 int QvDatabaseAccess_floats22(QvJsonValue_t* pValue, float* pData, std::size_t length, std::size_t length2,
                               const char* pKey)
 {
-    return readMember(pValue, pKey, {length, length2}, floatStore(pData));
+    return readNumbers(pValue, pKey, {length, length2}, floatsAt(pData));
 }
 
 int QvDatabaseAccess_floats33(QvJsonValue_t* pValue, float* pData, std::size_t length, std::size_t length2,
                               std::size_t length3, const char* pKey)
 {
-    return readMember(pValue, pKey, {length, length2, length3}, floatStore(pData));
+    return readNumbers(pValue, pKey, {length, length2, length3}, floatsAt(pData));
 }
 
 int QvDatabaseAccess_integer(QvJsonValue_t* pValue, void* pData, std::size_t stride, const char* pKey)
@@ -337,19 +418,19 @@ int QvDatabaseAccess_integer(QvJsonValue_t* pValue, void* pData, std::size_t str
 int QvDatabaseAccess_integers(QvJsonValue_t* pValue, void* pData, std::size_t stride, std::size_t length,
                               const char* pKey)
 {
-    return readIntegers(pValue, pKey, {length}, pData, stride);
+    return readNumbers(pValue, pKey, {length}, {pData, stride, Element::Integer, false});
 }
 
 int QvDatabaseAccess_intergers22(QvJsonValue_t* pValue, void* pData, std::size_t stride, std::size_t length,
                                  std::size_t length2, const char* pKey)
 {
-    return readIntegers(pValue, pKey, {length, length2}, pData, stride);
+    return readNumbers(pValue, pKey, {length, length2}, {pData, stride, Element::Integer, false});
 }
 
 int QvDatabaseAccess_intergers33(QvJsonValue_t* pValue, void* pData, std::size_t stride, std::size_t length,
                                  std::size_t length2, std::size_t length3, const char* pKey)
 {
-    return readIntegers(pValue, pKey, {length, length2, length3}, pData, stride);
+    return readNumbers(pValue, pKey, {length, length2, length3}, {pData, stride, Element::Integer, false});
 }
 
 int QvDatabaseAccess_objects(QvJsonValue_t* pValue, void* pData, std::size_t stride, std::size_t length,
@@ -391,9 +472,9 @@ int QvDatabaseAccess_bool_(QvJsonValue_t* pValue, bool* pData, const char* pKey)
 
 int QvDatabaseAccess_bools_(QvJsonValue_t* pValue, bool* pData, std::size_t length, const char* pKey)
 {
-    return writeFlat(pValue, pKey, length, QV_HERE, [pData](QvJsonValue_t* pList, std::size_t at) {
-        return QvJsonValue_addBooleanToArray(pList, isTrue(pData + at));
-    });
+    return writeFlat(pValue, pKey, length, QV_HERE, oneByOne([pData](QvJsonValue_t* pList, std::size_t at) {
+                         return QvJsonValue_addBooleanToArray(pList, isTrue(pData + at));
+                     }));
 }
 
 int QvDatabaseAccess_chars_(QvJsonValue_t* pValue, char* pData, const char* pKey)
@@ -404,9 +485,9 @@ int QvDatabaseAccess_chars_(QvJsonValue_t* pValue, char* pData, const char* pKey
 int QvDatabaseAccess_chars22_(QvJsonValue_t* pValue, char* pData, std::size_t length, std::size_t length2,
                               const char* pKey)
 {
-    return writeNested(pValue, pKey, {length}, QV_HERE, [=](QvJsonValue_t* pList, std::size_t at) {
-        return QvJsonValue_addStringToArray(pList, pData + at * length2);
-    });
+    return writeNested(pValue, pKey, {length}, QV_HERE, oneByOne([=](QvJsonValue_t* pList, std::size_t at) {
+                           return QvJsonValue_addStringToArray(pList, pData + at * length2);
+                       }));
 }
 
 int QvDatabaseAccess_double_(QvJsonValue_t* pValue, double* pData, const char* pKey)
@@ -416,9 +497,7 @@ int QvDatabaseAccess_double_(QvJsonValue_t* pValue, double* pData, const char* p
 
 int QvDatabaseAccess_doubles_(QvJsonValue_t* pValue, double* pData, std::size_t length, const char* pKey)
 {
-    return writeFlat(pValue, pKey, length, QV_HERE, [pData](QvJsonValue_t* pList, std::size_t at) {
-        return QvJsonValue_addFloatToArray(pList, pData[at]);
-    });
+    return writeFlatNumbers(pValue, pKey, length, QV_HERE, doublesAt(pData));
 }
 
 int QvDatabaseAccess_float_(QvJsonValue_t* pValue, float* pData, const char* pKey)
@@ -428,26 +507,26 @@ int QvDatabaseAccess_float_(QvJsonValue_t* pValue, float* pData, const char* pKe
 
 int QvDatabaseAccess_floats_(QvJsonValue_t* pValue, float* pData, std::size_t length, const char* pKey)
 {
-    return writeFlat(pValue, pKey, length, QV_HERE, floatAdd(pData));
+    return writeFlatNumbers(pValue, pKey, length, QV_HERE, floatsAt(pData));
 }
 
 int QvDatabaseAccess_floats21_(QvJsonValue_t* pValue, float* pData, std::size_t length, const char* pKey,
                                std::size_t stride)
 {
     const std::size_t rows = stride == 0 ? 0 : length / stride;
-    return writeNested(pValue, pKey, {rows, stride}, QV_HERE, floatAdd(pData));
+    return writeNestedNumbers(pValue, pKey, {rows, stride}, QV_HERE, floatsAt(pData));
 }
 
 int QvDatabaseAccess_floats22_(QvJsonValue_t* pValue, float* pData, std::size_t length, std::size_t length2,
                                const char* pKey)
 {
-    return writeNested(pValue, pKey, {length, length2}, QV_HERE, floatAdd(pData));
+    return writeNestedNumbers(pValue, pKey, {length, length2}, QV_HERE, floatsAt(pData));
 }
 
 int QvDatabaseAccess_floats33_(QvJsonValue_t* pValue, float* pData, std::size_t length, std::size_t length2,
                                std::size_t length3, const char* pKey)
 {
-    return writeNested(pValue, pKey, {length, length2, length3}, QV_HERE, floatAdd(pData));
+    return writeNestedNumbers(pValue, pKey, {length, length2, length3}, QV_HERE, floatsAt(pData));
 }
 
 int QvDatabaseAccess_integer_(QvJsonValue_t* pValue, bool isSigned, void* pData, std::size_t stride, const char* pKey)
@@ -459,27 +538,20 @@ int QvDatabaseAccess_integer_(QvJsonValue_t* pValue, bool isSigned, void* pData,
 int QvDatabaseAccess_integers_(QvJsonValue_t* pValue, bool isSigned, void* pData, std::size_t stride,
                                std::size_t length, const char* pKey)
 {
-    const Place place = QV_HERE;
-    return writeIntegers(isSigned, pData, stride,
-                         [&](const auto& add) { return writeFlat(pValue, pKey, length, place, add); });
+    return writeFlatNumbers(pValue, pKey, length, QV_HERE, {pData, stride, Element::Integer, isSigned});
 }
 
 int QvDatabaseAccess_intergers22_(QvJsonValue_t* pValue, bool isSigned, void* pData, std::size_t stride,
                                   std::size_t length, std::size_t length2, const char* pKey)
 {
-    const Place place = QV_HERE;
-    return writeIntegers(isSigned, pData, stride, [&](const auto& add) {
-        return writeNested(pValue, pKey, {length, length2}, place, add);
-    });
+    return writeNestedNumbers(pValue, pKey, {length, length2}, QV_HERE, {pData, stride, Element::Integer, isSigned});
 }
 
 int QvDatabaseAccess_intergers33_(QvJsonValue_t* pValue, bool isSigned, void* pData, std::size_t stride,
                                   std::size_t length, std::size_t length2, std::size_t length3, const char* pKey)
 {
-    const Place place = QV_HERE;
-    return writeIntegers(isSigned, pData, stride, [&](const auto& add) {
-        return writeNested(pValue, pKey, {length, length2, length3}, place, add);
-    });
+    return writeNestedNumbers(pValue, pKey, {length, length2, length3}, QV_HERE,
+                              {pData, stride, Element::Integer, isSigned});
 }
 
 int QvDatabaseAccess_objects_(QvJsonValue_t* pValue, void* pData, std::size_t stride, std::size_t length,

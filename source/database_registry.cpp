@@ -15,6 +15,16 @@
 #include "database_trace.h"
 
 namespace qv::database {
+
+namespace initialization {
+extern const TableOf<QvDatabaseCModel_t> kCModel;
+extern const TableOf<QvDatabaseDevice_t> kDevice;
+extern const TableOf<QvDatabaseInput_t> kInput;
+extern const TableOf<QvDatabaseOutput_t> kOutput;
+extern const TableOf<QvDatabaseSensor_t> kSensor;
+extern const TableOf<QvDatabaseTransmit_t> kTransmit;
+} // namespace initialization
+
 namespace {
 
 template <class R>
@@ -31,9 +41,9 @@ constexpr Category category(const char* pKey, const char* pRecord, Codec tuning 
 #define QV_UNTUNED(key, stem) category<&stem##_reset>(key, #stem "_t")
 #define QV_TUNED(key, stem) category<&stem##_reset>(key, #stem "_t", QV_CODEC(stem))
 #define QV_CLASS(name) QV_CODEC(QvDatabaseProtocolSimulator_##name)
-#define QV_SECTION(name)                                                                                               \
+#define QV_SECTION(name, table)                                                                                        \
     makeSectionCodec<&QvDatabaseProtocolInitialization_##name##_parse,                                                 \
-                     &QvDatabaseProtocolInitialization_##name##_serialize>()
+                     &QvDatabaseProtocolInitialization_##name##_serialize>(initialization::table)
 
 // The order is that of registration. HTG and HTG_2 stand twice on purpose: the second pair replaces the first, and all
 // code goes through the key.
@@ -47,7 +57,7 @@ constexpr Category kCategories[] = {
     QV_TUNED("A3DNR_2_1", QvDatabaseAuto3DNoiseReduction_2_1).simulated(QV_CLASS(auto3DNoiseReduction_2_1)),
     QV_TUNED("BLS", QvDatabaseBlackLevelSubtraction).simulated(QV_CLASS(blackLevelSubtraction)),
     QV_TUNED("ABLS", QvDatabaseAutoBlackLevelSubtraction).simulated(QV_CLASS(autoBlackLevelSubtraction)),
-    QV_TUNED("C_MODEL", QvDatabaseCModel).unguarded().sectioned(QV_SECTION(cModel)),
+    QV_TUNED("C_MODEL", QvDatabaseCModel).unguarded().sectioned(QV_SECTION(cModel, kCModel)),
     QV_TUNED("CCM_1_1", QvDatabaseColorCorrectionMatrix_1_1).simulated(QV_CLASS(colorCorrectionMatrix_1_1)),
     QV_TUNED("ACCM_1_1", QvDatabaseAutoColorCorrectionMatrix_1_1).simulated(QV_CLASS(AutoColorCorrectionMatrix_1_1)),
     QV_TUNED("CNR_2_2", QvDatabaseColorNoiseReduction_2_2).simulated(QV_CLASS(colorNoiseReduction_2_2)),
@@ -59,7 +69,7 @@ constexpr Category kCategories[] = {
     QV_TUNED("ADPCC", QvDatabaseAutoDefectPixelClusterCorrection).simulated(QV_CLASS(autoDefectPixelClusterCorrection)),
     QV_TUNED("DMSC_2", QvDatabaseDeMosaic_2).simulated(QV_CLASS(deMosaic_2)),
     QV_TUNED("ADMSC_2", QvDatabaseAutoDeMosaic_2).simulated(QV_CLASS(autoDeMosaic_2)),
-    QV_TUNED("DVC", QvDatabaseDevice).sectioned(QV_SECTION(device)),
+    QV_TUNED("DVC", QvDatabaseDevice).sectioned(QV_SECTION(device, kDevice)),
     QV_TUNED("DG", QvDatabaseDigitalGain).simulated(QV_CLASS(digitalGain)),
     QV_TUNED("DUMP", QvDatabaseDump),
     QV_TUNED("EE_2", QvDatabaseEdgeEnhance_2).simulated(QV_CLASS(edgeEnhance_2)),
@@ -80,20 +90,20 @@ constexpr Category kCategories[] = {
     QV_TUNED("HTG_2", QvDatabaseHistogram_2).simulated(QV_CLASS(histogram_2)),
     QV_TUNED("HTG", QvDatabaseHistogram).simulated(QV_CLASS(histogram)),
     QV_TUNED("HTG_2", QvDatabaseHistogram_2).simulated(QV_CLASS(histogram_2)),
-    QV_TUNED("IPT", QvDatabaseInput).sectioned(QV_SECTION(input)),
+    QV_TUNED("IPT", QvDatabaseInput).sectioned(QV_SECTION(input, kInput)),
     QV_UNTUNED("ISP", QvDatabaseIsp).simulated(QV_CLASS(isp)),
     QV_TUNED("LSC_4", QvDatabaseLensShadingCorrection_4).simulated(QV_CLASS(lensShadingCorrection_4)),
     QV_TUNED("ALSC_4", QvDatabaseAutoLensShadingCorrection_4).simulated(QV_CLASS(autoLensShadingCorrection_4)),
     QV_UNTUNED("MT", QvDatabaseMeta),
     QV_TUNED("MISC", QvDatabaseMisc).simulated(QV_CLASS(misc)),
     QV_UNTUNED("MD", QvDatabaseMetaDriver).simulated(QV_CLASS(metaDriver)),
-    QV_TUNED("OPT", QvDatabaseOutput).sectioned(QV_SECTION(output)),
+    QV_TUNED("OPT", QvDatabaseOutput).sectioned(QV_SECTION(output, kOutput)),
     QV_UNTUNED("RGT", QvDatabaseRegister),
     QV_TUNED("RGBIR_1_1", QvDatabaseRgbInfraredRadiation_1_1).simulated(QV_CLASS(rgbInfraredRadiation_1_1)),
-    QV_TUNED("SS", QvDatabaseSensor).unguarded().simulated(QV_CLASS(sensor)).sectioned(QV_SECTION(sensor)),
+    QV_TUNED("SS", QvDatabaseSensor).unguarded().simulated(QV_CLASS(sensor)).sectioned(QV_SECTION(sensor, kSensor)),
     QV_UNTUNED("ST", QvDatabaseSetting),
     QV_TUNED("TL", QvDatabaseTile),
-    QV_TUNED("TM", QvDatabaseTransmit).sectioned(QV_SECTION(transmit)),
+    QV_TUNED("TM", QvDatabaseTransmit).sectioned(QV_SECTION(transmit, kTransmit)),
     QV_TUNED("WB_1_1", QvDatabaseWhiteBalance_1_1).simulated(QV_CLASS(whiteBalance_1_1)),
     QV_TUNED("AWM", QvDatabaseAutoWorkMode).simulated(QV_CLASS(autoWorkMode)),
     QV_TUNED("AWB_3", QvDatabaseAutoWhiteBalance_3).simulated(QV_CLASS(autoWhiteBalance_3)),

@@ -10,6 +10,7 @@
 #include <qv_database_c/database_setting.h>
 #include <qv_database_c/database_tuning.h>
 #include <qv_database_c/protocol_simulator_codecs.h>
+#include <qv_json_c/json_compact.h>
 
 #include "database_registry.h"
 #include "database_shortage.h"
@@ -36,7 +37,16 @@ extern constinit const TableOf<Record> kVersion = QV_TABLE("version", kRows);
 
 using namespace qv::database;
 
+// Not in the contract of the JSON library: with a build of it that lacks this one, the tree of a save takes more memory.
+extern "C" [[gnu::weak]] decltype(QvJsonCompact_create) QvJsonCompact_create;
+
 namespace {
+
+int createDocument(QvJsonValue_t** ppDocument)
+{
+    return QvJsonCompact_create != nullptr ? QvJsonCompact_create(ppDocument)
+                                           : QvJsonValue_create(QvJsonValueType_Object, ppDocument);
+}
 
 /// Calibration begins from a clean record at each load, unlike every other category. Its reader takes a text. A
 /// document that has been parsed is not parsed once more for that: its tree gives the same record, status and traces,
@@ -163,7 +173,7 @@ int QvDatabaseText_serialize(QvDatabaseHandle_t handle, QvCommonBuffer_t* pBuffe
         return kBadArgument;
     }
     QvJsonValue_t* pDocument = nullptr;
-    QV_TRY(QvJsonValue_create(QvJsonValueType_Object, &pDocument));
+    QV_TRY(createDocument(&pDocument));
     // Nor is it where the version fails, whose member is gone then.
     QV_TRY(version_serialize(handle, writableMember(pDocument, "version")));
     int status = serializeMembers(handle, pDocument, __func__);

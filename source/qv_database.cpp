@@ -19,6 +19,7 @@
 #include <qv_database_c/database_setting.h>
 #include <qv_database_c/database_text.h>
 #include <qv_database_c/protocol_simulator_codecs.h>
+#include <qv_json_c/json_compact.h>
 
 #include "database_binary.h"
 #include "database_registry.h"
@@ -29,6 +30,9 @@
 // Not in the contract of the common library: with a build of it that lacks this one, an image is brought together
 // first.
 extern "C" [[gnu::weak]] decltype(QvCommonBuffer_saveParts) QvCommonBuffer_saveParts;
+
+// Nor in that of the JSON library: without it the tree of a load takes more memory.
+extern "C" [[gnu::weak]] decltype(QvJsonCompact_setReader) QvJsonCompact_setReader;
 
 using namespace qv::database;
 
@@ -138,6 +142,7 @@ int QvDatabase_open(QvDatabaseOpenParam_t* pParam, QvDatabaseHandle_t* pHandle)
     QV_TRY(QvInitializationReader_open(&pContext->hInitializationReader));
     QV_TRY(QvInitializationWriter_open(&pContext->hInitializationWriter));
     QV_TRY(QvJsonReader_open(&pContext->hJsonReader));
+    QV_TRY(QvJsonCompact_setReader != nullptr ? QvJsonCompact_setReader(pContext->hJsonReader) : kSuccess);
     QvJsonWriterOpenParam_t writerParam{};
     writerParam.decimals = 6;
     writerParam.elementNumberPerLine = 0;

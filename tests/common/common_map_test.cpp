@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 #include <set>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -51,6 +53,35 @@ TEST_F(CommonMap, SecondAddOfAKeyReplacesAndReleasesTheFirstAtOnce)
     ASSERT_EQ(QvCommonMap_add(hMap_, "HTG_2", &pSlot), 0);
     EXPECT_EQ(released.size(), 1U);
     EXPECT_EQ(pSlot->pObject, &objects_[1]);
+}
+
+// Keys of up to 16 characters are looked up in another way than longer ones.
+TEST_F(CommonMap, KeysOfEveryLengthAreTold)
+{
+    std::vector<std::string> keys;
+    for (std::size_t length = 0; length <= 40; ++length) {
+        keys.push_back(std::string(length, 'k')); // each is the begin of the next
+        keys.push_back(std::string(length, 'k') + "e");
+        keys.push_back("\xE4" + std::string(length, '\xFF'));
+    }
+    std::vector<int> places(keys.size());
+    for (std::size_t half = 0; half < 2; ++half) {
+        for (std::size_t i = 0; i < keys.size(); ++i) {
+            QvCommonMapSlot_t* pSlot = nullptr;
+            const bool isThere = i % 2 < half;
+            ASSERT_EQ(QvCommonMap_get(hMap_, keys[i].c_str(), &pSlot), isThere ? 0 : 8) << keys[i];
+            ASSERT_EQ(pSlot->pObject, isThere ? &places[i] : nullptr);
+        }
+        for (std::size_t i = half; i < keys.size(); i += 2) {
+            ASSERT_EQ(add(keys[i].c_str(), &places[i]), 0);
+        }
+    }
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        QvCommonMapSlot_t* pSlot = nullptr;
+        ASSERT_EQ(QvCommonMap_get(hMap_, keys[i].c_str(), &pSlot), 0) << keys[i];
+        ASSERT_EQ(pSlot->pObject, &places[i]);
+    }
+    EXPECT_TRUE(released.empty());
 }
 
 TEST_F(CommonMap, MissLeadsToASlotThatCanBeRead)

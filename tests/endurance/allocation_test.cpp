@@ -41,8 +41,6 @@ constexpr Kept kKept[] = {
     {"QvDatabaseText_parse", true, "a document whose walk fails is not released"},
     {"QvDatabaseProtocolCalibration_parse", true, "nor is the reader that a calibration's text had for itself"},
     {"QvDatabase_metaLoad", true, "nor is that of frame metadata"},
-    {"QvDatabaseInitialization_serialize", true,
-     "sections stay where one can't be made, a member where its text can't"},
     {"QvCommonTime_timestamp", false, "the C library's time zone"},
     {"QvCommonTracer_file", false, "the streams of a program that opens no tracer"},
 };

@@ -137,4 +137,86 @@ TEST(InitializationWriter, WhatWasReadIsWrittenAndReadTheSame)
     EXPECT_GT(refused, 2000u);
 }
 
+// Line by line, as if there were sections. They have no comments, and only the first may lack a header.
+std::string textOf(const std::vector<Section>& sections)
+{
+    QvInitializationTextHandle_t hText = 0;
+    EXPECT_EQ(QvInitializationText_open(&hText), 0);
+    for (const Section& section : sections) {
+        if (section.header) {
+            EXPECT_EQ(QvInitializationText_addHeader(hText, section.header->c_str()), 0);
+        }
+        for (const Member& member : section.members) {
+            // What stands behind the value's characters is none of them.
+            const std::string value = member.value.value_or("") + "behind";
+            EXPECT_EQ(QvInitializationText_addMember(hText, member.key.c_str(), member.value ? value.data() : nullptr,
+                                                     value.size() - 6),
+                      0);
+        }
+    }
+    QvCommonBuffer_t buffer = {};
+    EXPECT_EQ(QvInitializationText_finish(hText, &buffer), 0);
+    EXPECT_EQ(QvInitializationText_close(&hText), 0);
+    EXPECT_EQ(hText, 0u);
+    EXPECT_EQ(buffer.pBegin[buffer.size], 0);
+    std::string text(buffer.pBegin, buffer.size);
+    QvCommonBuffer_clear(&buffer);
+    return text;
+}
+
+TEST(InitializationText, LinesGiveTheTextOfTheSections)
+{
+    std::mt19937 random(112);
+    const auto text = [&random] {
+        std::string made;
+        for (std::size_t i = random() % 4; i > 0; i--) {
+            made += random() % 2 == 0 ? kPieces[random() % std::size(kPieces)] : "word";
+        }
+        return made;
+    };
+    EXPECT_EQ(textOf({}), "");
+    EXPECT_EQ(textOf({{"a"}, {"b"}}), writeText({{"a"}, {"b"}}));
+    for (int round = 0; round < 3000; round++) {
+        std::vector<Section> sections(random() % 4);
+        for (std::size_t i = 0; i < sections.size(); i++) {
+            if (i != 0 || random() % 2 == 0) {
+                sections[i].header = text();
+            }
+            for (std::size_t number = random() % 5; number > 0; number--) {
+                sections[i].members.push_back({text()});
+                if (random() % 4 != 0) {
+                    sections[i].members.back().value = text();
+                }
+            }
+        }
+        ASSERT_EQ(textOf(sections), writeText(sections));
+    }
+}
+
+TEST(InitializationText, IsGivenAwayAndBeginsAnew)
+{
+    QvInitializationTextHandle_t hText = 0;
+    ASSERT_EQ(QvInitializationText_open(&hText), 0);
+    EXPECT_EQ(QvInitializationText_open(&hText), 13);
+    EXPECT_EQ(QvInitializationText_addMember(hText, nullptr, "1", 1), 13);
+    EXPECT_EQ(QvInitializationText_addHeader(hText, nullptr), 13);
+    EXPECT_EQ(QvInitializationText_finish(hText, nullptr), 13);
+    QvCommonBuffer_t buffer = {};
+    for (int round = 0; round < 2; round++) {
+        ASSERT_EQ(QvInitializationText_addMember(hText, "a", "12345", 3), 0);
+        ASSERT_EQ(QvInitializationText_finish(hText, &buffer), 0); // the buffer's text before goes
+        EXPECT_STREQ(buffer.pBegin, "a = 123\n\n");
+    }
+    const std::string large(100000, 'v'); // more than there is room for at once
+    ASSERT_EQ(QvInitializationText_addMember(hText, "large", large.data(), large.size()), 0);
+    ASSERT_EQ(QvInitializationText_finish(hText, &buffer), 0);
+    EXPECT_TRUE(buffer.pBegin == "large = " + large + "\n\n");
+    ASSERT_EQ(QvInitializationText_finish(hText, &buffer), 0);
+    EXPECT_EQ(buffer.size, 0u);
+    QvCommonBuffer_clear(&buffer);
+    EXPECT_EQ(QvInitializationText_close(&hText), 0);
+    EXPECT_EQ(QvInitializationText_close(&hText), 13);
+    EXPECT_EQ(QvInitializationText_addMember(hText, "a", "1", 1), 13);
+}
+
 } // namespace

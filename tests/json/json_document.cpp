@@ -34,19 +34,36 @@ Tree make(QvJsonValueType_t type)
     return Tree(pValue);
 }
 
-Tree read(std::string_view text, int expectedStatus)
+namespace {
+
+Tree readBy(QvJsonReaderHandle_t reader, std::string_view text, int expectedStatus)
 {
     const std::unique_ptr<char[]> exact(new char[text.size() + 1]);
     char* pText = exact.get() + 1; // the byte before keeps the block apart for the empty text
     text.copy(pText, text.size());
-    QvJsonReaderHandle_t reader = 0;
     QvJsonValue_t* pValue = nullptr;
-    EXPECT_EQ(QvJsonReader_open(&reader), 0);
     EXPECT_EQ(QvJsonReader_parse(reader, pText, pText + text.size(), &pValue), expectedStatus) << text;
     EXPECT_EQ(pValue != nullptr, expectedStatus == 0) << text;
     EXPECT_EQ(QvJsonReader_close(&reader), 0);
     EXPECT_EQ(reader, 0U);
     return Tree(pValue);
+}
+
+} // namespace
+
+Tree read(std::string_view text, int expectedStatus)
+{
+    QvJsonReaderHandle_t reader = 0;
+    EXPECT_EQ(QvJsonReader_open(&reader), 0);
+    return readBy(reader, text, expectedStatus);
+}
+
+Tree readCompact(std::string_view text, int expectedStatus)
+{
+    QvJsonReaderHandle_t reader = 0;
+    EXPECT_EQ(QvJsonReader_open(&reader), 0);
+    EXPECT_EQ(QvJsonCompact_setReader(reader), 0);
+    return readBy(reader, text, expectedStatus);
 }
 
 std::string write(QvJsonValue_t* pValue, QvJsonWriterOpenParam_t* pParam)

@@ -23,6 +23,9 @@ Tree make(QvJsonValueType_t type);
 // Reads a text out of a block of exactly its size, so that a sanitizer sees every byte that is read behind its end.
 Tree read(std::string_view text, int expectedStatus = 0);
 
+// The same as a compact tree.
+Tree readCompact(std::string_view text, int expectedStatus = 0);
+
 // The tree's text as the database writes it, or laid out otherwise.
 std::string write(QvJsonValue_t* pValue, QvJsonWriterOpenParam_t* pParam = nullptr);
 

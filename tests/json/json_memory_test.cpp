@@ -178,19 +178,24 @@ QvJsonValue_t* somePlace(QvJsonValue_t* pRoot, std::mt19937& random)
     return pValue;
 }
 
-// Changes something. Equal trees are changed alike, with parts that are read or built.
-void change(QvJsonValue_t* pRoot, std::mt19937& random, bool isBuilt)
+enum class Origin { Read, Built, Compact };
+
+Tree treeOf(std::string_view document, Origin origin)
+{
+    Tree tree = origin == Origin::Compact ? readCompact(document) : read(document);
+    return origin == Origin::Built ? built(*tree) : std::move(tree);
+}
+
+// Changes something. Equal trees are changed alike, with parts of their own origin.
+void change(QvJsonValue_t* pRoot, std::mt19937& random, Origin origin)
 {
     constexpr const char* kKeys[] = {"a", "b", "c", "new"};
     QvJsonValue_t* pPlace = somePlace(pRoot, random);
     const char* pKey = kKeys[random() % std::size(kKeys)];
     const std::string_view document = kDocuments[random() % std::size(kDocuments)];
-    const auto newTree = [&] {
-        Tree tree = read(document);
-        return isBuilt ? built(*tree).release() : tree.release();
-    };
+    const auto newTree = [&] { return treeOf(document, origin).release(); };
     QvJsonValue_t* pNew = nullptr;
-    switch (random() % 12) {
+    switch (random() % 14) {
     case 0:
         for (size_t number = random() % 40; number != 0; --number) {
             QvJsonValue_addIntegerToArray(pPlace, static_cast<ssize_t>(number));
@@ -231,6 +236,14 @@ void change(QvJsonValue_t* pRoot, std::mt19937& random, bool isBuilt)
     case 10:
         std::free(std::exchange(pPlace->pComment2, strdup(pKey)));
         break;
+    case 11: {
+        constexpr int16_t kNumbers[] = {-300, 0, 7, 32767};
+        QvJsonCompact_addNumbers(pPlace, QvJsonNumber_Int16, kNumbers, random() % 5);
+        break;
+    }
+    case 12:
+        QvJsonValue_reserve(pPlace, random() % 20);
+        break;
     default:
         if (pPlace != pRoot) {
             QvJsonValue_delete(&pPlace);
@@ -257,20 +270,25 @@ void failEachOnce(const std::function<int()>& work)
 
 } // namespace
 
-TEST(JsonMemory, ATreeThatWasReadChangesAsOneThatWasBuilt)
+TEST(JsonMemory, ATreeChangesInTheSameWayWhereverItComesFrom)
 {
     std::mt19937 random(2718);
     for (int round = 0; round < 600; ++round) {
-        const Tree first = read(kDocuments[static_cast<size_t>(round) % std::size(kDocuments)]);
-        const Tree second = built(*first);
-        for (int step = 0; step < 25; ++step) {
+        const std::string_view document = kDocuments[static_cast<size_t>(round) % std::size(kDocuments)];
+        std::mt19937 next = random;
+        std::string text;
+        for (const Origin origin : {Origin::Read, Origin::Built, Origin::Compact}) {
+            const Tree tree = treeOf(document, origin);
             std::mt19937 same = random;
-            change(first.get(), random, false);
-            change(second.get(), same, true);
+            for (int step = 0; step < 25; ++step) {
+                change(tree.get(), same, origin);
+            }
+            next = same;
+            text = text.empty() ? write(tree.get()) : text;
+            ASSERT_EQ(text, write(tree.get())) << "round " << round << ", origin " << static_cast<int>(origin);
         }
-        const std::string text = write(first.get());
-        ASSERT_EQ(text, write(second.get())) << "round " << round;
         ASSERT_EQ(text, write(read(text).get()));
+        random = next;
     }
 }
 
@@ -384,6 +402,42 @@ TEST(JsonMemory, AListThatIsReservedTakesItsMemoryAtOnce)
     const Tree none = make(QvJsonValueType_Null);
     EXPECT_EQ(QvJsonValue_reserve(none.get(), SIZE_MAX), 5);
     EXPECT_EQ(none->type, QvJsonValueType_Null);
+}
+
+// Looking into a packed list takes no memory, and a list that can't become one of values stays what it is.
+TEST(JsonMemory, APackedListOutlivesAShortage)
+{
+    std::string text = "[0";
+    for (int index = 1; index < 5000; ++index) { // as values they have room in no chunk
+        text += numbered(", ", index);
+    }
+    text += "]\n";
+    for (int index = 0; index < 16;
+         ++index) { // what is given out of no tree needs memory once, and then gives some back
+        static_cast<void>(QvJsonValue_item(nullptr, 0));
+    }
+    const ssize_t before = usedBytes;
+    Tree list = readCompact(text);
+    takenBytes = 0;
+    short numbers[3] = {};
+    EXPECT_EQ(QvJsonCompact_numbers(list.get(), QvJsonNumber_Int16, numbers, 3), 3U);
+    EXPECT_EQ(numbers[2], 2);
+    EXPECT_EQ(QvJsonValue_itemAsFloat(list.get(), 4999), 4999.0);
+    EXPECT_EQ(takenBytes, 0U);
+    for (const auto& work : {+[](QvJsonValue_t* p) { return QvJsonValue_addBooleanToArray(p, true); },
+                             +[](QvJsonValue_t* p) { return QvJsonValue_reserve(p, 5001); },
+                             +[](QvJsonValue_t* p) { return QvJsonCompact_addNumbers(p, QvJsonNumber_Int8, "", 1); },
+                             +[](QvJsonValue_t* p) { return QvJsonValue_item(p, 7)->type == 0 ? 5 : 0; }}) {
+        allowed = 0;
+        EXPECT_EQ(work(list.get()), 5);
+        allowed = -1;
+        EXPECT_TRUE(write(list.get()) == text);
+    }
+    EXPECT_EQ(QvJsonValue_addBooleanToArray(list.get(), true), 0);
+    EXPECT_EQ(QvJsonValue_size(list.get()), 5001U);
+    EXPECT_EQ(QvJsonValue_item(list.get(), 4999)->holder.integer, 4999);
+    list.reset();
+    EXPECT_EQ(usedBytes, before);
 }
 
 // A long life of changes doesn't make a tree larger and larger.

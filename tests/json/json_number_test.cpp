@@ -168,11 +168,13 @@ TEST(JsonNumber, IntegersOfEveryLengthAreWhatTheLibraryWrites)
 
 TEST(JsonNumber, ShortItemsBringTheirSeparator)
 {
-    for (uint32_t value = 0; value < 10000; ++value) {
-        std::string text(kMargin);
-        const char* pEnd = writeShortItem(text.data(), value);
-        text.resize(static_cast<size_t>(pEnd - text.data()));
-        ASSERT_EQ(text, std::to_string(value) + ", ");
+    for (uint32_t value = 0; value < 100000; ++value) {
+        for (const auto& write : {value < 10000 ? writeShortItem : writeFiveDigitItem, writeFiveDigitItem}) {
+            std::string text(kMargin);
+            const char* pEnd = write(text.data(), value);
+            text.resize(static_cast<size_t>(pEnd - text.data()));
+            ASSERT_EQ(text, std::to_string(value) + ", ");
+        }
     }
 }
 

@@ -15,9 +15,13 @@
 #include <qv_common_c/common_stdlib.h>
 #include <qv_common_c/common_string.h>
 #include <qv_initialization/initialization_member.h>
+#include <qv_initialization/initialization_text.h>
 
 #include "database_status.h"
 #include "database_trace.h"
+
+// Not in the contract of the initialization library. Nobody comes to writeLines with a build of it that lacks this one.
+extern "C" [[gnu::weak]] decltype(QvInitializationText_addMember) QvInitializationText_addMember;
 
 namespace qv::database {
 namespace {
@@ -145,6 +149,21 @@ int writeMember(const Table& table, const Field& field, std::string_view value, 
     return kSuccess;
 }
 
+/// Calls write(row, value as text) for each row.
+template <class Write>
+int writeMembers(const Table& table, const void* pRecord, const Write& write)
+{
+    const char* pBegin = static_cast<const char*>(pRecord);
+    for (const Field& field : table.rows) {
+        char digits[24];
+        const int status = write(field, writtenValue(field, pBegin + field.offset, table.size - field.offset, digits));
+        if (status != kSuccess) {
+            return status;
+        }
+    }
+    return kSuccess;
+}
+
 } // namespace
 
 int readSection(const Table& table, QvInitializationSection_t* pSection, void* pRecord)
@@ -174,16 +193,17 @@ int readSection(const Table& table, QvInitializationSection_t* pSection, void* p
 
 int writeSection(const Table& table, const void* pRecord, QvInitializationSection_t* pSection)
 {
-    const char* pBegin = static_cast<const char*>(pRecord);
-    for (const Field& field : table.rows) {
-        char digits[24];
-        const std::string_view value = writtenValue(field, pBegin + field.offset, table.size - field.offset, digits);
-        const int status = writeMember(table, field, value, pSection);
-        if (status != kSuccess) {
-            return status;
-        }
-    }
-    return kSuccess;
+    return writeMembers(table, pRecord, [&](const Field& field, std::string_view value) {
+        return writeMember(table, field, value, pSection);
+    });
+}
+
+int writeLines(const Table& table, const void* pRecord, QvInitializationTextHandle_t hText)
+{
+    return writeMembers(table, pRecord, [&](const Field& field, std::string_view value) {
+        const int status = QvInitializationText_addMember(hText, field.key, value.data(), value.size());
+        return status == kSuccess ? status : traceRow(table, field, kWriting, status);
+    });
 }
 
 } // namespace qv::database

@@ -1,11 +1,12 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cinttypes>
+#include <charconv>
 #include <csignal>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <ctime>
 #include <fcntl.h>
 #include <filesystem>
@@ -30,6 +31,7 @@ namespace fs = std::filesystem;
 constexpr int kMostLinks = 40;
 constexpr int kMostSaves = 1000; // at once of one file
 constexpr int kLookAhead = 4;
+constexpr int kBriefLookAhead = 2;
 constexpr mode_t kPermissionBits = 07777;
 
 /// While it lives a write that fails sends this thread no signal, so that the failure comes back as a status in a
@@ -120,11 +122,13 @@ int writeThrough(const char* pFilename, Parts content)
 }
 
 /// Follows symbolic links by hand, since the last one may lead to a file that doesn't exist yet.
-int followLinks(fs::path& path)
+int followLinks(std::string& filename)
 {
+    fs::path path = filename;
     for (int link = 0; link < kMostLinks; ++link) {
         std::error_code error;
         if (!fs::is_symlink(fs::symlink_status(path, error))) {
+            filename = path.string();
             return QvCommonError_Success;
         }
         const fs::path target = fs::read_symlink(path, error);
@@ -147,6 +151,11 @@ public:
         for (const char byte : target) {
             hash_ = (hash_ ^ static_cast<unsigned char>(byte)) * 0x100000001B3;
         }
+        constexpr std::string_view kBegin = ".qv_save.";
+        char* p = name_.data() + kBegin.copy(name_.data(), kBegin.size());
+        p = std::to_chars(p, name_.data() + name_.size(), hash_).ptr;
+        *p = '.';
+        pNumber_ = p + 1;
     }
 
     const char* name() const { return name_.data(); }
@@ -162,6 +171,7 @@ public:
             if (result >= 0 || errno != EEXIST) {
                 return result;
             }
+            hasMetOthers_ = true;
             if (removeLeftOver() == Found::InUse) {
                 ++number_;
             }
@@ -171,12 +181,18 @@ public:
     }
 
     /// Removes what is left over behind the name that was found. Names in between may be free: their files have gone.
-    void clean()
+    /// Looking for more than a few names takes longer than writing a small file. Who had name and file for a moment only,
+    /// and met nobody, has hardly a neighbour further off.
+    void clean(bool isBrief)
     {
-        for (int last = number_ + kLookAhead; number_ < last && number_ < kMostSaves;) {
+        const int ahead = isBrief && !hasMetOthers_ ? kBriefLookAhead : kLookAhead;
+        for (int last = number_ + ahead; number_ < last && number_ < kMostSaves;) {
             ++number_;
             makeName();
-            if (removeLeftOver() != Found::Nothing) {
+            // Mostly there is nothing, and asking is cheaper than opening.
+            struct stat named = {};
+            const bool isThere = ::fstatat(folder_, name(), &named, AT_SYMLINK_NOFOLLOW) == 0 || errno != ENOENT;
+            if (isThere && removeLeftOver() != Found::Nothing) {
                 last = number_ + kLookAhead;
             }
         }
@@ -186,7 +202,7 @@ private:
     enum class Found { Nothing, InUse, Removed };
 
     // Takes no memory: once the target is replaced nothing may make the save a failure.
-    void makeName() { std::snprintf(name_.data(), name_.size(), ".qv_save.%" PRIu64 ".%d", hash_, number_); }
+    void makeName() { *std::to_chars(pNumber_, name_.data() + name_.size(), number_).ptr = '\0'; }
 
     Found removeLeftOver() const
     {
@@ -210,8 +226,10 @@ private:
 
     int folder_;
     int number_ = 0;
+    bool hasMetOthers_ = false; // or what they left
     uint64_t hash_ = 0xCBF29CE484222325;
     std::array<char, 48> name_{};
+    char* pNumber_ = nullptr; // where in the name it stands
 };
 
 /// One replacement of a file, or the making of a new one.
@@ -226,7 +244,8 @@ public:
     int run()
     {
         int status = writeUnnamed();
-        if (status == QvCommonError_NotSupported) {
+        const bool isNamed = status == QvCommonError_NotSupported;
+        if (isNamed) {
             status = writeNamed();
         }
         if (status != QvCommonError_Success) {
@@ -237,7 +256,7 @@ public:
             ::unlinkat(folder_, names_.name(), 0);
             return status;
         }
-        names_.clean();
+        names_.clean(!isNamed);
         // The new file is there. Whether the folder is on the disk, too, can't make that undone.
         fsync(folder_);
         return QvCommonError_Success;
@@ -245,14 +264,16 @@ public:
 
 private:
     /// The mode is cut by the umask on making the file, which spares asking for the umask: that can't be done without
-    /// changing it under the feet of other threads.
-    mode_t mode() const { return pOld_ != nullptr ? 0600 : 0666; }
+    /// changing it under the feet of other threads. A file that takes another's place is nobody's to read before it has
+    /// that one's owner and mode; one without a name can't be opened anyway, and mostly has the right mode at once.
+    mode_t namedMode() const { return pOld_ != nullptr ? 0600 : 0666; }
+    mode_t unnamedMode() const { return pOld_ != nullptr ? pOld_->st_mode & 0777 : 0666; }
 
     /// A file without a name is gone with its process. It gets a name once it is whole. Not every file system knows
     /// such files, and not everywhere is there a /proc to name them by.
     int writeUnnamed()
     {
-        file_ = FileDescriptor(::openat(folder_, ".", O_WRONLY | O_TMPFILE | O_CLOEXEC, mode()));
+        file_ = FileDescriptor(::openat(folder_, ".", O_WRONLY | O_TMPFILE | O_CLOEXEC, unnamedMode()));
         if (!file_.isOpen()) {
             return QvCommonError_NotSupported;
         }
@@ -260,18 +281,29 @@ private:
             return status;
         }
         flock(file_.get(), LOCK_EX | LOCK_NB);
-        const std::string self = "/proc/self/fd/" + std::to_string(file_.get());
-        const int linked = names_.findFree(
-            [&] { return ::linkat(AT_FDCWD, self.c_str(), folder_, names_.name(), AT_SYMLINK_FOLLOW); });
+        const int linked = names_.findFree([&] { return giveName(); });
         return linked == 0 ? QvCommonError_Success : QvCommonError_NotSupported;
+    }
+
+    int giveName() const
+    {
+        // By itself is the shorter way, but not every system lets every user go it.
+        const int linked = ::linkat(file_.get(), "", folder_, names_.name(), AT_EMPTY_PATH);
+        if (linked == 0 || errno == EEXIST) {
+            return linked;
+        }
+        std::array<char, 32> self{};
+        std::snprintf(self.data(), self.size(), "/proc/self/fd/%d", file_.get());
+        return ::linkat(AT_FDCWD, self.data(), folder_, names_.name(), AT_SYMLINK_FOLLOW);
     }
 
     int writeNamed()
     {
         struct stat state = {};
         do {
-            file_ = FileDescriptor(names_.findFree(
-                [&] { return ::openat(folder_, names_.name(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode()); }));
+            file_ = FileDescriptor(names_.findFree([&] {
+                return ::openat(folder_, names_.name(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, namedMode());
+            }));
             if (!file_.isOpen()) {
                 return fileStatus(errno, QvCommonError_Write);
             }
@@ -300,6 +332,11 @@ private:
     /// Gives the new file what belongs to the old one beside its content.
     bool inherit() const
     {
+        struct stat made = {};
+        if (fstat(file_.get(), &made) == 0 && made.st_uid == pOld_->st_uid && made.st_gid == pOld_->st_gid &&
+            made.st_mode == pOld_->st_mode) {
+            return true;
+        }
         // Where the owner can't be kept the file is better saved under another one than not at all.
         [[maybe_unused]] const int owner = fchown(file_.get(), pOld_->st_uid, pOld_->st_gid);
         return fchmod(file_.get(), pOld_->st_mode & kPermissionBits) == 0;
@@ -313,13 +350,18 @@ private:
     FileDescriptor file_; // stays open, and so locked, until it has the target's name
 };
 
-int replace(const fs::path& target, const struct stat* pOld, Parts content)
+int replace(const char* pTarget, const struct stat* pOld, Parts content)
 {
+    const char* pSlash = std::strrchr(pTarget, '/');
+    const char* pName = pSlash != nullptr ? pSlash + 1 : pTarget;
+    if (*pName == '\0') {
+        return QvCommonError_NotFound;
+    }
     // Renaming doesn't ask whether the old file may be written.
-    if (pOld != nullptr && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) {
+    if (pOld != nullptr && faccessat(AT_FDCWD, pTarget, W_OK, AT_EACCESS) != 0) {
         return fileStatus(errno, QvCommonError_Write);
     }
-    const fs::path path = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    const std::string path = pSlash != nullptr ? std::string(pTarget, pName) : ".";
     FileDescriptor folder(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!folder.isOpen() && errno == EACCES) {
         // One may be written without being readable, but then it can't be flushed.
@@ -328,14 +370,18 @@ int replace(const fs::path& target, const struct stat* pOld, Parts content)
     if (!folder.isOpen()) {
         return fileStatus(errno, QvCommonError_Write);
     }
-    const fs::path name = target.filename();
-    return Replacement(folder.get(), name.c_str(), pOld, content).run();
+    return Replacement(folder.get(), pName, pOld, content).run();
 }
 
 int save(const char* pFilename, Parts content)
 {
     struct stat old = {};
-    const bool exists = ::stat(pFilename, &old) == 0;
+    int found = ::lstat(pFilename, &old);
+    const bool isLink = found == 0 && S_ISLNK(old.st_mode);
+    if (isLink) {
+        found = ::stat(pFilename, &old);
+    }
+    const bool exists = found == 0;
     if (!exists && errno != ENOENT) {
         return fileStatus(errno, QvCommonError_Write);
     }
@@ -345,12 +391,16 @@ int save(const char* pFilename, Parts content)
     if (exists && !S_ISREG(old.st_mode)) {
         return writeThrough(pFilename, content);
     }
-    fs::path target = pFilename;
-    if (!target.has_filename()) {
-        return QvCommonError_NotFound;
+    std::string target;
+    if (isLink) {
+        target = pFilename;
+        const int status = followLinks(target);
+        if (status != QvCommonError_Success) {
+            return status;
+        }
+        pFilename = target.c_str();
     }
-    const int status = followLinks(target);
-    return status == QvCommonError_Success ? replace(target, exists ? &old : nullptr, content) : status;
+    return replace(pFilename, exists ? &old : nullptr, content);
 }
 
 } // namespace

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -51,22 +51,36 @@ public:
         QvCommonMapSlot_t* pSlot = nullptr; // null: the place is open
         std::uint64_t low = 0;
         std::uint64_t high = 0;
-        std::string rest;
-
-        bool is(const Packed& key) const
-        {
-            return low == key.low && high == key.high && (*key.pRest == '\0' ? rest.empty() : rest == key.pRest);
-        }
+        std::unique_ptr<char[]> pRest; // null where nothing is left
     };
 
     /// The entry of the key, or the open place where it would stand.
     Entry& find(const Packed& key)
     {
-        std::size_t at = key.hash() & mask_;
-        while (entries_[at].pSlot != nullptr && !entries_[at].is(key)) {
-            at = (at + 1) & mask_;
+        Entry* pEntries = entries_.data();
+        for (std::size_t at = key.hash() & mask_;; at = (at + 1) & mask_) {
+            Entry& entry = pEntries[at];
+            if (entry.pSlot == nullptr) {
+                return entry;
+            }
+            if (entry.low == key.low && entry.high == key.high &&
+                (entry.pRest != nullptr ? std::strcmp(entry.pRest.get(), key.pRest) == 0 : *key.pRest == '\0')) {
+                return entry;
+            }
         }
-        return entries_[at];
+    }
+
+    /// The slot of a key that is packed whole, or null. Calls nothing, which keeps it short.
+    QvCommonMapSlot_t* findPacked(const Packed& key) const
+    {
+        const Entry* pEntries = entries_.data();
+        for (std::size_t at = key.hash() & mask_;; at = (at + 1) & mask_) {
+            const Entry& entry = pEntries[at];
+            const bool isSame = entry.low == key.low && entry.high == key.high && entry.pRest == nullptr;
+            if (isSame || entry.pSlot == nullptr) {
+                return entry.pSlot;
+            }
+        }
     }
 
     /// Room for one more; a find before it is void. May throw.
@@ -85,7 +99,7 @@ public:
             Packed key("");
             key.low = entry.low;
             key.high = entry.high;
-            key.pRest = entry.rest.c_str();
+            key.pRest = entry.pRest != nullptr ? entry.pRest.get() : "";
             find(key) = std::move(entry);
         }
     }
@@ -93,7 +107,11 @@ public:
     /// Fills an open place that find() gave. May throw, and changes nothing then.
     void take(Entry& entry, const Packed& key, QvCommonMapSlot_t* pSlot)
     {
-        entry.rest = key.pRest;
+        if (*key.pRest != '\0') {
+            const std::size_t bytes = std::strlen(key.pRest) + 1;
+            entry.pRest = std::make_unique<char[]>(bytes);
+            std::memcpy(entry.pRest.get(), key.pRest, bytes);
+        }
         entry.low = key.low;
         entry.high = key.high;
         entry.pSlot = pSlot;
@@ -119,6 +137,18 @@ private:
 /// What a lookup that misses leads to. It lies in memory that can't be written: a program that writes to an entry it
 /// doesn't have is stopped there, and can't plant an object for all others.
 const QvCommonMapSlot_t kMissing = {nullptr};
+
+inline int give(QvCommonMapSlot_t* pSlot, QvCommonMapSlot_t** ppSlot)
+{
+    *ppSlot = pSlot != nullptr ? pSlot : const_cast<QvCommonMapSlot_t*>(&kMissing);
+    return pSlot != nullptr ? QvCommonError_Success : QvCommonError_NoEntry;
+}
+
+/// For a key that is not packed whole.
+[[gnu::noinline]] int getLong(QvCommonMapHandle_t handle, const char* pKey, QvCommonMapSlot_t** ppSlot)
+{
+    return give(fromHandle<Map>(handle)->find(Map::Packed(pKey)).pSlot, ppSlot);
+}
 
 } // namespace
 
@@ -162,12 +192,14 @@ int QvCommonMap_add(QvCommonMapHandle_t handle, const char* pKey, QvCommonMapSlo
 
 int QvCommonMap_get(QvCommonMapHandle_t handle, const char* pKey, QvCommonMapSlot_t** ppSlot)
 {
-    if (handle == 0 || pKey == nullptr || ppSlot == nullptr) {
+    if (handle == 0 || pKey == nullptr || ppSlot == nullptr) [[unlikely]] {
         return QvCommonError_BadArgument;
     }
-    QvCommonMapSlot_t* pSlot = fromHandle<Map>(handle)->find(Map::Packed(pKey)).pSlot;
-    *ppSlot = pSlot != nullptr ? pSlot : const_cast<QvCommonMapSlot_t*>(&kMissing);
-    return pSlot != nullptr ? QvCommonError_Success : QvCommonError_NoEntry;
+    const Map::Packed key(pKey);
+    if (*key.pRest != '\0') [[unlikely]] {
+        return getLong(handle, pKey, ppSlot);
+    }
+    return give(fromHandle<Map>(handle)->findPacked(key), ppSlot);
 }
 
 int QvCommonMap_close(QvCommonMapHandle_t* pHandle)

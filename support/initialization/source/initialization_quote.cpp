@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 namespace qv::initialization {
 
@@ -93,21 +94,36 @@ void appendQuoted(std::string& document, std::string_view text)
     document += '"';
 }
 
-/// The characters that are misread wherever they stand.
-constexpr auto kMisread = [] {
-    std::array<bool, 256> isMisread{};
-    for (std::size_t byte = 0; byte < isMisread.size(); ++byte) {
-        isMisread[byte] = isControl(static_cast<char>(byte)) || isAnyOf(static_cast<char>(byte), kCommentMarks);
+/// What stands somewhere in a text: marks for a whole text are those of its characters together.
+constexpr uint8_t kMisread = 1; // a character that is misread wherever it stands
+constexpr uint8_t kEqual = 2;
+constexpr uint8_t kBracket = 4;
+
+constexpr auto kMarks = [] {
+    std::array<uint8_t, 256> marks{};
+    for (std::size_t byte = 0; byte < marks.size(); ++byte) {
+        const auto character = static_cast<char>(byte);
+        marks[byte] = isControl(character) || isAnyOf(character, kCommentMarks) ? kMisread : 0;
     }
-    return isMisread;
+    marks['='] = kEqual;
+    marks['['] = kBracket;
+    marks[']'] = kBracket;
+    return marks;
 }();
 
-/// True for a text that, wherever it stands, would be read differently or could be misread.
-bool needsQuotes(std::string_view text)
+/// True for a text that, wherever it stands, would be read differently or could be misread, or that has one of the
+/// marks.
+bool needsQuotes(std::string_view text, uint8_t marks = 0)
 {
-    return !text.empty() &&
-           (isAnyOf(text.front(), kBlanks) || isAnyOf(text.back(), kBlanks) || text.front() == '"' ||
-            std::any_of(text.begin(), text.end(), [](char c) { return kMisread[static_cast<unsigned char>(c)]; }));
+    if (text.empty()) {
+        return false;
+    }
+    uint8_t found = 0;
+    for (const char character : text) {
+        found |= kMarks[static_cast<unsigned char>(character)];
+    }
+    return (found & (marks | kMisread)) != 0 || isAnyOf(text.front(), kBlanks) || isAnyOf(text.back(), kBlanks) ||
+           text.front() == '"';
 }
 
 void append(std::string& document, std::string_view text, bool isQuoted)
@@ -161,21 +177,28 @@ bool isEndOrComment(std::string_view rest)
 
 void appendHeader(std::string& document, std::string_view header)
 {
-    append(document, header,
-           header.empty() || header.find_first_of("[]") != std::string_view::npos || needsQuotes(header));
+    append(document, header, header.empty() || needsQuotes(header, kBracket));
+}
+
+bool isKeyQuoted(std::string_view key)
+{
+    // A byte order mark counts as text anywhere but at the start of the document, which is where a key may stand.
+    return key.empty() || key.front() == '[' || key.starts_with(kByteOrderMark) || needsQuotes(key, kEqual);
+}
+
+bool isValueQuoted(std::string_view value)
+{
+    return needsQuotes(value);
 }
 
 void appendKey(std::string& document, std::string_view key)
 {
-    // A byte order mark counts as text anywhere but at the start of the document, which is where a key may stand.
-    append(document, key,
-           key.empty() || key.front() == '[' || key.starts_with(kByteOrderMark) ||
-               key.find('=') != std::string_view::npos || needsQuotes(key));
+    append(document, key, isKeyQuoted(key));
 }
 
 void appendValue(std::string& document, std::string_view value)
 {
-    append(document, value, needsQuotes(value));
+    append(document, value, isValueQuoted(value));
 }
 
 } // namespace qv::initialization

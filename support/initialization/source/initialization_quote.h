@@ -25,6 +25,10 @@ std::optional<Unquoted> unquote(std::string_view text);
 /// True where there is nothing more on a line but perhaps a comment.
 bool isEndOrComment(std::string_view rest);
 
+/// Whether a key or a value would be read differently without quotes.
+bool isKeyQuoted(std::string_view key);
+bool isValueQuoted(std::string_view value);
+
 /// Each appends the text to a document, in quotes where it would be read differently without.
 void appendHeader(std::string& document, std::string_view header);
 void appendKey(std::string& document, std::string_view key);

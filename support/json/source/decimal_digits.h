@@ -54,6 +54,17 @@ inline char* writeShortItem(char* p, uint32_t value)
     return p + 6 - zeros;
 }
 
+/// The same of a number below 10^5; up to five bytes behind the blank are written, too.
+inline char* writeFiveDigitItem(char* p, uint32_t value)
+{
+    constexpr uint64_t kBehind = uint64_t{','} << 40 | uint64_t{' '} << 48;
+    const uint64_t first = uint64_t{value} * 3518437209 >> 45;
+    const uint64_t digits = first | uint64_t{fourDigits(value - static_cast<uint32_t>(first) * 10000)} << 8;
+    const unsigned zeros = unmarkedBytes(digits | uint64_t{1} << 32); // the last digit stays
+    storeEight(p, (digits + uint64_t{0x3030303030} + kBehind) >> zeros * 8);
+    return p + 7 - zeros;
+}
+
 /// Any number.
 char* writeLongNatural(char* p, uint64_t value);
 

@@ -1,11 +1,13 @@
 #include <qv_json_c/json_value.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
 
+#include "packed_numbers.h"
 #include "scratch_value.h"
 #include "value_tree.h"
 #include <qv_common_c/common_error.h>
@@ -77,12 +79,23 @@ int itemPlace(QvJsonValue_t* pValue, QvJsonValue_t** ppPlace)
     }
     *ppPlace = addItem(*arrayOf(*pValue));
     if (*ppPlace == nullptr) [[unlikely]] {
-        if (!growArray(*pValue, pValue->holder.pArray->number + 1)) {
+        if (!makeRoom(*pValue, itemNumber(*pValue) + 1)) {
             return QvCommonError_OutOfMemory;
         }
         *ppPlace = addItem(*arrayOf(*pValue));
     }
     return QvCommonError_Success;
+}
+
+/// The item of an array for who only looks: one of a packed list is written to *pPacked. Null if there is none.
+QvJsonValue_t* lookAt(QvJsonValue_t* pValue, std::size_t index, QvJsonValue_t* pPacked)
+{
+    QvJsonValue_t* pItem = findItem(pValue, index);
+    if (pItem != nullptr || index >= QvJsonValue_size(pValue)) {
+        return pItem;
+    }
+    *pPacked = packedItem(*packedOf(*pValue), index);
+    return pPacked;
 }
 
 /// Puts kind and content of a value into a place; comments and address of the place stay.
@@ -224,7 +237,7 @@ bool QvJsonValue_isEmpty(QvJsonValue_t* pValue)
     case QvJsonValueType_Null:
         return true;
     case QvJsonValueType_Array:
-        return pValue->holder.pArray->number == 0;
+        return itemNumber(*pValue) == 0;
     case QvJsonValueType_Object:
         return pValue->holder.pObject->number == 0;
     default:
@@ -234,7 +247,7 @@ bool QvJsonValue_isEmpty(QvJsonValue_t* pValue)
 
 std::size_t QvJsonValue_size(QvJsonValue_t* pValue)
 {
-    return pValue != nullptr && pValue->type == QvJsonValueType_Array ? pValue->holder.pArray->number : 0;
+    return pValue != nullptr && pValue->type == QvJsonValueType_Array ? itemNumber(*pValue) : 0;
 }
 
 QvJsonValue_t* QvJsonValue_item(QvJsonValue_t* pValue, std::size_t index)
@@ -244,8 +257,13 @@ QvJsonValue_t* QvJsonValue_item(QvJsonValue_t* pValue, std::size_t index)
         return pItem;
     }
     const std::size_t number = QvJsonValue_size(pValue);
-    if (pValue == nullptr || index - number >= kMaximumGap || !becomeArray(*pValue)) {
+    if (pValue == nullptr || (index >= number && index - number >= kMaximumGap) || !becomeArray(*pValue) ||
+        (packedOf(*pValue) != nullptr && !unpack(*pValue, std::max(index + 1, number)))) {
         return scratchValue();
+    }
+    if (index < number) {
+        endFlat(*arrayOf(*pValue));
+        return findItem(pValue, index);
     }
     QvJsonValue_t* pItem = appendItems(*pValue, index - number + 1);
     return pItem != nullptr ? pItem : scratchValue();
@@ -320,22 +338,26 @@ char* QvJsonValue_asString(QvJsonValue_t* pValue)
 
 bool QvJsonValue_itemAsBoolean(QvJsonValue_t* pValue, std::size_t index)
 {
-    return QvJsonValue_asBoolean(findItem(pValue, index));
+    QvJsonValue_t packed;
+    return QvJsonValue_asBoolean(lookAt(pValue, index, &packed));
 }
 
 double QvJsonValue_itemAsFloat(QvJsonValue_t* pValue, std::size_t index)
 {
-    return QvJsonValue_asFloat(findItem(pValue, index));
+    QvJsonValue_t packed;
+    return QvJsonValue_asFloat(lookAt(pValue, index, &packed));
 }
 
 ssize_t QvJsonValue_itemAsInteger(QvJsonValue_t* pValue, std::size_t index)
 {
-    return QvJsonValue_asInteger(findItem(pValue, index));
+    QvJsonValue_t packed;
+    return QvJsonValue_asInteger(lookAt(pValue, index, &packed));
 }
 
 char* QvJsonValue_itemAsString(QvJsonValue_t* pValue, std::size_t index)
 {
-    return QvJsonValue_asString(findItem(pValue, index));
+    QvJsonValue_t packed;
+    return QvJsonValue_asString(lookAt(pValue, index, &packed));
 }
 
 int QvJsonValue_addBooleanToObject(QvJsonValue_t* pValue, const char* pKey, bool value)
@@ -406,9 +428,14 @@ int QvJsonValue_reserve(QvJsonValue_t* pValue, std::size_t number)
     if (pValue == nullptr || (pValue->type != QvJsonValueType_Null && pValue->type != QvJsonValueType_Array)) {
         return QvCommonError_BadArgument;
     }
-    const bool isDone = pValue->type == QvJsonValueType_Null
-                            ? becomeArray(*pValue, number)
-                            : number <= arrayOf(*pValue)->capacity || growArray(*pValue, number, number);
+    bool isDone = true;
+    if (pValue->type == QvJsonValueType_Null) {
+        isDone = becomeArray(*pValue, number);
+    } else if (packedOf(*pValue) != nullptr) {
+        isDone = number <= itemNumber(*pValue) || unpack(*pValue, number);
+    } else if (number > arrayOf(*pValue)->capacity) {
+        isDone = growArray(*pValue, number, number);
+    }
     return isDone ? QvCommonError_Success : QvCommonError_OutOfMemory;
 }
 

@@ -13,6 +13,7 @@
 #include "comment_text.h"
 #include "natural_run.h"
 #include "number_text.h"
+#include "packed_numbers.h"
 #include "string_text.h"
 #include "text_bytes.h"
 #include "value_tree.h"
@@ -43,14 +44,15 @@ char* writeText(char* pTarget, const char* pText, const StringScan& scan)
 }
 
 /// What the tree of a text will take, judged by samples of it.
-std::size_t expectedBytes(const char* pBegin, const char* pEnd)
+std::size_t expectedBytes(const char* pBegin, const char* pEnd, bool isCompact)
 {
     constexpr std::size_t kSample = 256;
     constexpr std::size_t kDistance = 32; // in samples; long texts alone have gaps
     constexpr std::size_t kValue = sizeof(QvJsonValue_t);
+    using Weights = std::array<uint8_t, 256>;
     // What each character stands for: a comma for a value, a colon for a key. Letters are those of keys and texts.
     constexpr auto kWeights = [] {
-        std::array<uint8_t, 256> weights = {};
+        Weights weights = {};
         for (std::size_t byte = 'A'; byte < weights.size(); ++byte) {
             weights[byte] = 1;
         }
@@ -61,6 +63,18 @@ std::size_t expectedBytes(const char* pBegin, const char* pEnd)
         weights[':'] = sizeof(QvJsonValuePair_t);
         return weights;
     }();
+    // Here a comma mostly stands for a number, and a value for a key; of a float each digit behind the point is one of its
+    // eight bytes.
+    constexpr auto kCompactWeights = [kWeights] {
+        Weights weights = kWeights;
+        weights[','] = sizeof(uint16_t);
+        weights['.'] = sizeof(double) - sizeof(uint16_t);
+        weights['['] = sizeof(PackedBlock) + kValue / 2;
+        weights['{'] = sizeof(ObjectBlock) + kValue / 2;
+        weights[':'] = sizeof(QvJsonValuePair_t) + kValue;
+        return weights;
+    }();
+    const Weights& weights = isCompact ? kCompactWeights : kWeights;
     const auto size = static_cast<std::size_t>(pEnd - pBegin);
     const std::size_t step = size < kSample * kDistance * 8 ? kSample : kSample * kDistance;
     std::size_t bytes = 0;
@@ -69,7 +83,7 @@ std::size_t expectedBytes(const char* pBegin, const char* pEnd)
         const std::size_t end = std::min(begin + kSample, size);
         seen += end - begin;
         for (std::size_t index = begin; index < end; ++index) {
-            bytes += kWeights[static_cast<unsigned char>(pBegin[index])];
+            bytes += weights[static_cast<unsigned char>(pBegin[index])];
         }
     }
     // A little more than judged, and no more than any text can need.
@@ -109,12 +123,13 @@ bool mayStandBefore(const Key* pKeys, std::size_t index)
 TextParser::TextParser(ParserMemory& memory, const char* pBegin, const char* pEnd)
     : memory_(memory), values_(memory.values), keys_(memory.keys), pBegin_(pBegin), pEnd_(pEnd)
 {
-    const std::size_t bytes = expectedBytes(pBegin, pEnd);
+    const std::size_t bytes = expectedBytes(pBegin, pEnd, memory.isCompact);
     pTree_ = TreeMemory::make(bytes);
     if (pTree_ == nullptr) {
         throw std::bad_alloc();
     }
     pTree_->expect(bytes / 16);
+    pTree_->isCompact = memory.isCompact;
 }
 
 TextParser::~TextParser()
@@ -412,10 +427,12 @@ const char* TextParser::parseNumbers(const char* p, bool* pIsClosed)
     }
     const std::size_t number = static_cast<std::size_t>(pTop - pBlock) / sizeof(QvJsonValue_t) - 1;
     if (pGapEnd != pEnd_ && *pGapEnd == ']' && number <= kMaximumCapacity) {
-        ArrayBlock* pArray = beginArray(pBlock, number, kIsInner | kFlat, pTree_);
-        pArray->open.number = number;
-        pTree_->keep(pTop);
-        addValue(QvJsonValueType_Array).holder.pArray = &pArray->open;
+        char* pPackedEnd = pTree_->isCompact ? packItems(pBlock, number, pTree_) : nullptr;
+        if (pPackedEnd == nullptr) {
+            beginArray(pBlock, number, kIsInner | kFlat, pTree_)->open.number = number;
+        }
+        pTree_->keep(pPackedEnd != nullptr ? pPackedEnd : pTop);
+        addValue(QvJsonValueType_Array).holder.pArray = &reinterpret_cast<ArrayBlock*>(pBlock)->open;
         --depth_;
         *pIsClosed = true;
         return pGapEnd + 1;

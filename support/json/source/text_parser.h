@@ -90,6 +90,7 @@ struct ParserMemory {
 
     Stack<QvJsonValue_t> values;
     Stack<Key> keys;
+    bool isCompact = false; // the trees to be made
 };
 
 /// One pass over one text. Values are collected on a stack; a container that closes moves its own into a block of the

@@ -6,10 +6,13 @@
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 #include <new>
+#include <type_traits>
 
 #include "comment_text.h"
 #include "fixed_decimal.h"
+#include "packed_numbers.h"
 #include "string_text.h"
 #include "value_tree.h"
 
@@ -103,13 +106,22 @@ char* TextWriter::writeScalar(char* p, const QvJsonValue_t& value) const
     if (value.type == QvJsonValueType_Integer) {
         return writeInteger(p, value.holder.integer);
     }
-    if (value.type == QvJsonValueType_Float && std::isfinite(value.holder._float)) {
-        return writeFixed(p, value.holder._float, layout_.decimals);
+    if (value.type == QvJsonValueType_Float) {
+        return writeFloat(p, value.holder._float);
     }
     if (value.type == QvJsonValueType_Boolean) {
         word = value.holder._bool ? "true" : "false";
     }
     return p + word.copy(p, word.size());
+}
+
+char* TextWriter::writeFloat(char* p, double value) const
+{
+    if (std::isfinite(value)) {
+        return writeFixed(p, value, layout_.decimals);
+    }
+    std::memcpy(p, "null", 4);
+    return p + 4;
 }
 
 /// The inside of a list of numbers and booleans on one line. Each item is written with the separator behind it.
@@ -141,10 +153,104 @@ void TextWriter::writeNumbers(const QvJsonValueArray_t& array)
     buffer_.done(array.number != 0 ? p - 2 : p);
 }
 
+/// The same of a packed list, whose kind is known beforehand.
+template <class T>
+void TextWriter::writeIntegers(const T* pNumbers, std::size_t number)
+{
+    // Digits, sign, separator; and what is written behind a number's end.
+    constexpr std::size_t kWidth = std::numeric_limits<T>::digits10 + 4;
+    constexpr std::size_t kBehind = 16;
+    constexpr std::size_t kPiece = 256; // numbers for which room is made at once
+    for (std::size_t first = 0; first < number; first += kPiece) {
+        const std::size_t end = std::min(first + kPiece, number);
+        char* p = buffer_.room((end - first) * kWidth + kBehind);
+        // Those below zero are large here.
+        uint64_t bits = 0;
+        for (std::size_t index = first; index < end; ++index) {
+            bits |= static_cast<uint64_t>(static_cast<int64_t>(pNumbers[index]));
+        }
+        if (bits < 8192) {
+            for (std::size_t index = first; index < end; ++index) {
+                p = writeShortItem(p, static_cast<uint32_t>(pNumbers[index]));
+            }
+        } else if (bits < 65536) {
+            for (std::size_t index = first; index < end; ++index) {
+                p = writeFiveDigitItem(p, static_cast<uint32_t>(pNumbers[index]));
+            }
+        } else if (sizeof(T) <= 2) {
+            for (std::size_t index = first; index < end; ++index) {
+                const auto value = static_cast<int32_t>(pNumbers[index]); // NOLINT(bugprone-signed-char-misuse)
+                *p = '-';
+                p += value < 0 ? 1 : 0;
+                p = writeFiveDigitItem(p, static_cast<uint32_t>(value < 0 ? -value : value));
+            }
+        } else {
+            for (std::size_t index = first; index < end; ++index) {
+                p = writeInteger(p, pNumbers[index]);
+                std::memcpy(p, ", ", 2);
+                p += 2;
+            }
+        }
+        buffer_.done(p);
+    }
+}
+
+template <class T>
+void TextWriter::writeFloats(const T* pNumbers, std::size_t number)
+{
+    constexpr std::size_t kRoom = 8 + kFixedRoom;
+    const bool isShort = layout_.decimals == 6;
+    for (std::size_t index = 0; index < number; ++index) {
+        const auto value = static_cast<double>(pNumbers[index]);
+        char* p = buffer_.room(kRoom);
+        char* pNext = isShort ? writeShortFixed(p, value) : nullptr;
+        p = pNext != nullptr ? pNext : writeFloat(p, value);
+        std::memcpy(p, ", ", 2);
+        buffer_.done(p + 2);
+    }
+}
+
+void TextWriter::writePackedArray(const PackedBlock& packed, std::size_t level)
+{
+    buffer_.append("[");
+    if (layout_.itemsPerLine == 0) {
+        callForKind(packed.kind, [&](auto type) {
+            const auto* pNumbers = reinterpret_cast<const decltype(type)*>(&packed + 1);
+            if constexpr (std::is_floating_point_v<decltype(type)>) {
+                writeFloats(pNumbers, packed.number);
+            } else {
+                writeIntegers(pNumbers, packed.number);
+            }
+        });
+        buffer_.done(buffer_.room(0) - 2); // the last separator goes; no packed list is empty
+    } else {
+        for (std::size_t index = 0; index < packed.number; ++index) {
+            writeSeparator(index, level);
+            buffer_.done(writeScalar(buffer_.room(kFixedRoom), packedItem(packed, index)));
+        }
+    }
+    buffer_.append("]");
+}
+
+/// What stands before an item, by its place in the list.
+void TextWriter::writeSeparator(std::size_t index, std::size_t level)
+{
+    if (index != 0 && layout_.itemsPerLine != 0 && index % layout_.itemsPerLine == 0) {
+        buffer_.append(",");
+        writeLineEnd(level + 1);
+    } else if (index != 0) {
+        buffer_.append(", ");
+    }
+}
+
 bool TextWriter::writeArray(const QvJsonValue_t& list, std::size_t level)
 {
     if (level >= kMaximumDepth) {
         return false;
+    }
+    if (const PackedBlock* pPacked = packedOf(list); pPacked != nullptr) {
+        writePackedArray(*pPacked, level);
+        return true;
     }
     const QvJsonValueArray_t& array = *list.holder.pArray;
     if ((arrayOf(list)->marks & kFlat) != 0 && layout_.itemsPerLine == 0) {
@@ -159,15 +265,7 @@ bool TextWriter::writeArray(const QvJsonValue_t& list, std::size_t level)
     buffer_.append("[");
     for (std::size_t index = 0; index < array.number; ++index) {
         const QvJsonValue_t& value = array.pValues[index];
-        if (index != 0 && layout_.itemsPerLine != 0 && index % layout_.itemsPerLine == 0) {
-            buffer_.append(",");
-            writeLineEnd(level + 1);
-        } else if (index != 0) {
-            char* p = buffer_.room(2 + kFixedRoom);
-            p[0] = ',';
-            p[1] = ' ';
-            buffer_.done(p + 2);
-        }
+        writeSeparator(index, level);
         if (value.type == QvJsonValueType_Integer || value.type == QvJsonValueType_Float) {
             buffer_.done(writeScalar(buffer_.room(kFixedRoom), value));
         } else if (!writeValue(value, level + 1)) {

@@ -9,6 +9,8 @@
 
 namespace qv::json {
 
+struct PackedBlock;
+
 /// How a text is laid out.
 struct Layout {
     int decimals = 6;
@@ -60,9 +62,16 @@ private:
     bool writeValue(const QvJsonValue_t& value, std::size_t level);
     bool writeArray(const QvJsonValue_t& list, std::size_t level);
     void writeNumbers(const QvJsonValueArray_t& array);
+    template <class T>
+    void writeIntegers(const T* pNumbers, std::size_t number);
+    template <class T>
+    void writeFloats(const T* pNumbers, std::size_t number);
+    void writePackedArray(const PackedBlock& packed, std::size_t level);
+    void writeSeparator(std::size_t index, std::size_t level);
     bool writeCommentedArray(const QvJsonValueArray_t& array, std::size_t level);
     bool writeObject(const QvJsonValueObject_t& object, std::size_t level);
     char* writeScalar(char* p, const QvJsonValue_t& value) const;
+    char* writeFloat(char* p, double value) const;
     void writeString(const char* pText);
     void writeSpecial(const char*& p, const char* pEnd);
     void writeCommentsAbove(const QvJsonValue_t& value, std::size_t level);

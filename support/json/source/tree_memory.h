@@ -47,15 +47,14 @@ public:
         return pPiece;
     }
 
-    /// Makes the newest piece longer. False if it isn't the newest, or at the end of its chunk.
-    bool extend(const void* pPiece, std::size_t oldBytes, std::size_t bytes)
+    /// Makes the newest piece longer or shorter. False if it isn't the newest, or at the end of its chunk.
+    bool resize(const void* pPiece, std::size_t oldBytes, std::size_t bytes)
     {
-        const std::size_t more = aligned(bytes) - aligned(oldBytes);
-        if (static_cast<const char*>(pPiece) + aligned(oldBytes) != pTop_ ||
-            static_cast<std::size_t>(pLimit_ - pTop_) < more) {
+        char* pBegin = pTop_ - aligned(oldBytes);
+        if (pPiece != pBegin || static_cast<std::size_t>(pLimit_ - pBegin) < aligned(bytes)) {
             return false;
         }
-        pTop_ += more;
+        pTop_ = pBegin + aligned(bytes);
         return true;
     }
 
@@ -67,6 +66,7 @@ public:
     void expect(std::size_t bytes) { nextSize_ = bytes; }
 
     TreeMemory* pNext = nullptr; // used while trees are released
+    bool isCompact = false;      // lists of numbers lie packed
 
 private:
     /// The bytes stand behind it.

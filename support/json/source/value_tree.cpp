@@ -114,12 +114,6 @@ TreeMemory* memoryOf(ArrayBlock& array)
     return array.pMemory;
 }
 
-/// The memory for what a null value becomes, if it stands in a tree that has some.
-TreeMemory* memoryFor(const QvJsonValue_t& value)
-{
-    return (value.reserved & kHasMemory) != 0 ? reinterpret_cast<TreeMemory*>(value.holder.integer) : nullptr;
-}
-
 /// Gives a value a block for members, in that memory or in one of its own.
 bool beginMembers(QvJsonValue_t& value, TreeMemory* pMemory)
 {
@@ -136,11 +130,6 @@ bool beginMembers(QvJsonValue_t& value, TreeMemory* pMemory)
     ObjectBlock* pBlock = beginObject(pPiece, kFirstCapacity, pOwned != nullptr ? kOwnsMemory : 0, pMemory);
     value.holder.pObject = &pBlock->open;
     return true;
-}
-
-constexpr std::size_t bytesOfArray(std::size_t capacity)
-{
-    return sizeof(ArrayBlock) + capacity * sizeof(QvJsonValue_t);
 }
 
 /// What all arrays and objects share that nothing was added to yet. They are never written to: whatever is added needs
@@ -202,7 +191,7 @@ bool growArray(QvJsonValue_t& array, std::size_t number, std::size_t most)
     }
     const bool isInner = (pBlock->marks & kIsInner) != 0;
     TreeMemory* pMemory = isInner ? pBlock->pMemory : nullptr;
-    if (pMemory != nullptr && pMemory->extend(pBlock, bytesOfArray(pBlock->capacity), bytesOfArray(capacity))) {
+    if (pMemory != nullptr && pMemory->resize(pBlock, bytesOfArray(pBlock->capacity), bytesOfArray(capacity))) {
         pBlock->capacity = static_cast<uint32_t>(capacity);
         return true;
     }

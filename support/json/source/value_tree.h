@@ -28,6 +28,7 @@ constexpr uint32_t kHasMemory = 8; // a Null that never was anything else: the h
 constexpr uint32_t kIsInner = 1;    // the block is freed with the memory that it lies in
 constexpr uint32_t kOwnsMemory = 2; // and the memory with the block
 constexpr uint32_t kFlat = 4;       // an array of nothing but numbers and booleans without comments
+constexpr uint32_t kPacked = 8;     // a flat one whose numbers stand behind it as they are: see packed_numbers.h
 
 /// The most items and pairs of a block.
 constexpr std::size_t kMaximumCapacity = UINT32_MAX;
@@ -89,6 +90,18 @@ inline QvJsonValuePair_t* innerPairsOf(ObjectBlock* pBlock)
 ArrayBlock* beginArray(void* pPiece, std::size_t capacity, uint32_t marks, TreeMemory* pMemory);
 ObjectBlock* beginObject(void* pPiece, std::size_t capacity, uint32_t marks, TreeMemory* pMemory);
 
+/// The size of an array with its items.
+constexpr std::size_t bytesOfArray(std::size_t capacity)
+{
+    return sizeof(ArrayBlock) + capacity * sizeof(QvJsonValue_t);
+}
+
+/// The memory for what a null value becomes, if it stands in a tree that has some.
+inline TreeMemory* memoryFor(const QvJsonValue_t& value)
+{
+    return (value.reserved & kHasMemory) != 0 ? reinterpret_cast<TreeMemory*>(value.holder.integer) : nullptr;
+}
+
 /// A null value in a container whose content shall lie in that memory. It may be null.
 inline QvJsonValue_t nullWith(TreeMemory* pMemory)
 {
@@ -119,10 +132,11 @@ QvJsonValue_t* findMember(const QvJsonValue_t& object, std::string_view key);
 QvJsonValue_t* appendMember(QvJsonValue_t& object, std::string_view key);
 
 /// Makes room for that many items in all, and for more as the block grows, up to `most`. False without memory. The
-/// value is an array with less room.
+/// value is an array with less room, and not packed.
 bool growArray(QvJsonValue_t& array, std::size_t number, std::size_t most = kMaximumCapacity);
 
-/// That many new null items at the end. The last of them, or null without memory. The value is an array.
+/// That many new null items at the end. The last of them, or null without memory. The value is an array that is not
+/// packed.
 QvJsonValue_t* appendItems(QvJsonValue_t& array, std::size_t number);
 
 /// Makes a new place of an array a null item.
@@ -144,7 +158,7 @@ inline QvJsonValue_t* addItem(ArrayBlock& array)
     return array.open.number < array.capacity ? &array.open.pValues[array.open.number++] : nullptr;
 }
 
-/// The item of an array, or null if there is no array or no such item.
+/// The item of an array, or null if there is no array or no such item. A packed list has none.
 QvJsonValue_t* findItem(QvJsonValue_t* pValue, std::size_t index);
 
 /// Where a key stands twice, leaves the first member with the last one's value. For objects of one block from the

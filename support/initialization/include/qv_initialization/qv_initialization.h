@@ -25,6 +25,7 @@
 #include <qv_initialization/initialization_member.h>
 #include <qv_initialization/initialization_reader.h>
 #include <qv_initialization/initialization_section.h>
+#include <qv_initialization/initialization_text.h>
 #include <qv_initialization/initialization_walk.h>
 #include <qv_initialization/initialization_writer.h>
 #include <qv_initialization/qv_initialization_export.h>

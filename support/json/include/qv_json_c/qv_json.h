@@ -4,6 +4,7 @@
 #ifndef QV_JSON_C_QV_JSON_H
 #define QV_JSON_C_QV_JSON_H
 
+#include <qv_json_c/json_compact.h>
 #include <qv_json_c/json_path.h>
 #include <qv_json_c/json_reader.h>
 #include <qv_json_c/json_value.h>
