@@ -138,7 +138,9 @@ TEST(JsonReader, NumbersKeepWhatTheyAre)
         {"1e999", kFloat, 0, DBL_MAX},
         {"-1e99999999999999999999", kFloat, 0, -DBL_MAX},
         {"0.000e999", kFloat, 0, 0},
+        {"1e9223372036854775807", kFloat, 0, DBL_MAX},
         {"1e-999", kFloat, 0, 0},
+        {"0.01e-9223372036854775808", kFloat, 0, 0},
         {"1e-99999999999999999999", kFloat, 0, 0},
         {"4.9e-324", kFloat, 0, 4.9e-324},
     };
