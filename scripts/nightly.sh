@@ -43,6 +43,8 @@ for program in common_test json_test test_initialization test_database test_data
     line "valgrind_$program" "memory that is read, written or lost wrongly" memory $program
 done
 
+line fuzz "seven fuzz targets, 30 minutes each, two at a time" scripts/fuzz.sh all $((30 * 60))
+
 if [ "$chosen" = "  " ] || [[ $chosen == *" tsan"* ]]; then
     build tsan
     line tsan_threads "the same threads under ThreadSanitizer" build/tsan/bin/endurance_threads
