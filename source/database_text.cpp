@@ -44,9 +44,6 @@ namespace {
 /// it gets.
 int calibration_textParse(const Context_t* pContext, QvCommonBuffer_t* pBuffer, QvJsonValue_t* pDocument)
 {
-    if (pContext == nullptr || pBuffer == nullptr) {
-        return kBadArgument;
-    }
     void* pData = nullptr;
     QV_TRY(findRecord(pContext, "CLB", &pData));
     auto* pRecord = static_cast<QvDatabaseCalibration_t*>(pData);
@@ -59,9 +56,6 @@ int calibration_textParse(const Context_t* pContext, QvCommonBuffer_t* pBuffer, 
 
 int version_parse(QvDatabaseHandle_t handle, QvJsonValue_t* pValue)
 {
-    if (handle == 0 || pValue == nullptr) {
-        return kBadArgument;
-    }
     QvDatabaseMisc_t* pMisc = nullptr;
     const int status = queryRecord(handle, "MISC", &pMisc);
     if (status != kSuccess) {
@@ -85,9 +79,6 @@ int version_parse(QvDatabaseHandle_t handle, QvJsonValue_t* pValue)
 
 int version_serialize(QvDatabaseHandle_t handle, QvJsonValue_t* pValue)
 {
-    if (handle == 0 || pValue == nullptr) {
-        return kBadArgument;
-    }
     QvDatabaseMisc_t* pMisc = nullptr;
     const int status = queryRecord(handle, "MISC", &pMisc);
     if (status != kSuccess) {

@@ -41,9 +41,6 @@ int readCategory(QvDatabaseHandle_t handle, const char* pKey, QvJsonValue_t* pVa
 /// Reads one class object. A class that the table doesn't know, or that is no text, is passed over without a word.
 int readClass(QvDatabaseHandle_t handle, const ClassTable& table, QvJsonValue_t* pValue, const char* pFunction)
 {
-    if (handle == 0 || pValue == nullptr) {
-        return kBadArgument;
-    }
     const char* pName = QvJsonValue_asString(QvJsonValue_member(pValue, table.member));
     if (pName == nullptr) {
         return kSuccess;
@@ -69,9 +66,6 @@ int manual_parse(QvDatabaseHandle_t handle, QvJsonValue_t* pValue)
 /// Reads one element of `root`: a class object, or the driver object, which has no class.
 int parse(QvDatabaseHandle_t handle, QvJsonValue_t* pValue)
 {
-    if (handle == 0 || pValue == nullptr) {
-        return kBadArgument;
-    }
     if (!QvJsonValue_isEmpty(QvJsonValue_member(pValue, kAutoClasses.member))) {
         QV_TRY(auto_parse(handle, pValue));
         return kSuccess;
@@ -91,9 +85,6 @@ int parse(QvDatabaseHandle_t handle, QvJsonValue_t* pValue)
 /// Writes all classes of a table, whatever the records' switches say.
 int writeClasses(QvDatabaseHandle_t handle, const ClassTable& table, QvJsonValue_t* pArray, const char* pFunction)
 {
-    if (handle == 0 || pArray == nullptr) {
-        return kBadArgument;
-    }
     for (const SimulatorClass& row : table.rows) {
         const Category* pCategory = nullptr;
         void* pRecord = nullptr;
@@ -128,9 +119,6 @@ int writeCategory(QvDatabaseHandle_t handle, const char* pKey, QvJsonValue_t* pD
 
 int serialize(QvDatabaseHandle_t handle, QvJsonValue_t* pRoot)
 {
-    if (handle == 0 || pRoot == nullptr) {
-        return kBadArgument;
-    }
     QV_TRY(auto_serialize(handle, pRoot));
     QvJsonValue_t* pDriver = nullptr;
     QV_TRY(addObject(pRoot, &pDriver));
