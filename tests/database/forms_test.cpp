@@ -53,12 +53,14 @@ bool isSection(const Form& form)
 namespace kinds {
 struct Kinds {
     std::int32_t cube[2][3][2];
+    float floats[2][2][2];
+    std::int8_t small[3];
+    std::int8_t smallGrid[2][2];
     double pair[2];
 };
 QV_RECORD(Kinds);
 constexpr Field kRows[] = {
-    QV_FIELD(cube),
-    QV_FIELD(pair),
+    QV_FIELD(cube), QV_FIELD(floats), QV_FIELD(small), QV_FIELD(smallGrid), QV_FIELD(pair),
 };
 constexpr auto kTable = QV_TABLE("kinds", kRows);
 } // namespace kinds
