@@ -12,14 +12,10 @@
 
 #include <qv_common_c/qv_common.h>
 #include <qv_database_c/database_access.h>
-#include <qv_database_c/database_binary.h>
 #include <qv_database_c/database_dump.h>
 #include <qv_database_c/database_sensor.h>
 #include <qv_database_c/database_setting.h>
-#include <qv_database_c/database_text.h>
-#include <qv_database_c/database_tuning.h>
 #include <qv_database_c/protocol_calibration.h>
-#include <qv_database_c/protocol_simulator_codecs.h>
 #include <qv_initialization/qv_initialization.h>
 
 #include "database/test_support.h"
@@ -337,47 +333,6 @@ TEST_F(Refusals, OfSaves)
                }});
     refuseEach("info", {.run = [this] { return QvDatabase_info(handle_); }, .statuses = {13}});
     refuseEach("reset", {.run = [this] { return QvDatabase_reset(handle_); }, .statuses = {13}});
-}
-
-TEST_F(Refusals, OfArgumentsThatAreMissing)
-{
-    const JsonValue value = parseJson("{}");
-    QvCommonBuffer_t buffer{};
-    std::size_t size = 0;
-    auto pCalibration = std::make_unique<QvDatabaseCalibration_t>();
-    const int statuses[] = {
-        QvDatabase_load(0, "x"),
-        QvDatabase_load(handle_, nullptr),
-        QvDatabase_save(0, "x"),
-        QvDatabase_save(handle_, nullptr),
-        QvDatabase_metaLoad(0, "x"),
-        QvDatabase_metaLoad(handle_, nullptr),
-        QvDatabase_metaSave(0, "x"),
-        QvDatabase_metaSave(handle_, nullptr),
-        QvDatabaseText_parse(0, &buffer),
-        QvDatabaseText_parse(handle_, nullptr),
-        QvDatabaseText_serialize(0, &buffer),
-        QvDatabaseText_serialize(handle_, nullptr),
-        QvDatabaseTuning_parse(0, value.get()),
-        QvDatabaseTuning_parse(handle_, nullptr),
-        QvDatabaseTuning_serialize(0, value.get()),
-        QvDatabaseTuning_serialize(handle_, nullptr),
-        QvDatabaseProtocolSimulator_parse(0, value.get()),
-        QvDatabaseProtocolSimulator_parse(handle_, nullptr),
-        QvDatabaseProtocolSimulator_serialize(0, value.get()),
-        QvDatabaseProtocolSimulator_serialize(handle_, nullptr),
-        QvDatabaseBinary_parse(0, &buffer),
-        QvDatabaseBinary_serialize(0, nullptr, &size),
-        QvDatabaseProtocolCalibration_parse(nullptr, pCalibration.get()),
-        QvDatabaseProtocolCalibration_parse("{}", nullptr),
-        QvDatabaseProtocolCalibrationBinary_parse(nullptr, pCalibration.get()),
-        QvDatabaseProtocolCalibrationBinary_parse(&buffer, nullptr),
-        QvDatabaseProtocolCalibrationBinary_serialize(nullptr, &buffer),
-        QvDatabaseProtocolCalibrationBinary_serialize(pCalibration.get(), nullptr),
-    };
-    for (std::size_t i = 0; i < std::size(statuses); ++i) {
-        EXPECT_EQ(statuses[i], 13) << "call " << i;
-    }
 }
 
 } // namespace
