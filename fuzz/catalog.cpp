@@ -65,6 +65,9 @@ void judgeValue(const QvDatabaseCatalogPlace_t& place, const std::string& value)
     const bool isOnHeap = place.heapOffset != SIZE_MAX;
     require(isOnHeap || place.offset + place.length <= size, "a place lies in its record", place.pKey);
 
+    if (!isOnHeap && std::strcmp(place.pKey, "DUMP") != 0) {
+        std::memset(pRecord, 'Z', size); // what is set to zero beside the place would not be seen among zeros
+    }
     const std::string before(pRecord, size);
     const int status = QvDatabaseCatalog_setText(&place, pRecord, value.c_str());
     require(status == 0 || status == 6 || status == 7 || status == 13, "a value is taken or refused", value);
