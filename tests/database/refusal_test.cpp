@@ -12,6 +12,7 @@
 
 #include <qv_common_c/qv_common.h>
 #include <qv_database_c/database_access.h>
+#include <qv_database_c/database_binary.h>
 #include <qv_database_c/database_dump.h>
 #include <qv_database_c/database_sensor.h>
 #include <qv_database_c/database_setting.h>
@@ -331,6 +332,13 @@ TEST_F(Refusals, OfSaves)
                    QvCommonBuffer_clear(&buffer);
                    return status;
                }});
+    std::string image(564730, 0);
+    refuseEach("image in a buffer", {.run =
+                                         [&] {
+                                             QvCommonBuffer_t buffer{image.data(), 0, image.size(), nullptr, false};
+                                             return QvDatabaseBinary_serialize(handle_, &buffer, nullptr);
+                                         },
+                                     .statuses = {13}});
     refuseEach("info", {.run = [this] { return QvDatabase_info(handle_); }, .statuses = {13}});
     refuseEach("reset", {.run = [this] { return QvDatabase_reset(handle_); }, .statuses = {13}});
 }

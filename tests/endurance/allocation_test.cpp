@@ -19,6 +19,7 @@
 #include <qv_common_c/common_logger.h>
 #include <qv_database_c/database_dump.h>
 #include <qv_database_c/database_setting.h>
+#include <qv_database_c/protocol_calibration.h>
 
 #include "database/test_support.h"
 #include "endurance/scarce_memory.h"
@@ -399,6 +400,15 @@ TEST_F(AllocationsOpen, Loading)
     refuseEach(loading("load broken document", folder_ / "broken.json"));
     writeFile(folder_ / "tag.json", "<header/>");
     refuseEach(loading("load tag", folder_ / "tag.json"));
+    Operation parsing = loading("parse calibration", "");
+    parsing.run = [this] {
+        void* pData = nullptr;
+        const int status = QvDatabase_query(database_, "CLB", &pData);
+        return status != 0
+                   ? status
+                   : QvDatabaseProtocolCalibration_parse(kSmallDocument, static_cast<QvDatabaseCalibration_t*>(pData));
+    };
+    refuseEach(parsing);
 
     ASSERT_EQ(QvDatabase_load(database_, sample("imx477.json").c_str()), 0);
     protocol() = QvDatabaseSettingProtocol_Simulator;

@@ -34,7 +34,8 @@ int readCategory(QvDatabaseHandle_t handle, const char* pKey, QvJsonValue_t* pVa
     const Category* pCategory = nullptr;
     void* pRecord = nullptr;
     QV_TRY_AS(pFunction, queryCategory(handle, pKey, &pCategory, &pRecord));
-    QV_TRY_AS(pFunction, pCategory->simulator.parse(pValue, pRecord));
+    // No class has a list that can be too long, which is all that reading fails for.
+    QV_TRY_AS(pFunction, pCategory->simulator.parse(pValue, pRecord)); // GCOVR_EXCL_BR_LINE
     return kSuccess;
 }
 
@@ -125,7 +126,8 @@ int serialize(QvDatabaseHandle_t handle, QvJsonValue_t* pRoot)
     QV_TRY(writeCategory(handle, kDriverKeys[0], pDriver));
     QV_TRY(manual_serialize(handle, writableMember(pDriver, "driver")));
     const int status = writeCategory(handle, kDriverKeys[1], pDriver);
-    return status == kSuccess || status == kMemberMissing ? status : QV_FAIL(status);
+    // A member that is missing is no failure of the driver object; no codec gives that status at present.
+    return status == kSuccess || status == kMemberMissing ? status : QV_FAIL(status); // GCOVR_EXCL_BR_LINE
 }
 
 } // namespace
