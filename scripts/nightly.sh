@@ -1,10 +1,20 @@
 #!/usr/bin/env bash
 # Runs the long forms of the tests that try to break the libraries, and valgrind over the other test programs, on a bare
-# Debian 12. One line each; the logs stand in build/nightly. Arguments, if any, name the lines to run.
+# Debian 12. One line each; the logs stand in build/nightly. Arguments, if any, name the lines to run. With --short in front
+# all lines run in the setting of each build, which tries this script.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
 
+export QV_NIGHT=1
+fuzz_seconds=$((30 * 60))
+mutants=200
+if [ "${1:-}" = --short ]; then
+    unset QV_NIGHT
+    fuzz_seconds=20
+    mutants=20
+    shift
+fi
 install_packages "${test_packages[@]}" valgrind
 logs=build/nightly
 mkdir -p "$logs"
@@ -18,10 +28,11 @@ build() {
 
 # line <name> <what it is> <command...>
 line() {
-    local name=$1 what=$2 begin=$SECONDS outcome=ok
+    local name=$1 what="${QV_NIGHT:+$2}" begin=$SECONDS outcome=ok
+    what=${what:-in short: $2}
     shift 2
     [ "$chosen" = "  " ] || [[ $chosen == *" $name "* ]] || return 0
-    QV_NIGHT=1 "$@" >"$logs/$name.log" 2>&1 || { outcome=FAILED; failed=1; }
+    "$@" >"$logs/$name.log" 2>&1 || { outcome=FAILED; failed=1; }
     printf '%-22s %-6s %5d s  %s\n' "$name" "$outcome" $((SECONDS - begin)) "$what"
 }
 
@@ -42,6 +53,9 @@ line floats "all floats through text and back" $bin/endurance_floats
 for program in common_test json_test test_initialization test_database test_database_failures test_database_forms; do
     line "valgrind_$program" "memory that is read, written or lost wrongly" memory $program
 done
+
+line fuzz "seven fuzz targets, $fuzz_seconds s each, two at a time" scripts/fuzz.sh all $fuzz_seconds
+line mutants "$mutants changes to the code, of which tests find nine of ten" scripts/mutants --number $mutants --jobs 2
 
 if [ "$chosen" = "  " ] || [[ $chosen == *" tsan"* ]]; then
     build tsan

@@ -15,3 +15,4 @@ install_packages() {
 
 build_packages=(cmake make g++ libc6-dev libcli11-dev)
 test_packages=("${build_packages[@]}" libgtest-dev rapidjson-dev python3 python3-jsonschema clang-format clang-tidy git locales groff-base mandoc zsh)
+fuzz_packages=("${build_packages[@]}" clang libclang-rt-14-dev rapidjson-dev)

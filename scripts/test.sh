@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds and tests everything on a bare Debian 12: format, lint, the suite as it ships, and the suite under sanitizers.
+# Builds and tests everything on a bare Debian 12: format, lint, the suite as it ships, the
+# suite under sanitizers, and the fuzz targets for a moment.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
@@ -22,3 +23,6 @@ cmake --build --preset asan | { grep -v '^\[' || true; }
 
 echo "== sanitizers: tests"
 ctest --preset asan
+
+echo "== fuzz targets: 20 s each"
+scripts/fuzz.sh all 20

@@ -54,9 +54,6 @@ int createDocument(QvJsonValue_t** ppDocument)
 /// it gets.
 int calibration_textParse(const Context_t* pContext, QvCommonBuffer_t* pBuffer, QvJsonValue_t* pDocument)
 {
-    if (pContext == nullptr || pBuffer == nullptr) {
-        return kBadArgument;
-    }
     void* pData = nullptr;
     QV_TRY(findRecord(pContext, "CLB", &pData));
     auto* pRecord = static_cast<QvDatabaseCalibration_t*>(pData);
@@ -69,9 +66,6 @@ int calibration_textParse(const Context_t* pContext, QvCommonBuffer_t* pBuffer, 
 
 int version_parse(QvDatabaseHandle_t handle, QvJsonValue_t* pValue)
 {
-    if (handle == 0 || pValue == nullptr) {
-        return kBadArgument;
-    }
     QvDatabaseMisc_t* pMisc = nullptr;
     const int status = queryRecord(handle, "MISC", &pMisc);
     if (status != kSuccess) {
@@ -95,9 +89,6 @@ int version_parse(QvDatabaseHandle_t handle, QvJsonValue_t* pValue)
 
 int version_serialize(QvDatabaseHandle_t handle, QvJsonValue_t* pValue)
 {
-    if (handle == 0 || pValue == nullptr) {
-        return kBadArgument;
-    }
     QvDatabaseMisc_t* pMisc = nullptr;
     const int status = queryRecord(handle, "MISC", &pMisc);
     if (status != kSuccess) {

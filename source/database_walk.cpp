@@ -188,6 +188,9 @@ int readField(const Field& field, QvJsonValue_t* pValue, const Block& block)
     if (field.count == Count::Members) {
         return readMembers(field, pValue, block);
     }
+    if (field.written == Element::Record) {
+        return readRecords(field, pValue, block);
+    }
     char* pData = block.at(field);
     switch (field.written) {
     case Element::Bool:
@@ -198,12 +201,9 @@ int readField(const Field& field, QvJsonValue_t* pValue, const Block& block)
         return readFloat(field, pValue, pData, block.room(field));
     case Element::Double:
         return readDouble(field, pValue, pData);
-    case Element::Text:
+    default:
         return readText(field, pValue, pData);
-    case Element::Record:
-        break;
     }
-    return readRecords(field, pValue, block);
 }
 
 int readFields(const Table& table, QvJsonValue_t* pValue, const Block& block)
@@ -391,6 +391,9 @@ int writeField(const Field& field, const Block& block, QvJsonValue_t* pValue)
     if (field.count == Count::Members) {
         return writeMembers(field, block, pValue);
     }
+    if (field.written == Element::Record) {
+        return writeRecords(field, block, pValue);
+    }
     char* pData = block.at(field);
     switch (field.written) {
     case Element::Bool:
@@ -401,12 +404,9 @@ int writeField(const Field& field, const Block& block, QvJsonValue_t* pValue)
         return writeFloat(field, pData, pValue);
     case Element::Double:
         return writeDouble(field, pData, pValue);
-    case Element::Text:
+    default:
         return writeText(field, pData, block.room(field), pValue);
-    case Element::Record:
-        break;
     }
-    return writeRecords(field, block, pValue);
 }
 
 int writeFields(const Table& table, const Block& block, QvJsonValue_t* pValue)

@@ -10,10 +10,7 @@
 
 #include <gtest/gtest.h>
 
-#include <qv_common_c/qv_common.h>
-#include <qv_initialization/qv_initialization.h>
-#include <qv_json_c/qv_json.h>
-
+#include "common/through.h"
 #include "endurance/scarce_memory.h"
 
 namespace {
@@ -49,44 +46,6 @@ void runShort(const char* pName, const std::function<int()>& operation, int expe
             << pName << " with " << number << ": " << outcome.status;
     }
     EXPECT_EQ(outcome.status, expected) << pName;
-}
-
-// The first status that is none of success.
-int firstOf(std::initializer_list<int> statuses)
-{
-    for (const int status : statuses) {
-        if (status != 0) {
-            return status;
-        }
-    }
-    return 0;
-}
-
-int throughJson(const std::string& text, const char* pFilename)
-{
-    QvJsonReaderHandle_t reader = 0;
-    QvJsonWriterHandle_t writer = 0;
-    QvJsonValue_t* pRoot = nullptr;
-    char* pText = nullptr;
-    int status = firstOf({QvJsonReader_open(&reader), QvJsonWriter_open(nullptr, &writer)});
-    if (status == 0) {
-        status = QvJsonReader_parse(reader, text.data(), text.data() + text.size(), &pRoot);
-    }
-    if (status == 0) {
-        status = QvJsonWriter_stringify(writer, pRoot, &pText);
-    }
-    if (status == 0) {
-        status = QvJsonWriter_save(writer, pRoot, pFilename);
-    }
-    QvJsonValue_delete(&pRoot);
-    if (status == 0) {
-        status = QvJsonReader_load(reader, pFilename, &pRoot);
-    }
-    std::free(pText);
-    QvJsonValue_delete(&pRoot);
-    QvJsonWriter_close(&writer);
-    QvJsonReader_close(&reader);
-    return status;
 }
 
 class Shortage : public testing::Test {
@@ -273,29 +232,7 @@ TEST_F(Shortage, TracesGoOn)
 TEST_F(Shortage, InitializationGivesAStatus)
 {
     std::string text = "; note\n[a]\n# note\n\"k\\x01\" = v\nk2 = \"a longer value\\n\"\n[b]\nk = \"open\n; end";
-    const auto through = [&text] {
-        QvInitializationReaderHandle_t reader = 0;
-        QvInitializationWriterHandle_t writer = 0;
-        QvCommonDQueueHandle_t queue = 0;
-        QvCommonDQueueOpenParam_t param = {};
-        param.pDeleteDataHandler = [](void** ppSection) {
-            return QvInitializationSection_delete(reinterpret_cast<QvInitializationSection_t**>(ppSection));
-        };
-        int status = firstOf({QvInitializationReader_open(&reader), QvInitializationWriter_open(&writer),
-                              QvCommonDQueue_open(&param, &queue)});
-        QvCommonBuffer_t buffer = {text.data(), 0, text.size(), nullptr, false};
-        if (status == 0) {
-            status = QvInitializationReader_parse(reader, &buffer, queue);
-        }
-        if (status == 0) {
-            status = QvInitializationWriter_serialize(writer, queue, &buffer);
-        }
-        QvCommonBuffer_clear(&buffer);
-        QvCommonDQueue_close(&queue);
-        QvInitializationWriter_close(&writer);
-        QvInitializationReader_close(&reader);
-        return status;
-    };
+    const auto through = [&text] { return throughInitialization(text); };
     runShort("initialization", through);
     text += "\n[open";
     runShort("broken initialization", through, QvCommonError_Syntax);

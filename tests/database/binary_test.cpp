@@ -128,6 +128,8 @@ TEST(Binary, WorksFromTheCursorOnAndLeavesAloneWhatItDoesNotHold)
     for (const char* pKey : {"3AI_2", "AGE", "ISP", "MD", "MT", "RGT", "ST"}) {
         EXPECT_EQ(database.record<char>(pKey), 9) << pKey;
     }
+    buffer.offset = buffer.size + 1;
+    EXPECT_EQ(QvDatabaseBinary_parse(database.handle(), &buffer), 6) << "a cursor behind the end";
     EXPECT_EQ(QvDatabaseBinary_parse(0, &buffer), 13);
     EXPECT_EQ(QvDatabaseBinary_serialize(0, &buffer, &total), 13);
 }

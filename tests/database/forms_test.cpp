@@ -49,10 +49,50 @@ bool isSection(const Form& form)
     return std::strcmp(form.document, "initialization") == 0;
 }
 
-/// All forms but the one that points at a list on the heap.
+// Kinds of rows that the walk knows and no form has.
+namespace kinds {
+struct Kinds {
+    std::int32_t cube[2][3][2];
+    float floats[2][2][2];
+    std::int8_t small[3];
+    std::int8_t smallGrid[2][2];
+    double pair[2];
+};
+QV_RECORD(Kinds);
+constexpr Field kRows[] = {
+    QV_FIELD(cube), QV_FIELD(floats), QV_FIELD(small), QV_FIELD(smallGrid), QV_FIELD(pair),
+};
+constexpr auto kTable = QV_TABLE("kinds", kRows);
+} // namespace kinds
+
+namespace kindsInside {
+struct Inside {
+    kinds::Kinds list[2];
+    std::uint8_t number;
+};
+QV_RECORD(Inside);
+constexpr Field kRows[] = {
+    QV_OBJECT(list, kinds::kTable).measuredInto(QV_COUNTER(number)),
+};
+constexpr auto kTable = QV_TABLE("inside", kRows);
+} // namespace kindsInside
+
+namespace kindsOnHeap {
+struct OnHeap {
+    kindsInside::Inside* pList;
+    std::size_t number;
+};
+QV_RECORD(OnHeap);
+constexpr Field kRows[] = {
+    QV_HEAP_KEY(pList, "list", kindsInside::kTable, QV_COUNTER(number)),
+};
+constexpr auto kTable = QV_TABLE("onHeap", kRows);
+} // namespace kindsOnHeap
+
+/// All forms but the one that points at a list on the heap, and one that is made up.
 std::vector<Form> plainForms()
 {
-    std::vector<Form> plain;
+    std::vector<Form> plain{{"kinds", "kinds", &kinds::kTable}};
     std::ranges::copy_if(forms(), std::back_inserter(plain),
                          [](const Form& form) { return form.table->rows[0].count != Count::Heap; });
     return plain;
@@ -301,6 +341,23 @@ TEST(Forms, ListOnTheHeapTakesTheDocumentsLength)
         EXPECT_EQ(dump.registerNumber, QvJsonValue_size(QvJsonValue_member2(document.get(), "registers")));
     }
     std::free(dump.pRegisters);
+}
+
+TEST(Forms, AListOnTheHeapEndsWithTheItemThatFails)
+{
+    kindsOnHeap::OnHeap record{};
+    const Traces traces;
+    const JsonValue document = parseJson(R"({"list": [{"list": [{"pair": [1]}]}, {"list": [{}, {}, {}]},
+                                                      {"list": [{"pair": [2]}]}]})");
+    EXPECT_EQ(readTable(kindsOnHeap::kTable, document.get(), &record), 6);
+    ASSERT_EQ(record.number, 3U);
+    EXPECT_EQ(record.pList[0].list[0].pair[0], 1.0);
+    EXPECT_EQ(record.pList[1].number, 3);
+    EXPECT_EQ(record.pList[2].number, 0);
+    const JsonValue written = parseJson("{}");
+    EXPECT_EQ(writeTable(kindsOnHeap::kTable, &record, written.get()), 0);
+    EXPECT_EQ(QvJsonValue_size(QvJsonValue_member(written.get(), "list")), 3U);
+    std::free(record.pList);
 }
 
 TEST(Registry, AResetWritesEveryByteOfARecordThatIsNotZeroedFirst)

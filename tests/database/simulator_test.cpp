@@ -35,9 +35,7 @@ struct UserDatabase : Database {
     std::string savedAs(QvDatabaseSettingProtocol_t protocol) const
     {
         record<QvDatabaseSetting_t>("ST").protocol = protocol;
-        std::string text = savedText();
-        const std::size_t date = text.find("\"exportDate\"");
-        return text.replace(date, text.find('\n', date) - date, "\"exportDate\": \"\"");
+        return undated(savedText());
     }
     std::string saved() const { return savedAs(QvDatabaseSettingProtocol_Simulator); }
 

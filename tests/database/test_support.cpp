@@ -88,6 +88,19 @@ std::string Database::savedText(const std::string& name) const
     return readFile(folder / name);
 }
 
+std::string recordsOf(QvDatabaseHandle_t handle)
+{
+    std::string text;
+    for (std::size_t i = 0; const QvDatabaseCategory_t* pCategory = QvDatabase_category(i); ++i) {
+        const std::string key = pCategory->pKey;
+        void* pData = nullptr;
+        if (key != "RAM" && key != "DUMP" && QvDatabase_query(handle, pCategory->pKey, &pData) == 0) {
+            text.append(static_cast<const char*>(pData), pCategory->size);
+        }
+    }
+    return text;
+}
+
 TemporaryFolder::TemporaryFolder()
 {
     std::string name = (std::filesystem::temp_directory_path() / "qv_test_XXXXXX").string();
@@ -140,6 +153,13 @@ void writeFile(const std::filesystem::path& file, const std::string& content)
     std::ofstream stream(file, std::ios::binary);
     stream << content;
     EXPECT_TRUE(stream.flush()) << file;
+}
+
+std::string undated(std::string document)
+{
+    const std::size_t date = document.find("\"exportDate\"");
+    return date == std::string::npos ? document
+                                     : document.replace(date, document.find('\n', date) - date, "\"exportDate\": \"\"");
 }
 
 std::filesystem::path sample(const std::string& name)

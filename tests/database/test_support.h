@@ -64,6 +64,9 @@ private:
     QvDatabaseHandle_t handle_ = 0;
 };
 
+/// All records, one behind the other, but for those that hold addresses.
+std::string recordsOf(QvDatabaseHandle_t handle);
+
 /// A folder of its own for each test, removed at the end.
 class TemporaryFolder {
 public:
@@ -106,6 +109,9 @@ int parsed(int (*pParse)(QvJsonValue_t*, Record*), const std::string& text, Reco
 
 std::string readFile(const std::filesystem::path& file);
 void writeFile(const std::filesystem::path& file, const std::string& content);
+
+/// A document without the time at which it was saved.
+std::string undated(std::string document);
 
 /// The sample document and its companions in the tree.
 std::filesystem::path sample(const std::string& name);

@@ -17,9 +17,9 @@
 
 #include <gtest/gtest.h>
 #include <qv_common_c/common_logger.h>
-#include <qv_database_c/database_catalog.h>
 #include <qv_database_c/database_dump.h>
 #include <qv_database_c/database_setting.h>
+#include <qv_database_c/protocol_calibration.h>
 
 #include "database/test_support.h"
 #include "endurance/scarce_memory.h"
@@ -279,21 +279,14 @@ protected:
     /// Bytes of all records but those that hold addresses, and the registers of DUMP.
     std::string records() const
     {
-        std::string text;
-        for (std::size_t i = 0; const QvDatabaseCategory_t* pCategory = QvDatabase_category(i); ++i) {
-            void* pData = nullptr;
-            if (std::strcmp(pCategory->pKey, "RAM") == 0 || QvDatabase_query(database_, pCategory->pKey, &pData) != 0) {
-                continue;
-            }
-            if (std::strcmp(pCategory->pKey, "DUMP") == 0) {
-                const auto* pDump = static_cast<QvDatabaseDump_t*>(pData);
-                text.append(reinterpret_cast<const char*>(pDump->pRegisters),
-                            pDump->pRegisters == nullptr ? 0 : pDump->registerNumber * sizeof(QvDatabaseRegister_t));
-            } else {
-                text.append(static_cast<const char*>(pData), pCategory->size);
-            }
+        void* pData = nullptr;
+        if (QvDatabase_query(database_, "DUMP", &pData) != 0) {
+            return "";
         }
-        return text;
+        const auto* pDump = static_cast<QvDatabaseDump_t*>(pData);
+        return recordsOf(database_).append(
+            reinterpret_cast<const char*>(pDump->pRegisters),
+            pDump->pRegisters == nullptr ? 0 : pDump->registerNumber * sizeof(QvDatabaseRegister_t));
     }
 
     QvDatabaseHandle_t database_ = 0;
@@ -360,15 +353,9 @@ protected:
     Operation saving(const std::string& name, const std::string& filename, Call call = QvDatabase_save)
     {
         const fs::path file = folder_ / filename;
-        const auto content = [file] {
-            std::string text = readFile(file);
-            const std::size_t date = text.find("\"exportDate\"");
-            return date == std::string::npos ? text
-                                             : text.erase(date, std::strlen("\"exportDate\": \"2000-01-01T00:00:00"));
-        };
         return {.name = name,
                 .run = [this, file, call] { return call(database_, file.c_str()); },
-                .result = content,
+                .result = [file] { return undated(readFile(file)); },
                 .prepare = [file] { writeFile(file, "old"); },
                 .resultOfFailure = "old",
                 .broken =
@@ -411,6 +398,15 @@ TEST_F(AllocationsOpen, Loading)
     refuseEach(loading("load broken document", folder_ / "broken.json"));
     writeFile(folder_ / "tag.json", "<header/>");
     refuseEach(loading("load tag", folder_ / "tag.json"));
+    Operation parsing = loading("parse calibration", "");
+    parsing.run = [this] {
+        void* pData = nullptr;
+        const int status = QvDatabase_query(database_, "CLB", &pData);
+        return status != 0
+                   ? status
+                   : QvDatabaseProtocolCalibration_parse(kSmallDocument, static_cast<QvDatabaseCalibration_t*>(pData));
+    };
+    refuseEach(parsing);
 
     ASSERT_EQ(QvDatabase_load(database_, sample("imx477.json").c_str()), 0);
     protocol() = QvDatabaseSettingProtocol_Simulator;
@@ -470,21 +466,9 @@ TEST_F(AllocationsOpen, WhatTakesNoMemory)
     refuseEach({.name = "catalog",
                 .run =
                     [] {
-                        int fields = 0;
+                        std::size_t fields = 0;
                         for (int i = 0; i < QvDatabaseCatalogDocument_Sum; ++i) {
-                            const auto document = static_cast<QvDatabaseCatalogDocument_t>(i);
-                            QvDatabaseCatalogCategory_t category{};
-                            category.size = sizeof category;
-                            for (std::size_t j = 0; QvDatabaseCatalog_category(document, j, &category) == 0; ++j) {
-                                QvDatabaseCatalogCursor_t cursor{};
-                                cursor.size = sizeof cursor;
-                                QvDatabaseCatalogField_t field{};
-                                field.size = sizeof field;
-                                QvDatabaseCatalog_walk(document, category.pKey, &cursor);
-                                while (QvDatabaseCatalog_next(&cursor, &field) == 0) {
-                                    ++fields;
-                                }
-                            }
+                            fields += fieldNumber(static_cast<QvDatabaseCatalogDocument_t>(i));
                         }
                         return fields > 1000 ? 0 : 1;
                     },

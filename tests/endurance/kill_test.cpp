@@ -87,13 +87,7 @@ protected:
     int save(const Form& form) const { return form.save(database_.handle(), (folder_ / form.pFilename).c_str()); }
 
     /// The file without the date of a text.
-    std::string content(const Form& form) const
-    {
-        std::string text = readFile(folder_ / form.pFilename);
-        const std::size_t date = text.find("\"exportDate\": \"");
-        return date == std::string::npos ? text
-                                         : text.erase(date, std::strlen("\"exportDate\": \"2000-01-01T00:00:00"));
-    }
+    std::string content(const Form& form) const { return undated(readFile(folder_ / form.pFilename)); }
 
     long files() const { return std::distance(fs::directory_iterator(folder_ / ""), fs::directory_iterator()); }
 

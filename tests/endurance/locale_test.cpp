@@ -59,10 +59,7 @@ std::map<std::string, std::string> savedForms()
          {QvDatabaseSettingProtocol_Standard, QvDatabaseSettingProtocol_Simulator}) {
         database.record<QvDatabaseSetting_t>("ST").protocol = protocol;
         const std::string name = protocol == QvDatabaseSettingProtocol_Standard ? "tuning" : "simulator";
-        std::string text = database.savedText(name + ".json");
-        constexpr std::string_view kDate = "\"exportDate\": \"";
-        constexpr std::string_view kNoDate = "2000-01-01T00:00:00";
-        forms[name] = text.replace(text.find(kDate) + kDate.size(), kNoDate.size(), kNoDate);
+        forms[name] = undated(database.savedText(name + ".json"));
         EXPECT_EQ(QvDatabase_metaSave(database.handle(), (folder / name).c_str()), 0);
         forms["meta of " + name] = readFile(folder / name);
     }

@@ -5,7 +5,6 @@
 #include <thread>
 
 #include <gtest/gtest.h>
-#include <qv_database_c/database_catalog.h>
 #include <qv_database_c/database_meta.h>
 #include <qv_database_c/database_setting.h>
 
@@ -16,25 +15,6 @@ using namespace qv::test;
 namespace fs = std::filesystem;
 
 namespace {
-
-/// The fields of a document; asks the catalog, which all threads share.
-std::size_t fieldsOf(QvDatabaseCatalogDocument_t document)
-{
-    std::size_t number = 0;
-    QvDatabaseCatalogCategory_t category{};
-    category.size = sizeof category;
-    for (std::size_t i = 0; QvDatabaseCatalog_category(document, i, &category) == 0; ++i) {
-        QvDatabaseCatalogCursor_t cursor{};
-        cursor.size = sizeof cursor;
-        QvDatabaseCatalogField_t field{};
-        field.size = sizeof field;
-        QvDatabaseCatalog_walk(document, category.pKey, &cursor);
-        while (QvDatabaseCatalog_next(&cursor, &field) == 0) {
-            ++number;
-        }
-    }
-    return number;
-}
 
 /// Opens, loads, changes and saves all forms; gives the first thing that went wrong.
 std::string work(int thread, int turns)
@@ -69,7 +49,7 @@ std::string work(int thread, int turns)
         }
         void* pNone = nullptr;
         if (QvDatabase_query(database, "none", &pNone) == 0 || QvDatabase_load(database, "/none.json") != 3 ||
-            fieldsOf(QvDatabaseCatalogDocument_Tuning) == 0 || QvDatabase_info(database) != 0 ||
+            fieldNumber(QvDatabaseCatalogDocument_Tuning) == 0 || QvDatabase_info(database) != 0 ||
             QvDatabase_reset(database) != 0) {
             return "rest";
         }

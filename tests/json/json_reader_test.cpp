@@ -138,7 +138,9 @@ TEST(JsonReader, NumbersKeepWhatTheyAre)
         {"1e999", kFloat, 0, DBL_MAX},
         {"-1e99999999999999999999", kFloat, 0, -DBL_MAX},
         {"0.000e999", kFloat, 0, 0},
+        {"1e9223372036854775807", kFloat, 0, DBL_MAX},
         {"1e-999", kFloat, 0, 0},
+        {"0.01e-9223372036854775808", kFloat, 0, 0},
         {"1e-99999999999999999999", kFloat, 0, 0},
         {"4.9e-324", kFloat, 0, 4.9e-324},
     };
@@ -161,11 +163,14 @@ TEST(JsonReader, NumbersKeepWhatTheyAre)
 
 TEST(JsonReader, TextsAreResolved)
 {
-    const Tree root = read(R"(["\"\\\/\b\f\n\r\t", "\u00e4\u20AC\uD834\uDD1E", "cut\u0000here", ""])");
+    const Tree root = read(R"(["\"\\\/\b\f\n\r\t", "\u00e4\u20AC\uD834\uDD1E", "cut\u0000here", "",
+        "\u007F\u0080\u07FF\u0800\uFFFF\uD800\uDC00\uDBFF\uDFFF"])");
     EXPECT_STREQ(QvJsonValue_itemAsString(root.get(), 0), "\"\\/\b\f\n\r\t");
     EXPECT_STREQ(QvJsonValue_itemAsString(root.get(), 1), "\xC3\xA4\xE2\x82\xAC\xF0\x9D\x84\x9E");
     EXPECT_STREQ(QvJsonValue_itemAsString(root.get(), 2), "cut");
     EXPECT_STREQ(QvJsonValue_itemAsString(root.get(), 3), "");
+    EXPECT_STREQ(QvJsonValue_itemAsString(root.get(), 4),
+                 "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF");
 }
 
 TEST(JsonReader, ADoubledKeyTakesTheLastValueInTheFirstPlace)

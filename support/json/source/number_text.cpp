@@ -1,5 +1,6 @@
 #include "number_text.h"
 
+#include <algorithm>
 #include <cfloat>
 #include <charconv>
 #include <cstddef>
@@ -89,6 +90,9 @@ long long magnitude(const Parts& parts)
     if (result.ec == std::errc::result_out_of_range) {
         return text.front() == '-' ? -1 : 1;
     }
+    // Farther than the digits of any text can reach, and near enough for them to be counted in.
+    constexpr long long kFar = 1LL << 62;
+    exponent = std::clamp(exponent, -kFar, kFar);
     const std::size_t place = parts.whole.find_first_not_of('0');
     if (place != std::string_view::npos) {
         return exponent + static_cast<long long>(parts.whole.size() - place);
