@@ -40,6 +40,7 @@
 
 #include <qv_database_c/database_base.h>
 #include <qv_database_c/qv_database_export.h>
+#include <qv_database_c/qv_database_version.h>
 
 #ifdef __cplusplus
 extern "C" {
