@@ -1,5 +1,6 @@
-// Made by list_keys from the library's list of categories: build/release/bin/list_keys >
-// include/qv_database_c/database_keys.hpp
+/// @file
+/// The keys of the categories, by the types of their records. Made by list_keys from the library's list:
+/// build/release/bin/list_keys > include/qv_database_c/database_keys.hpp
 #ifndef QV_DATABASE_C_DATABASE_KEYS_HPP
 #define QV_DATABASE_C_DATABASE_KEYS_HPP
 
@@ -11,6 +12,7 @@ namespace qv {
 template <class Record>
 inline constexpr const char* keyOf = nullptr;
 
+/** @cond */
 template <>
 inline constexpr const char* keyOf<QvDatabaseCalibration_t> = "CLB";
 template <>
@@ -127,6 +129,7 @@ template <>
 inline constexpr const char* keyOf<QvDatabaseWideDynamicRange_5_2_1_t> = "WDR_5_2_1";
 template <>
 inline constexpr const char* keyOf<QvDatabaseAutoWideDynamicRange_5_2_1_t> = "AWDR_5_2_1";
+/** @endcond */
 
 } // namespace qv
 

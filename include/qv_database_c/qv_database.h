@@ -1,4 +1,4 @@
-/*
+/** @file
  * The parameter database of an ISP software stack: open it, ask for a category by its key, read and write that record
  * in place, load and save the whole set.
  *

@@ -1,13 +1,15 @@
-// The database for C++17 and later, as a thin cover of qv_database.h: a handle that closes itself, records that are
-// asked for by their type, and failures that can't be overlooked.
-//
-//     qv::Database database;
-//     database.load("imx477.json");
-//     database.get<QvDatabase2DNoiseReduction_5_2_t>().strength = 48;
-//     database.save("changed.json");
-//
-// The key is known from the type, so a record can't be taken for another one. All that an operation answers with another
-// status than 0 becomes a qv::Error. Programs link with qv_database_c and, for the texts of errors, with qv_common_c.
+/// @file
+/// The database for C++17 and later, as a thin cover of qv_database.h: a handle that closes itself, records that are
+/// asked for by their type, and failures that can't be overlooked.
+///
+///     qv::Database database;
+///     database.load("imx477.json");
+///     database.get<QvDatabase2DNoiseReduction_5_2_t>().strength = 48;
+///     database.save("changed.json");
+///
+/// The key is known from the type, so a record can't be taken for another one. All that an operation answers with
+/// another status than 0 becomes a qv::Error. Programs link with qv_database_c and, for the texts of errors, with
+/// qv_common_c.
 #ifndef QV_DATABASE_C_QV_DATABASE_HPP
 #define QV_DATABASE_C_QV_DATABASE_HPP
 
@@ -24,6 +26,7 @@ namespace qv {
 /// An operation that failed.
 class Error : public std::runtime_error {
 public:
+    /// An operation, as words for a person, and its status.
     Error(const std::string& operation, int status)
         : std::runtime_error(operation + ": " + QvCommonError_text(status) + " (" + std::to_string(status) + ")"),
           status_(status)
@@ -37,11 +40,12 @@ private:
     int status_;
 };
 
-/// An open database. It can be moved and not copied; one that was moved from or closed answers everything with status 13.
+/// An open database. It can be moved and not copied; one that was moved from or closed answers everything with
+/// status 13.
 class Database {
 public:
-    /// Opens a database with all records at their defaults. The library prints two lines through hTracer at Info, which go
-    /// to standard error unless the program has opened hTracer otherwise.
+    /// Opens a database with all records at their defaults. The library prints two lines through hTracer at Info,
+    /// which go to standard error unless the program has opened hTracer otherwise.
     explicit Database(QvDatabaseOpenParam_t param = {})
     {
         const int status = QvDatabase_open(&param, &handle_);
@@ -50,9 +54,12 @@ public:
             throw Error("open a database", status);
         }
     }
+    /// Closes the database. A failure can't be told; see close().
     ~Database() { release(); }
 
+    /// Takes the database over; the other one is left closed.
     Database(Database&& other) noexcept : handle_(std::exchange(other.handle_, 0)) {}
+    /// Closes its own database and takes the other one over, which is left closed.
     Database& operator=(Database&& other) noexcept
     {
         if (this != &other) {
@@ -64,13 +71,14 @@ public:
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
 
-    /// The record of a category, by its type. The reference stays good until the database is closed, also through loads,
-    /// resets and moves.
+    /// The record of a category, by its type. The reference stays good until the database is closed, also through
+    /// loads, resets and moves.
     template <class Record>
     Record& get()
     {
         return *find<Record>();
     }
+    /// The same of a constant database, to be read alone.
     template <class Record>
     const Record& get() const
     {

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The version of the interface. The first number stands in the name of the shared libraries and changes with what
  * breaks programs that were built before; the second with what is added; the third with what is mended.
  *

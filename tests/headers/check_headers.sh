@@ -8,6 +8,8 @@ shift 2
 mapfile -t headers < <(find "$@" -name '*.h' -o -name '*.hpp')
 failures=$((${#headers[@]} == 0))
 for header in "${headers[@]}"; do
+    # Without this the reference passes over the whole header, and over what it lacks.
+    head -n 1 "$header" | grep -qE '^(/\*\*|///) @file$' || { echo "$header does not begin with @file"; failures=1; }
     for standard in c11 c17 c++17 c++20; do
         compiler=$cc language=c
         [[ $standard == c++* ]] && compiler=$cxx language=c++
