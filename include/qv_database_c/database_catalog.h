@@ -18,7 +18,7 @@
  *  3. Nothing is allocated and nothing is traced. Any number of threads may ask at once.
  *  4. Statuses: 0; 6 for a value that the field can't hold; 7 for a text that is no value of the field's kind; 8 for
  *     what is past the last; 10 for a path that leads nowhere; 13 for a null argument, and for a struct that no
- * call has     filled yet. A struct is zero but for its size until then.
+ *     call has filled yet. A struct is zero but for its size until then.
  */
 #ifndef QV_DATABASE_C_DATABASE_CATALOG_H
 #define QV_DATABASE_C_DATABASE_CATALOG_H

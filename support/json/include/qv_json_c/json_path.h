@@ -22,8 +22,7 @@ extern "C" {
  * @param pValue where the walk begins, not null
  * @param pPath names in UTF-8 up to a zero byte, not null
  * @param ppValue receives the value, not null; never holds null after status 0
- *
- * 0; 5 when memory runs out; 13 for a null argument. On 5 and 13 *ppValue is left as it was.
+ * @return 0; 5 when memory runs out; 13 for a null argument. On 5 and 13 *ppValue is left as it was.
  */
 QV_JSON_API int QvJsonPath(QvJsonValue_t* pValue, const char* pPath, QvJsonValue_t** ppValue);
 

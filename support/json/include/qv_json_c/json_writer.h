@@ -45,8 +45,7 @@ QV_JSON_API int QvJsonWriter_close(QvJsonWriterHandle_t* pHandle);
  * @param handle an open writer
  * @param pValue the root, not null; not changed
  * @param ppText receives a new heap string, which the caller releases with free(); left as it was after a failure
- *
- * 0; 5 when memory runs out; 6 for a tree deeper than the reader takes (with a trace at Error level); 13 for bad
+ * @return 0; 5 when memory runs out; 6 for a tree deeper than the reader takes (with a trace at Error level); 13 for bad
  * arguments.
  */
 QV_JSON_API int QvJsonWriter_stringify(QvJsonWriterHandle_t handle, QvJsonValue_t* pValue, char** ppText);
