@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds and tests everything on a bare Debian 12: format, lint, the suite as it ships, and the suite under sanitizers.
+# Builds and tests everything on a bare Debian 12: format, lint, the suite as it ships by g++, the suite under sanitizers
+# by clang, the packages, and what others build on those.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
@@ -22,3 +23,10 @@ cmake --build --preset asan | { grep -v '^\[' || true; }
 
 echo "== sanitizers: tests"
 ctest --preset asan
+
+echo "== packages"
+scripts/debian.sh
+scripts/abi.sh
+
+echo "== programs of others"
+tests/consumer/run.sh
