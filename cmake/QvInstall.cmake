@@ -61,6 +61,12 @@ function(qv_install_project)
         ${QV_BUILD_PACKAGE_FOLDER}/qv_database-config-version.cmake
         DESTINATION ${QV_PACKAGE_FOLDER})
 
+    # What the build writes for people at a terminal, where it does.
+    set(share ${CMAKE_BINARY_DIR}/share)
+    install(DIRECTORY ${share}/man/man1 DESTINATION ${CMAKE_INSTALL_MANDIR} OPTIONAL)
+    install(FILES ${share}/bash-completion/completions/qvdb
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions OPTIONAL)
+    install(FILES ${share}/zsh/site-functions/_qvdb DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions OPTIONAL)
     install(FILES README.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
     install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN "*.md")
     install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -47,7 +47,9 @@ unset CMAKE_PREFIX_PATH
 
 echo "-- what is installed"
 for file in "$lib"/*.so "$root/usr/bin/qvdb"; do
-    ! readelf -d "$file" | grep -E 'R(UN)?PATH' || { echo "$file has a run path"; exit 1; }
+    readelf -d "$file" >"$work/log"
+    ! grep -E 'R(UN)?PATH' "$work/log" || { echo "$file has a run path"; exit 1; }
+    grep -q BIND_NOW "$work/log" || { echo "$file is not hardened"; exit 1; }
 done
 for name in qv_database_c qv_json_c qv_initialization qv_common_c; do
     expect "$version" pkg-config --modversion $name
