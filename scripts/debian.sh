@@ -21,7 +21,7 @@ fi
 
 rm -rf "$out"
 mkdir -p "$out/source"
-git ls-files -z --cached --others --exclude-standard | tar --null -T - -c | tar -x -C "$out/source"
+tar -c --exclude=./build --exclude=./.git . | tar -x -C "$out/source"
 log=$out/build.log
 (cd "$out/source" && DEB_BUILD_OPTIONS="nocheck parallel=$(nproc)" DEB_BUILD_PROFILES=nocheck \
     dpkg-buildpackage --unsigned-source --unsigned-changes) >"$log" 2>&1 || { tail -n 40 "$log"; exit 1; }

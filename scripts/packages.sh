@@ -14,5 +14,5 @@ install_packages() {
 }
 
 build_packages=(cmake make g++ libc6-dev)
-debian_packages=("${build_packages[@]}" debhelper dpkg-dev doxygen fakeroot git lintian)
+debian_packages=("${build_packages[@]}" debhelper dpkg-dev doxygen fakeroot lintian)
 test_packages=("${build_packages[@]}" libgtest-dev rapidjson-dev python3 python3-jsonschema clang clang-format clang-tidy git libclang-rt-14-dev locales)

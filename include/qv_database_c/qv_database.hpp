@@ -13,6 +13,7 @@
 #ifndef QV_DATABASE_C_QV_DATABASE_HPP
 #define QV_DATABASE_C_QV_DATABASE_HPP
 
+#include <cstdlib>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -40,8 +41,8 @@ private:
     int status_;
 };
 
-/// An open database. It can be moved and not copied; one that was moved from or closed answers everything with
-/// status 13.
+/// An open database. With it go its records, and the array of registers that a load leaves in category DUMP. It can be
+/// moved and not copied; one that was moved from or closed answers everything with status 13.
 class Database {
 public:
     /// Opens a database with all records at their defaults. The library prints two lines through hTracer at Info,
@@ -50,7 +51,7 @@ public:
     {
         const int status = QvDatabase_open(&param, &handle_);
         if (status != 0) {
-            release();
+            static_cast<void>(QvDatabase_close(&handle_));
             throw Error("open a database", status);
         }
     }
@@ -104,7 +105,11 @@ public:
     /// See QvDatabase_info.
     void info() const { check("info", QvDatabase_info(handle_)); }
     /// Closes the database now, for who wants to hear of a failure; the destructor keeps silent about it.
-    void close() { check("close the database", QvDatabase_close(&handle_)); }
+    void close()
+    {
+        freeRegisters();
+        check("close the database", QvDatabase_close(&handle_));
+    }
 
     /// For calls of the C interface; stays this object's.
     QvDatabaseHandle_t handle() const noexcept { return handle_; }
@@ -120,8 +125,20 @@ private:
     void release() noexcept
     {
         if (handle_ != 0) {
+            freeRegisters();
             static_cast<void>(QvDatabase_close(&handle_));
             handle_ = 0;
+        }
+    }
+
+    /// The registers of category DUMP, which a load leaves to the program.
+    void freeRegisters() noexcept
+    {
+        void* pRecord = nullptr;
+        if (handle_ != 0 && QvDatabase_query(handle_, keyOf<QvDatabaseDump_t>, &pRecord) == 0 && pRecord != nullptr) {
+            auto* pDump = static_cast<QvDatabaseDump_t*>(pRecord);
+            std::free(pDump->pRegisters);
+            pDump->pRegisters = nullptr;
         }
     }
 
