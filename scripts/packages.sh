@@ -14,5 +14,8 @@ install_packages() {
 }
 
 build_packages=(cmake make g++ libc6-dev)
+test_packages=("${build_packages[@]}" libgtest-dev rapidjson-dev python3 python3-jsonschema clang-format clang-tidy git locales)
+
+# The compiler of the sanitizer build, and what packages are built with.
+test_packages+=(clang libclang-rt-14-dev)
 debian_packages=("${build_packages[@]}" debhelper dpkg-dev doxygen fakeroot lintian)
-test_packages=("${build_packages[@]}" libgtest-dev rapidjson-dev python3 python3-jsonschema clang clang-format clang-tidy git libclang-rt-14-dev locales)
