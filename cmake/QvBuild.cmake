@@ -1,5 +1,7 @@
 # The flags and layout that every target of the project shares.
 
+include(${CMAKE_CURRENT_LIST_DIR}/QvInstall.cmake)
+
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -18,6 +20,14 @@ if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_BUILD_TYPE)
     set(CMAKE_BUILD_TYPE Release CACHE STRING "Release, Debug or RelWithDebInfo" FORCE)
 endif()
 
+# Objects are the same wherever the tree stands, so builds in several folders share them.
+find_program(QV_CCACHE ccache)
+if(PROJECT_IS_TOP_LEVEL AND QV_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(launcher ${CMAKE_COMMAND} -E env CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${QV_CCACHE})
+    set(CMAKE_C_COMPILER_LAUNCHER ${launcher})
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${launcher})
+endif()
+
 add_library(qv_flags INTERFACE)
 target_compile_options(qv_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wcast-align -Wformat=2 -Wundef
@@ -34,28 +44,31 @@ if(QV_SANITIZE)
     add_link_options(-fsanitize=${QV_SANITIZE})
 endif()
 
-# qv_library(<target> OUTPUT <name> HEADERS <folder> SOURCES ... LINK ...)
-# One shared library with a soname of major version 0, and <target>_objects, the same code as objects, for the tests that
-# look inside. Its public headers stand in <folder> and are installed as they stand.
+# qv_library(<target> NAME <name> OUTPUT <name> HEADERS <folder> SOURCES ... LINK ... DESCRIPTION <text>)
+# One shared library with a soname of the first version number, and <target>_objects, the same code as objects, for the
+# tests that look inside. Its public headers stand in <folder> and are installed as they stand. Other projects know it as
+# qv::<NAME>, whether they find the package or add this folder to their own build, and as <OUTPUT>.pc.
 function(qv_library target)
-    cmake_parse_arguments(arg "" "OUTPUT;HEADERS" "SOURCES;LINK;PRIVATE_INCLUDES" ${ARGN})
+    cmake_parse_arguments(arg "" "NAME;OUTPUT;HEADERS;DESCRIPTION" "SOURCES;LINK;PRIVATE_INCLUDES" ${ARGN})
     add_library(${target}_objects OBJECT ${arg_SOURCES})
     target_include_directories(${target}_objects PUBLIC ${arg_HEADERS} PRIVATE ${arg_PRIVATE_INCLUDES})
     target_link_libraries(${target}_objects PUBLIC ${arg_LINK} PRIVATE qv_flags)
 
     add_library(${target} SHARED $<TARGET_OBJECTS:${target}_objects>)
-    add_library(qv::${target} ALIAS ${target})
-    target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${arg_HEADERS}> $<INSTALL_INTERFACE:include>)
+    add_library(qv::${arg_NAME} ALIAS ${target})
+    target_include_directories(${target} PUBLIC
+        $<BUILD_INTERFACE:${arg_HEADERS}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
     target_link_libraries(${target} PUBLIC ${arg_LINK})
     target_link_options(${target} PRIVATE -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map)
     if(NOT QV_SANITIZE)
         target_link_options(${target} PRIVATE -Wl,--no-undefined)
     endif()
     set_target_properties(${target} PROPERTIES
-        OUTPUT_NAME ${arg_OUTPUT} VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} LINKER_LANGUAGE CXX
-        INSTALL_RPATH "$ORIGIN")
-    install(TARGETS ${target} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-    install(DIRECTORY ${arg_HEADERS}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+        EXPORT_NAME ${arg_NAME} OUTPUT_NAME ${arg_OUTPUT}
+        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} LINKER_LANGUAGE CXX INSTALL_RPATH "$ORIGIN")
+    if(QV_INSTALL)
+        qv_install_library(${target})
+    endif()
 endfunction()
 
 # qv_test(<name> SOURCES ... LINK ... [INCLUDES ...])

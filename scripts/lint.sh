@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 build=${1:-build/release}
 
-find include private source support tools examples tests benchmarks fuzz \( -name '*.h' -o -name '*.cpp' -o -name '*.c' \) -print0 |
+find include private source support tools examples tests benchmarks fuzz \( -name '*.h' -o -name '*.hpp' -o -name '*.cpp' -o -name '*.c' \) -print0 |
     xargs -0 clang-format --dry-run --Werror
 echo "format: clean"
 

@@ -15,4 +15,8 @@ install_packages() {
 
 build_packages=(cmake make g++ libc6-dev libcli11-dev)
 test_packages=("${build_packages[@]}" libgtest-dev rapidjson-dev python3 python3-jsonschema clang-format clang-tidy git locales groff-base mandoc zsh)
+
+# The compiler of the sanitizer build and of the fuzz targets, and what packages are built with.
+test_packages+=(clang libclang-rt-14-dev)
 fuzz_packages=("${build_packages[@]}" clang libclang-rt-14-dev rapidjson-dev)
+debian_packages=("${build_packages[@]}" debhelper dpkg-dev doxygen fakeroot lintian)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds and tests everything on a bare Debian 12: format, lint, the suite as it ships, the
-# suite under sanitizers, and the fuzz targets for a moment.
+# Builds and tests everything on a bare Debian 12: format, lint, the suite as it ships by g++, the suite under sanitizers
+# by clang, the fuzz targets for a moment, the packages, and what others build on those.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/packages.sh
@@ -26,3 +26,10 @@ ctest --preset asan
 
 echo "== fuzz targets: 20 s each"
 scripts/fuzz.sh all 20
+
+echo "== packages"
+scripts/debian.sh
+scripts/abi.sh
+
+echo "== programs of others"
+tests/consumer/run.sh

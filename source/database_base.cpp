@@ -1,7 +1,12 @@
 #include <qv_database_c/database_base.h>
 
+#include <bit>
+
 #include "database_values.h"
 #include "database_walk.h"
+
+// Files hold records byte for byte; their sizes, asserted beside them, say nothing of the order of bytes.
+static_assert(std::endian::native == std::endian::little);
 
 namespace qv::database::tuning {
 namespace {

@@ -1,5 +1,7 @@
-/* The record of the 2D noise reduction block. The library stores it for the layers that drive the camera, which
-   read it in place. Its functions follow the conventions in qv_database.h, but for the null test of the reset. */
+/** @file
+ * The record of the 2D noise reduction block. The library stores it for the layers that drive the camera, which
+ * read it in place. Its functions follow the conventions in qv_database.h, but for the null test of the reset.
+ */
 #ifndef QV_DATABASE_C_DATABASE_2D_NOISE_REDUCTION_5_2_H
 #define QV_DATABASE_C_DATABASE_2D_NOISE_REDUCTION_5_2_H
 

@@ -1,4 +1,4 @@
-/*
+/** @file
  * Interface of exposure, white balance and focus to the simulator (category `3AI_2`).
  *
  * The library carries the fields and reads none of them. Keys are in lower case with underscores ("auto_table"); the

@@ -1,4 +1,4 @@
-/*
+/** @file
  * Typed access to the members of a JSON object: one function for each shape of data, one pair for each direction. The
  * plain name reads from the document into the record, its twin with a trailing underscore writes from the record into
  * the document. Record codecs are built on these; they are exported for codecs of records outside this library.

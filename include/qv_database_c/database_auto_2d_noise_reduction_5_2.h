@@ -1,4 +1,4 @@
-/*
+/** @file
  * The gain-scheduled parameters of 2D noise reduction: the row type, the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_2D_NOISE_REDUCTION_5_2_H

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The gain-scheduled parameters of 3D noise reduction: the row type, the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_3D_NOISE_REDUCTION_2_1_H

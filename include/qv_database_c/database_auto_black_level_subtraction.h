@@ -1,4 +1,4 @@
-/*
+/** @file
  * The gain-scheduled black levels: the row type, the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_BLACK_LEVEL_SUBTRACTION_H

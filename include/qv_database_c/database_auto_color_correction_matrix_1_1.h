@@ -1,4 +1,4 @@
-/*
+/** @file
  * The gain-scheduled strength of the colour correction matrix: the row type, the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_COLOR_CORRECTION_MATRIX_1_1_H

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The gain-scheduled parameters of colour noise reduction: the row type, the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_COLOR_NOISE_REDUCTION_2_2_H

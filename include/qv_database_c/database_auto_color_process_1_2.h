@@ -1,4 +1,4 @@
-/*
+/** @file
  * The gain-scheduled parameters of colour processing: the row type, the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_COLOR_PROCESS_1_2_H

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The automatic mode of defect pixel cluster correction: the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_DEFECT_PIXEL_CLUSTER_CORRECTION_H

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The gain-scheduled parameters of demosaicing, sharpening and de-purple: the row type, the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_DEMOSAIC_2_H

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The gain-scheduled parameters of edge enhancement: the row type, the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_EDGE_ENHANCE_2_H

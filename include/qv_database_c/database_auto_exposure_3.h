@@ -1,4 +1,4 @@
-/*
+/** @file
  * The control parameters of automatic exposure: the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_EXPOSURE_3_H

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The exposure statistics: their region, the measured data and the functions of the record.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_EXPOSURE_STATISTICS_2_H

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The control parameters of automatic focus: the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_FOCUS_3_H

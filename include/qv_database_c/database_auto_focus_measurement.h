@@ -1,4 +1,4 @@
-/*
+/** @file
  * The focus measurement: its settings, the measured values and the functions of the record.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_FOCUS_MEASUREMENT_H

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The gain-scheduled gamma curves: the row type, the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_GAMMA_CORRECTION_2_H

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The gain-scheduled threshold of green equilibration: the row type, the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_GREEN_EQUILIBRATION_H

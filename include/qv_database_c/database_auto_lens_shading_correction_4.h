@@ -1,4 +1,4 @@
-/*
+/** @file
  * The gain-scheduled strength of lens shading correction: the row type, the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_LENS_SHADING_CORRECTION_4_H

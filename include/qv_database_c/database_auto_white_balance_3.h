@@ -1,4 +1,4 @@
-/*
+/** @file
  * The control parameters of automatic white balance: the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_WHITE_BALANCE_3_H

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The gain-scheduled parameters of wide dynamic range: the row type, the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_WIDE_DYNAMIC_RANGE_5_2_1_H

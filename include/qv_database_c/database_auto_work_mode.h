@@ -1,4 +1,4 @@
-/*
+/** @file
  * The automatic work mode: the record and its functions.
  */
 #ifndef QV_DATABASE_C_DATABASE_AUTO_WORK_MODE_H

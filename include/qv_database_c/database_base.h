@@ -1,4 +1,4 @@
-/*
+/** @file
  * What all headers of the database build on: the handle, the parameters it is opened with, and the small value records
  * (gain, point, range, rectangle) with their codecs.
  *

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The binary image: what a file holds whose name ends neither in ".json" nor in ".ini". The records of 49 categories
  * stand one after another, byte for byte as in memory, in a fixed order, 564730 bytes in all; there is no header and no
  * padding between them. An image fits only builds whose records have the same layout: 64-bit, little-endian.

@@ -1,4 +1,4 @@
-/*
+/** @file
  * Bit width and switch of each block for the software model of the pipeline (category `C_MODEL`).
  */
 #ifndef QV_DATABASE_C_DATABASE_C_MODEL_H

@@ -1,4 +1,4 @@
-/*
+/** @file
  * What a calibration tool measured for one sensor (category `CLB`). The codecs stand in protocol_calibration.h.
  *
  * The record is one flat block of 89736 bytes without pointers, and raw images hold it as it is. The library computes

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The catalog: what every field of every record is, as data. It needs no open database and never changes; a schema, a
  * checker, a differ or a page of pictures walks it instead of a list of its own.
  *
@@ -17,8 +17,8 @@
  *  2. Texts are constant and stay valid as long as the library is loaded.
  *  3. Nothing is allocated and nothing is traced. Any number of threads may ask at once.
  *  4. Statuses: 0; 6 for a value that the field can't hold; 7 for a text that is no value of the field's kind; 8 for
- *     what is past the last; 10 for a path that leads nowhere; 13 for a null argument, and for a struct that no call has
- *     filled yet. A struct is zero but for its size until then.
+ *     what is past the last; 10 for a path that leads nowhere; 13 for a null argument, and for a struct that no
+ *     call has filled yet. A struct is zero but for its size until then.
  */
 #ifndef QV_DATABASE_C_DATABASE_CATALOG_H
 #define QV_DATABASE_C_DATABASE_CATALOG_H
@@ -163,11 +163,11 @@ typedef struct QvDatabaseCatalogField {
 
 /** A walk over the fields of a category. To be filled by QvDatabaseCatalog_walk or _siblings; a copy walks on alone. */
 typedef struct QvDatabaseCatalogCursor {
-    size_t size;        /**< bytes of this struct, set by the caller */
-    size_t depth;       /**< levels in use; the library's, like all that follow */
-    uintptr_t table[8]; /**< rows of each level */
-    uint16_t next[8];   /**< row that comes next in each */
-    QvDatabaseCatalogDocument_t document;
+    size_t size;                          /**< bytes of this struct, set by the caller */
+    size_t depth;                         /**< levels in use; the library's, like all that follow */
+    uintptr_t table[8];                   /**< rows of each level */
+    uint16_t next[8];                     /**< row that comes next in each */
+    QvDatabaseCatalogDocument_t document; /**< whose fields they are */
 } QvDatabaseCatalogCursor_t;
 
 /** Why a path ended before its end. */
@@ -245,8 +245,8 @@ QV_DATABASE_API int QvDatabaseCatalog_siblings(const QvDatabaseCatalogPlace_t* p
 QV_DATABASE_API int QvDatabaseCatalog_number(const QvDatabaseCatalogPlace_t* pPlace, const void* pRecord,
                                              double* pNumber);
 
-/** Stores a number at a place. What the library keeps for itself, handles and the count of an array on the heap, can't be
-    set (13). Nothing is changed unless the field holds it: integers and bools take no fraction, and
+/** Stores a number at a place. What the library keeps for itself, handles and the count of an array on the heap,
+    can't be set (13). Nothing is changed unless the field holds it: integers and bools take no fraction, and
     the range of the type and the one that is known of the field are kept; floats are finite. 0; 6; 13 as above. */
 QV_DATABASE_API int QvDatabaseCatalog_setNumber(const QvDatabaseCatalogPlace_t* pPlace, void* pRecord, double number);
 
@@ -256,8 +256,8 @@ QV_DATABASE_API int QvDatabaseCatalog_setNumber(const QvDatabaseCatalogPlace_t* 
 QV_DATABASE_API int QvDatabaseCatalog_text(const QvDatabaseCatalogPlace_t* pPlace, const void* pRecord, char* pText,
                                            size_t capacity, size_t* pLength);
 
-/** Stores a text's value at a place: what QvDatabaseCatalog_text gives of a finite number, a bool or a text, or the name
-    of a value in full or short.
+/** Stores a text's value at a place: what QvDatabaseCatalog_text gives of a finite number, a bool or a text, or the
+    name of a value in full or short.
     Nothing is changed unless the field holds it; a text must leave room for its terminator, and its rest becomes zero.
     0; 6; 7; 13 as above. */
 QV_DATABASE_API int QvDatabaseCatalog_setText(const QvDatabaseCatalogPlace_t* pPlace, void* pRecord, const char* pText);

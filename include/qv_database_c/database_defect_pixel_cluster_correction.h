@@ -1,5 +1,7 @@
-/* The record of the defect pixel cluster correction block. The library stores it for the layers that drive the
-   camera, which read it in place. Its functions follow the conventions in qv_database.h. */
+/** @file
+ * The record of the defect pixel cluster correction block. The library stores it for the layers that drive the
+ * camera, which read it in place. Its functions follow the conventions in qv_database.h.
+ */
 #ifndef QV_DATABASE_C_DATABASE_DEFECT_PIXEL_CLUSTER_CORRECTION_H
 #define QV_DATABASE_C_DATABASE_DEFECT_PIXEL_CLUSTER_CORRECTION_H
 

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The device on which the pipeline runs (category `DVC`).
  */
 #ifndef QV_DATABASE_C_DATABASE_DEVICE_H

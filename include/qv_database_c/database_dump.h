@@ -1,4 +1,4 @@
-/*
+/** @file
  * A list of register actions of any length (category `DUMP`), the only record that owns heap memory.
  */
 #ifndef QV_DATABASE_C_DATABASE_DUMP_H
@@ -16,8 +16,8 @@ extern "C" {
 #endif
 
 /** Register actions (category `DUMP`), carried by tuning documents under "registers" and by no other form. Nothing in
-    the library releases the array, neither QvDatabase_close nor a reset; who wants its memory back frees it and clears both
-    fields, before the record is closed or loaded again. QvDatabase_reset leaves the record alone. */
+    the library releases the array, neither QvDatabase_close nor a reset; who wants its memory back frees it and
+    clears both fields, before the record is closed or loaded again. QvDatabase_reset leaves the record alone. */
 typedef struct QvDatabaseDump {
     /** array on the heap, owned by the record; null until a tuning document is loaded */
     QvDatabaseRegister_t* pRegisters;

@@ -1,5 +1,7 @@
-/* The record of the focus that is set by hand. The library stores it for the layers that drive the camera, which
-   read it in place. Its functions follow the conventions in qv_database.h. */
+/** @file
+ * The record of the focus that is set by hand. The library stores it for the layers that drive the camera, which
+ * read it in place. Its functions follow the conventions in qv_database.h.
+ */
 #ifndef QV_DATABASE_C_DATABASE_FOCUS_CONTROL_H
 #define QV_DATABASE_C_DATABASE_FOCUS_CONTROL_H
 

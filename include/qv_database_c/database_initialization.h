@@ -1,4 +1,4 @@
-/*
+/** @file
  * The initialization document: the hand-editable form of the system configuration, an ".ini" file with the sections
  * C_MODEL, DVC, IPT, OPT, SS and TM. A section's name is the category's key.
  */

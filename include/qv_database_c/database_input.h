@@ -1,4 +1,4 @@
-/*
+/** @file
  * How frames enter the pipeline (category `IPT`).
  *
  * The numbers of formats, Bayer patterns and stitching modes are those of the pipeline that uses the record; the

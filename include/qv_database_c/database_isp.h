@@ -1,4 +1,4 @@
-/*
+/** @file
  * The ISP controller of the simulator (category `ISP`).
  */
 #ifndef QV_DATABASE_C_DATABASE_ISP_H

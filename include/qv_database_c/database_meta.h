@@ -1,4 +1,4 @@
-/*
+/** @file
  * Metadata of a frame: exposure, gains with their ranges, white balance, colour correction and mean luma (category
  * `MT`).
  *

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The driver of the simulator: what frames it takes and what files it makes (category `MD`).
  *
  * The library carries the fields and reads none of them. Keys are in lower case with underscores ("start_frame"); the

@@ -1,4 +1,4 @@
-/*
+/** @file
  * Identity of the ISP core, version of the documents and two switches (category `MISC`).
  *
  * A text that fills its field has no terminator, and writing it to a document runs on into the fields behind it.

@@ -1,4 +1,4 @@
-/*
+/** @file
  * How frames leave the pipeline (category `OPT`).
  *
  * The numbers of formats, bits and Bayer patterns are those of the pipeline that uses the record; the library only

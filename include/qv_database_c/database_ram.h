@@ -1,4 +1,4 @@
-/*
+/** @file
  * Objects of the running system (category `RAM`).
  */
 #ifndef QV_DATABASE_C_DATABASE_RAM_H

@@ -1,4 +1,4 @@
-/*
+/** @file
  * All records at once: the record of each category with its functions, and the value records within them.
  */
 #ifndef QV_DATABASE_C_DATABASE_RECORDS_H

@@ -1,4 +1,4 @@
-/*
+/** @file
  * A register action: a single one of its own (category `RGT`) and the element of a register dump (category `DUMP`).
  *
  * A text that fills its field has no terminator, and writing it to a document runs on into the fields behind it.

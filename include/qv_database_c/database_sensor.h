@@ -1,4 +1,4 @@
-/*
+/** @file
  * The image sensor: driver, modes, test pattern, the sensors that can be listed with their driver modes, and the ports
  * where sensors are connected (category `SS`).
  *

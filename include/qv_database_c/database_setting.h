@@ -1,4 +1,4 @@
-/*
+/** @file
  * Settings of the database itself (category `ST`).
  */
 #ifndef QV_DATABASE_C_DATABASE_SETTING_H

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The text container: what a ".json" file holds. Up to four kinds of content stand side by side, told apart by the
  * members of the top-level object: `version`, `root` (a simulator document), `header` (calibration, with its neighbours
  * `sensor` and `system`) and `tuning`. They are read in this order, whatever the order in the file. A text whose first

@@ -1,4 +1,4 @@
-/*
+/** @file
  * How an image is split into tiles (category `TL`).
  */
 #ifndef QV_DATABASE_C_DATABASE_TILE_H

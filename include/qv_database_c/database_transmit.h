@@ -1,4 +1,4 @@
-/*
+/** @file
  * How frames and control traffic move in and out of the system: files, HTTP, RTMP, TCP and UART (category `TM`).
  *
  * The library stores these settings and opens no file, socket or device by them. A text that fills its field has no

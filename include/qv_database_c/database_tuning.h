@@ -1,4 +1,4 @@
-/*
+/** @file
  * The tuning document: one object whose members are categories under their keys. 50 categories are read and 49 written;
  * AES_2 is read only. Unknown keys are passed over, and a category that the document doesn't name keeps its values.
  */

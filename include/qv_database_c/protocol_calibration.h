@@ -1,4 +1,4 @@
-/*
+/** @file
  * Codecs of the calibration record (category `CLB`): the calibration document as text and as a JSON tree, the raw
  * image, and a scanner that takes one list out of a calibration tool's plain text.
  *
@@ -50,14 +50,15 @@ QV_DATABASE_API int QvDatabaseProtocolCalibrationBinary_parse(QvCommonBuffer_t* 
 QV_DATABASE_API int QvDatabaseProtocolCalibrationBinary_serialize(QvDatabaseCalibration_t* pConfig,
                                                                   QvCommonBuffer_t* pBuffer);
 
-/** Finds a list in plain text and appends a pointer to each of its items to a queue.
-    pBuffer  the text from pBegin on, which ends with a zero byte; size and cursor play no part
-    pKey     text in front of the list: its first occurrence counts, be it a part of a longer word, then the first "["
-             behind it and the first "]" behind that, so lists within lists are not understood
-    hDQueue  receives pointers into the text, which are valid as long as the text is and belong to no one, so the queue
-   is to be opened without a delete handler. White space alone separates items; an item isn't terminated, it ends where
-   its reader stops. No argument is tested, none may be null. 0, also for an empty list; 15 where key or bracket is
-   missing, the queue being unchanged. An item that can't be queued is traced at Error and left out. */
+/** Finds a list in plain text and appends a pointer to each of its items to a queue. White space alone separates items;
+    an item isn't terminated, it ends where its reader stops. No argument is tested, none may be null.
+    @param pBuffer the text from pBegin on, which ends with a zero byte; size and cursor play no part
+    @param pKey text in front of the list: its first occurrence counts, be it a part of a longer word, then the first
+                "[" behind it and the first "]" behind that, so lists within lists are not understood
+    @param hDQueue receives pointers into the text, which are valid as long as the text is and belong to no one, so the
+                   queue is to be opened without a delete handler
+    @return 0, also for an empty list; 15 where key or bracket is missing, the queue being unchanged. An item that can't
+            be queued is traced at Error and left out. */
 QV_DATABASE_API int QvDatabaseCalibrationTxt_extractArray(QvCommonBuffer_t* pBuffer, const char* pKey,
                                                           QvCommonDQueueHandle_t hDQueue);
 

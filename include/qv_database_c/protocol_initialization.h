@@ -1,4 +1,4 @@
-/*
+/** @file
  * The sections of the initialization document. Each category has a pair of codecs that move values between a section's
  * members and a record. All keys are flat: dots and indices are part of the key.
  *
@@ -25,34 +25,40 @@
 extern "C" {
 #endif
 
-/** Section "C_MODEL", 30 keys: bit width and switch of each unit. */
+/** Reads section "C_MODEL" into the record: 30 keys: bit width and switch of each unit. */
 QV_DATABASE_API int QvDatabaseProtocolInitialization_cModel_parse(QvInitializationSection_t* pSection,
                                                                   QvDatabaseCModel_t* pConfig);
+/** Adds the record's members to section "C_MODEL". 0; 5; a status of the queue. */
 QV_DATABASE_API int QvDatabaseProtocolInitialization_cModel_serialize(QvDatabaseCModel_t* pConfig,
                                                                       QvInitializationSection_t* pSection);
-/** Section "DVC", 3 keys. */
+/** Reads section "DVC" into the record: 3 keys. */
 QV_DATABASE_API int QvDatabaseProtocolInitialization_device_parse(QvInitializationSection_t* pSection,
                                                                   QvDatabaseDevice_t* pConfig);
+/** Adds the record's members to section "DVC". 0; 5; a status of the queue. */
 QV_DATABASE_API int QvDatabaseProtocolInitialization_device_serialize(QvDatabaseDevice_t* pConfig,
                                                                       QvInitializationSection_t* pSection);
-/** Section "IPT", 29 keys. The frame rate is read with its fraction and written without. */
+/** Reads section "IPT" into the record: 29 keys. The frame rate is read with its fraction and written without. */
 QV_DATABASE_API int QvDatabaseProtocolInitialization_input_parse(QvInitializationSection_t* pSection,
                                                                  QvDatabaseInput_t* pConfig);
+/** Adds the record's members to section "IPT". 0; 5; a status of the queue. */
 QV_DATABASE_API int QvDatabaseProtocolInitialization_input_serialize(QvDatabaseInput_t* pConfig,
                                                                      QvInitializationSection_t* pSection);
-/** Section "OPT", 78 keys: 13 for each of the six paths. */
+/** Reads section "OPT" into the record: 78 keys: 13 for each of the six paths. */
 QV_DATABASE_API int QvDatabaseProtocolInitialization_output_parse(QvInitializationSection_t* pSection,
                                                                   QvDatabaseOutput_t* pConfig);
+/** Adds the record's members to section "OPT". 0; 5; a status of the queue. */
 QV_DATABASE_API int QvDatabaseProtocolInitialization_output_serialize(QvDatabaseOutput_t* pConfig,
                                                                       QvInitializationSection_t* pSection);
-/** Section "SS", 4 keys: the driver, its mode and the test pattern. */
+/** Reads section "SS" into the record: 4 keys: the driver, its mode and the test pattern. */
 QV_DATABASE_API int QvDatabaseProtocolInitialization_sensor_parse(QvInitializationSection_t* pSection,
                                                                   QvDatabaseSensor_t* pConfig);
+/** Adds the record's members to section "SS". 0; 5; a status of the queue. */
 QV_DATABASE_API int QvDatabaseProtocolInitialization_sensor_serialize(QvDatabaseSensor_t* pConfig,
                                                                       QvInitializationSection_t* pSection);
-/** Section "TM", 23 keys. */
+/** Reads section "TM" into the record: 23 keys. */
 QV_DATABASE_API int QvDatabaseProtocolInitialization_transmit_parse(QvInitializationSection_t* pSection,
                                                                     QvDatabaseTransmit_t* pConfig);
+/** Adds the record's members to section "TM". 0; 5; a status of the queue. */
 QV_DATABASE_API int QvDatabaseProtocolInitialization_transmit_serialize(QvDatabaseTransmit_t* pConfig,
                                                                         QvInitializationSection_t* pSection);
 

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The simulator document: the codecs of protocol_simulator_codecs.h together with the records that they carry.
  */
 #ifndef QV_DATABASE_C_PROTOCOL_SIMULATOR_H

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The parameter database of an ISP software stack: open it, ask for a category by its key, read and write that record
  * in place, load and save the whole set.
  *
@@ -40,6 +40,7 @@
 
 #include <qv_database_c/database_base.h>
 #include <qv_database_c/qv_database_export.h>
+#include <qv_database_c/qv_database_version.h>
 
 #ifdef __cplusplus
 extern "C" {

@@ -1,4 +1,8 @@
+#include <dlfcn.h>
+
 #include <algorithm>
+#include <cstdio>
+#include <filesystem>
 
 #include <qv_common_c/common_logger.h>
 #include <qv_database_c/database_calibration.h>
@@ -51,6 +55,21 @@ TEST(Database, OpeningPrintsTheBannerAndBadArgumentsPrintNothing)
     EXPECT_EQ(query(handle, "MISC"), 13);
     EXPECT_EQ(QvDatabase_open(nullptr, &handle), 13);
     EXPECT_EQ(takeLines(traces), "");
+}
+
+TEST(Database, TheLibraryTellsTheVersionOfItsHeader)
+{
+    int major = -1;
+    int minor = -1;
+    int patch = -1;
+    char rest = 0;
+    ASSERT_EQ(std::sscanf(QvDatabase_version(), "%d.%d.%d%c", &major, &minor, &patch, &rest), 3);
+    EXPECT_EQ(major * 10000 + minor * 100 + patch, QV_DATABASE_VERSION_NUMBER);
+    // The name of the library that was loaded ends in the same version; the build takes it from the header's text.
+    Dl_info info{};
+    ASSERT_NE(dladdr(reinterpret_cast<const void*>(&QvDatabase_version), &info), 0);
+    const std::string real = std::filesystem::canonical(info.dli_fname).filename();
+    EXPECT_EQ(real, "libqv_database_c.so." + std::string(QvDatabase_version()));
 }
 
 TEST(Database, EveryCategoryIsListedOnceWithItsSize)

@@ -1,3 +1,6 @@
+/** @file
+ * Comparison of member keys with the names that are known.
+ */
 #ifndef QV_COMMON_ARGUMENT_H
 #define QV_COMMON_ARGUMENT_H
 

@@ -1,3 +1,6 @@
+/** @file
+ * A block of memory with a cursor, and the loading and saving of files.
+ */
 #ifndef QV_COMMON_BUFFER_H
 #define QV_COMMON_BUFFER_H
 
@@ -58,8 +61,8 @@ QV_COMMON_API int QvCommonBuffer_save2(QvCommonBuffer_t* pBuffer, const char* pF
 
 /** A block of bytes that stays the caller's. `pBegin` may be null when `size` is 0. */
 typedef struct QvCommonBufferPart {
-    const char* pBegin;
-    size_t size;
+    const char* pBegin; /**< first byte */
+    size_t size;        /**< number of bytes */
 } QvCommonBufferPart_t;
 
 /** Writes `number` blocks, one behind the other, to a file as QvCommonBuffer_save2 writes one, without bringing them

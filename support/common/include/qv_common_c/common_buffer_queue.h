@@ -1,3 +1,6 @@
+/** @file
+ * A queue of buffers.
+ */
 #ifndef QV_COMMON_BUFFER_QUEUE_H
 #define QV_COMMON_BUFFER_QUEUE_H
 
@@ -15,6 +18,7 @@ extern "C" {
 /** A queue of buffers. */
 typedef uintptr_t QvCommonBufferQueueHandle_t;
 
+/** What a queue of buffers is opened with. */
 typedef struct QvCommonBufferQueueOpenParam {
     /** Called for each buffer that is left at close, with the address of a variable that holds it. Null: the buffers
      * aren't the queue's and are left alone. */

@@ -1,3 +1,6 @@
+/** @file
+ * Integers of any width by their place in an array, and floats as doubles.
+ */
 #ifndef QV_COMMON_CONVERT_H
 #define QV_COMMON_CONVERT_H
 

@@ -1,3 +1,6 @@
+/** @file
+ * A double-ended queue of pointers.
+ */
 #ifndef QV_COMMON_DQUEUE_H
 #define QV_COMMON_DQUEUE_H
 
@@ -17,6 +20,7 @@ typedef uintptr_t QvCommonDQueueHandle_t;
 /** Releases an element; gets the address of a variable that holds it and returns a status. */
 typedef int (*QvCommonDQueueDeleteDataHandler_t)(void** ppElement);
 
+/** What a queue is opened with. */
 typedef struct QvCommonDQueueOpenParam {
     /** Called for each element that is left at close. Null: the elements aren't the queue's and are left alone. */
     QvCommonDQueueDeleteDataHandler_t pDeleteDataHandler;

@@ -1,3 +1,6 @@
+/** @file
+ * The status numbers of all libraries, and their texts.
+ */
 #ifndef QV_COMMON_ERROR_H
 #define QV_COMMON_ERROR_H
 

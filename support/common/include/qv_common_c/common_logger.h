@@ -1,3 +1,6 @@
+/** @file
+ * A logger, which takes messages for the user of a program.
+ */
 #ifndef QV_COMMON_LOGGER_H
 #define QV_COMMON_LOGGER_H
 
@@ -18,6 +21,7 @@ typedef uintptr_t QvCommonLoggerHandle_t;
  * becomes that of QvCommonLogger_log. */
 typedef int (*QvCommonLoggerWrite_t)(void* pUserData, const char* pText, size_t length);
 
+/** What a logger is opened with. */
 typedef struct QvCommonLoggerOpenParam {
     FILE* pStream; /**< where messages go; stays the caller's and open until close; null: standard error */
     QvCommonLoggerWrite_t pWrite; /**< null, or gets the messages, and pStream plays no part */

@@ -1,3 +1,6 @@
+/** @file
+ * A map from texts to slots.
+ */
 #ifndef QV_COMMON_MAP_H
 #define QV_COMMON_MAP_H
 
@@ -20,6 +23,7 @@ typedef union QvCommonMapSlot {
     int (*pFunction3)(void*, void*, void*); /**< a function of three arguments */
 } QvCommonMapSlot_t;
 
+/** What a map is opened with. */
 typedef struct QvCommonMapOpenParam {
     /** Releases an entry's object; gets the address of the slot's pObject and returns a status. The slot itself is
      * released by the map. Null: the objects aren't the map's and are left alone. */

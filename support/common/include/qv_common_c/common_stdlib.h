@@ -1,3 +1,7 @@
+/** @file
+ * Numbers in texts, read by the rules of the C locale whatever locale the process has chosen. May be called from any
+ * thread.
+ */
 #ifndef QV_COMMON_STDLIB_H
 #define QV_COMMON_STDLIB_H
 
@@ -8,9 +12,6 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
-
-/* Number texts, read by the rules of the C locale whatever locale the process has chosen. May be called from any
- * thread. */
 
 /** As strtol. `ppEnd` may be null, else `*ppEnd` receives the first character that isn't part of the number. A value
  * out of range gives LONG_MAX or LONG_MIN. A null text gives 0 and a null end. */

@@ -1,3 +1,6 @@
+/** @file
+ * Comparison of texts.
+ */
 #ifndef QV_COMMON_STRING_H
 #define QV_COMMON_STRING_H
 

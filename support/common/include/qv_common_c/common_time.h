@@ -1,3 +1,6 @@
+/** @file
+ * The time stamp of documents.
+ */
 #ifndef QV_COMMON_TIME_H
 #define QV_COMMON_TIME_H
 

@@ -1,3 +1,6 @@
+/** @file
+ * The tracer, which says what the libraries do and where something failed.
+ */
 #ifndef QV_COMMON_TRACER_H
 #define QV_COMMON_TRACER_H
 
@@ -27,12 +30,13 @@ extern "C" {
  */
 typedef uintptr_t QvCommonTracerHandle_t;
 
+/** How much a line matters; a tracer writes those of its level and above. */
 typedef enum QvCommonTracerLevel {
-    QvCommonTracerLevel_Debug = 0,
-    QvCommonTracerLevel_Info = 1,
-    QvCommonTracerLevel_Warning = 2,
-    QvCommonTracerLevel_Error = 3,
-    QvCommonTracerLevel_Sum = 4 /**< the count of levels */
+    QvCommonTracerLevel_Debug = 0,   /**< each member that a document lacks, and what else is of use when searching */
+    QvCommonTracerLevel_Info = 1,    /**< the banner at open, the summary of QvDatabase_info */
+    QvCommonTracerLevel_Warning = 2, /**< something is odd, and the work goes on */
+    QvCommonTracerLevel_Error = 3,   /**< an operation fails */
+    QvCommonTracerLevel_Sum = 4      /**< the count of levels */
 } QvCommonTracerLevel_t;
 
 /** Gets one whole line, prefix included and line end left off, zero-terminated and `length` bytes long. `level` is that
@@ -40,6 +44,7 @@ typedef enum QvCommonTracerLevel {
  * time, from whichever thread traces. Must not trace to the same tracer. */
 typedef int (*QvCommonTracerWrite_t)(void* pUserData, QvCommonTracerLevel_t level, const char* pText, size_t length);
 
+/** What a tracer is opened with. */
 typedef struct QvCommonTracerOpenParam {
     QvCommonTracerLevel_t level;  /**< the lowest level that is written; QvCommonTracerLevel_Sum: nothing is */
     FILE* pStream;                /**< where lines go; stays the caller's and open until close; null: standard error */

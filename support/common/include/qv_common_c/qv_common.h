@@ -1,7 +1,4 @@
-#ifndef QV_COMMON_H
-#define QV_COMMON_H
-
-/*
+/** @file
  * All of the common support library in one include.
  *
  * Conventions of the whole interface:
@@ -17,6 +14,9 @@
  *    free.
  * 6. Functions that the caller hands in must not throw.
  */
+#ifndef QV_COMMON_H
+#define QV_COMMON_H
+
 #include <qv_common_c/common_argument.h>
 #include <qv_common_c/common_buffer.h>
 #include <qv_common_c/common_buffer_queue.h>

@@ -1,3 +1,6 @@
+/** @file
+ * Marks what the common library exports.
+ */
 #ifndef QV_COMMON_EXPORT_H
 #define QV_COMMON_EXPORT_H
 

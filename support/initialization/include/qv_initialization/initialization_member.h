@@ -1,3 +1,6 @@
+/** @file
+ * One line of key and value.
+ */
 #ifndef QV_INITIALIZATION_MEMBER_H
 #define QV_INITIALIZATION_MEMBER_H
 
@@ -13,22 +16,22 @@ typedef struct QvInitializationMember {
     char* pKey;
     /** The value. Null where the line is a key alone, empty where nothing follows the '='. */
     char* pValue;
-    /** The comment lines above the member, without their marks and joined by '\n'; null where there are none. A comment
-     * that stands behind the value on its own line comes last. */
+    /** The comment lines above the member, without their marks and joined by line feeds; null where there are none.
+        A comment that stands behind the value on its own line comes last. */
     char* pComment;
 } QvInitializationMember_t;
 
 /**
  * Allocates a member whose three strings are null.
- * ppMember: receives the member, which is the caller's until it is pushed to a section's queue; must hold null.
- * Returns 0; 5 when out of memory; 13 when ppMember is null or doesn't hold null.
+ * @param ppMember receives the member, which is the caller's until it is pushed to a section's queue; must hold null.
+ * @return 0; 5 when out of memory; 13 when ppMember is null or doesn't hold null.
  */
 QV_INITIALIZATION_API int QvInitializationMember_create(QvInitializationMember_t** ppMember);
 
 /**
  * Frees the member and its strings and sets the variable to null.
- * ppMember: address of the variable that holds the member.
- * Returns 0; 13 when ppMember is null or holds null.
+ * @param ppMember address of the variable that holds the member.
+ * @return 0; 13 when ppMember is null or holds null.
  */
 QV_INITIALIZATION_API int QvInitializationMember_delete(QvInitializationMember_t** ppMember);
 

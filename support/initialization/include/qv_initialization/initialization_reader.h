@@ -1,3 +1,6 @@
+/** @file
+ * The reader of initialization files.
+ */
 #ifndef QV_INITIALIZATION_READER_H
 #define QV_INITIALIZATION_READER_H
 
@@ -16,14 +19,14 @@ typedef uintptr_t QvInitializationReaderHandle_t;
 
 /**
  * Opens a reader.
- * phReader: receives the handle; must hold 0.
- * Returns 0; 5 when out of memory; 13 when phReader is null or doesn't hold 0.
+ * @param phReader receives the handle; must hold 0.
+ * @return 0; 5 when out of memory; 13 when phReader is null or doesn't hold 0.
  */
 QV_INITIALIZATION_API int QvInitializationReader_open(QvInitializationReaderHandle_t* phReader);
 
 /**
  * Closes the reader and sets the handle to 0.
- * Returns 0; 13 when phReader is null or holds 0.
+ * @return 0; 13 when phReader is null or holds 0.
  */
 QV_INITIALIZATION_API int QvInitializationReader_close(QvInitializationReaderHandle_t* phReader);
 
@@ -37,16 +40,21 @@ QV_INITIALIZATION_API int QvInitializationReader_close(QvInitializationReaderHan
  * - A line that begins with ';' or '#' is a comment of the section or key below it. Comments at the end of the file go
  * to the last section; a file of comments alone gives one section without header that holds them.
  * - Marks inside a line are text: "path = /a;b #c" keeps all of it.
- * - A header, key or value in double quotes stands for what is between them, with the escapes \\ \" \n \r \t and \xHH
- * (two hexadecimal digits, not 00). Any other escape stays as it is written. What begins with a quote but isn't a whole
- * quoted text, since the closing quote is missing or other text follows, is taken as it stands, quotes and all.
+ * - A header, key or value in double quotes stands for what is between them, with the escapes of the next line,
+ * where HH are two hexadecimal digits and not 00. Any other escape stays as it is written. What begins with a quote
+ * but isn't a whole quoted text, since the closing quote is missing or other text follows, is taken as it stands,
+ * quotes and all.
+ * @code
+ * \\ \" \n \r \t \xHH
+ * @endcode
  * - A comment may follow the ']' of a header and whatever ends with a quoted text. It counts as if it stood above,
  * last. Lines end in LF, CRLF or CR; the last one needs no end. A UTF-8 byte order mark at the start is skipped.
  *
- * hReader: an open reader.
- * pBuffer: the text, size bytes from pBegin; offset is neither read nor changed. pBegin may be null when size is 0.
- * hQueue: an open queue, best opened with QvInitializationSection_delete as its delete handler.
- * Returns 0; 5 when out of memory; 7 for a syntax error: a header without ']', text behind the ']', a '=' without a
+ * @param hReader an open reader.
+ * @param pBuffer the text, size bytes from pBegin; offset is neither read nor changed. pBegin may be null when size
+ * is 0.
+ * @param hQueue an open queue, best opened with QvInitializationSection_delete as its delete handler.
+ * @return 0; 5 when out of memory; 7 for a syntax error: a header without ']', text behind the ']', a '=' without a
  * key, or a zero byte. An Error trace then tells the line and the column in bytes, both from 1: "syntax error(7):
  * expected ']' at line 3, column 9". 13 when a handle is 0, pBuffer is null, or its pBegin is null with a size. Where
  * the text can't be read to its end nothing is pushed. When a push fails its status is returned, and the sections

@@ -1,3 +1,6 @@
+/** @file
+ * One section of an initialization file.
+ */
 #ifndef QV_INITIALIZATION_SECTION_H
 #define QV_INITIALIZATION_SECTION_H
 
@@ -22,18 +25,18 @@ typedef struct QvInitializationSection {
 
 /**
  * Allocates a section with both queues open and empty and a null pHeader. The queues own what is pushed to them:
- * strings in hComment are freed, members in hMember deleted, together with the section. ppSection: receives the
- * section, which is the caller's until it is pushed to a queue; must hold null. Returns 0; 5 when out of memory; 13
- * when ppSection is null or doesn't hold null.
+ * strings in hComment are freed, members in hMember deleted, together with the section.
+ * @param ppSection receives the section, which is the caller's until it is pushed to a queue; must hold null.
+ * @return 0; 5 when out of memory; 13 when ppSection is null or doesn't hold null.
  */
 QV_INITIALIZATION_API int QvInitializationSection_create(QvInitializationSection_t** ppSection);
 
 /**
  * Frees the section with its queues and all strings and clears the variable. A variable that holds null is left as it
- * is. It has the form of a queue's delete handler: cast it to QvCommonDQueueDeleteDataHandler_t. ppSection: address of
- * the variable that holds the section. Returns 0, or the status with which a queue closed (the section is gone all the
- * same); 13 when ppSection is
- * null or holds null.
+ * is. It has the form of a queue's delete handler: cast it to QvCommonDQueueDeleteDataHandler_t.
+ * @param ppSection address of the variable that holds the section.
+ * @return 0, or the status with which a queue closed (the section is gone all the same); 13 when ppSection
+ * is null or holds null.
  */
 QV_INITIALIZATION_API int QvInitializationSection_delete(QvInitializationSection_t** ppSection);
 

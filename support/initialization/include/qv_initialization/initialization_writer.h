@@ -1,3 +1,6 @@
+/** @file
+ * The writer of initialization files.
+ */
 #ifndef QV_INITIALIZATION_WRITER_H
 #define QV_INITIALIZATION_WRITER_H
 
@@ -16,14 +19,14 @@ typedef uintptr_t QvInitializationWriterHandle_t;
 
 /**
  * Opens a writer.
- * phWriter: receives the handle; must hold 0.
- * Returns 0; 5 when out of memory; 13 when phWriter is null or doesn't hold 0.
+ * @param phWriter receives the handle; must hold 0.
+ * @return 0; 5 when out of memory; 13 when phWriter is null or doesn't hold 0.
  */
 QV_INITIALIZATION_API int QvInitializationWriter_open(QvInitializationWriterHandle_t* phWriter);
 
 /**
  * Closes the writer and sets the handle to 0.
- * Returns 0; 13 when phWriter is null or holds 0.
+ * @return 0; 13 when phWriter is null or holds 0.
  */
 QV_INITIALIZATION_API int QvInitializationWriter_close(QvInitializationWriterHandle_t* phWriter);
 
@@ -43,11 +46,13 @@ QV_INITIALIZATION_API int QvInitializationWriter_close(QvInitializationWriterHan
  * goes with the section above. So a text that is read and written again is the same. Null elements, and members with
  * neither key nor value, are left out; a null key beside a value is written as an empty key.
  *
- * hWriter: an open writer.
- * hQueue: queue of QvInitializationSection_t*. It is walked by popping the front and pushing it back, so that it comes
- * out as it went in; it stays the caller's with all it holds. The caller keeps other threads away from it meanwhile.
- * pBuffer: receives the text in a new heap block of the malloc family: size bytes at pBegin with a zero byte behind
- * them, offset 0, isAllocated true. The content it had is dropped on success and kept on failure. Returns 0; 5 when out
+ * @param hWriter an open writer.
+ * @param hQueue queue of QvInitializationSection_t*. It is walked by popping the front and pushing it back, so that it
+ * comes out as it went in; it stays the caller's with all it holds. The caller keeps other threads away from it
+ * meanwhile.
+ * @param pBuffer receives the text in a new heap block of the malloc family: size bytes at pBegin with a zero byte
+ * behind them, offset 0, isAllocated true. The content it had is dropped on success and kept on failure.
+ * @return 0; 5 when out
  * of memory; 13 when a handle is 0 or pBuffer is null; else the status of the queue or the buffer. Should
  * the queue refuse to take back an element, for want of memory, that one is left out of it and not deleted.
  */

@@ -1,7 +1,4 @@
-#ifndef QV_INITIALIZATION_H
-#define QV_INITIALIZATION_H
-
-/*
+/** @file
  * Initialization files: sections of keys and values, as people write them by hand.
  *
  *     ; comment lines above a section or a key begin with ';' or '#'
@@ -21,6 +18,8 @@
  *
  * The syntax is told in initialization_reader.h, the written form in initialization_writer.h.
  */
+#ifndef QV_INITIALIZATION_H
+#define QV_INITIALIZATION_H
 
 #include <qv_initialization/initialization_member.h>
 #include <qv_initialization/initialization_reader.h>

@@ -1,3 +1,6 @@
+/** @file
+ * Marks what the initialization library exports.
+ */
 #ifndef QV_INITIALIZATION_EXPORT_H
 #define QV_INITIALIZATION_EXPORT_H
 

@@ -1,3 +1,6 @@
+/** @file
+ * The walk along a path of keys.
+ */
 #ifndef QV_JSON_C_JSON_PATH_H
 #define QV_JSON_C_JSON_PATH_H
 
@@ -16,11 +19,10 @@ extern "C" {
  * that belongs to the library, valid as QvJsonValue_member tells. Empty steps are skipped, and the empty path gives
  * pValue itself. The value stays owned by the tree.
  *
- * pValue   where the walk begins, not null
- * pPath    names in UTF-8 up to a zero byte, not null
- * ppValue  receives the value, not null; never holds null after status 0
- *
- * 0; 5 when memory runs out; 13 for a null argument. On 5 and 13 *ppValue is left as it was.
+ * @param pValue where the walk begins, not null
+ * @param pPath names in UTF-8 up to a zero byte, not null
+ * @param ppValue receives the value, not null; never holds null after status 0
+ * @return 0; 5 when memory runs out; 13 for a null argument. On 5 and 13 *ppValue is left as it was.
  */
 QV_JSON_API int QvJsonPath(QvJsonValue_t* pValue, const char* pPath, QvJsonValue_t** ppValue);
 

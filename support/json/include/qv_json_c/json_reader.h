@@ -1,3 +1,6 @@
+/** @file
+ * The reader of JSON texts.
+ */
 #ifndef QV_JSON_C_JSON_READER_H
 #define QV_JSON_C_JSON_READER_H
 
@@ -28,21 +31,20 @@ QV_JSON_API int QvJsonReader_close(QvJsonReaderHandle_t* pHandle);
  *   What stands before a value, or before its key, becomes its pComment. What follows a value on its line becomes its
  *   pComment2, also behind the comma, unless another value follows on that line. What has no value behind it (before
  *   a closing bracket, at the end of the text) becomes pComment2 of the value before it, or of the container if that is
- *   empty. Each line is trimmed; several lines are joined by '\n'. A zero byte may not stand in a comment; whatever
- *   else stands in one is kept.
+ *   empty. Each line is trimmed; several lines are joined by line feeds. A zero byte may not stand in a comment;
+ *   whatever else stands in one is kept.
  *
  * Numbers without point and exponent are Integer: from -2^63 to 2^63-1 as they are, up to 2^64-1 with their 64 bits
  * kept (so they come out negative); beyond that they are Float. Floats are correctly rounded, independent of the
  * locale, and saturate at the largest finite double. A key that an object holds twice keeps its first place and its
  * last value. A zero character ("\u0000") ends the C string it stands in. Containers may be nested 512 deep.
  *
- * handle   an open reader
- * pBegin   not null
- * pEnd     not null, not before pBegin
- * ppValue  receives the tree, which is the caller's and released by QvJsonValue_delete; holds null on entry, and still
- *          does after a failure
- *
- * 0; 5 when memory runs out; 7 for a text that is no document, the empty text among them; 13 for bad arguments.
+ * @param handle an open reader
+ * @param pBegin not null
+ * @param pEnd not null, not before pBegin
+ * @param ppValue receives the tree, which is the caller's and released by QvJsonValue_delete; holds null on entry, and
+ *                still does after a failure
+ * @return 0; 5 when memory runs out; 7 for a text that is no document, the empty text among them; 13 for bad arguments.
  * Status 7 comes with a trace at Error level that says what was expected and where: line and column count from 1, the
  * column in characters.
  */

@@ -1,4 +1,4 @@
-/*
+/** @file
  * A tree of JSON values.
  *
  * Rules for the whole header:
@@ -41,10 +41,11 @@ typedef struct QvJsonValueObject QvJsonValueObject_t;
 
 /** One value. */
 typedef struct QvJsonValue {
+    /** The value of each kind. */
     union Holder {
-        bool _bool;
-        double _float;
-        ssize_t integer;
+        bool _bool;                   /**< of a Boolean */
+        double _float;                /**< of a Float */
+        ssize_t integer;              /**< of an Integer */
         QvJsonValueArray_t* pArray;   /**< never null in an Array; owned by the tree */
         char* pChar;                  /**< never null in a String; owned by the tree */
         QvJsonValueObject_t* pObject; /**< never null in an Object; owned by the tree */
@@ -116,41 +117,57 @@ QV_JSON_API size_t QvJsonValue_size(QvJsonValue_t* pValue);
 QV_JSON_API QvJsonValue_t* QvJsonValue_item(QvJsonValue_t* pValue, size_t index);
 
 /**
- * The value as the asked kind. Integer, float and boolean convert into each other: a float is cut towards zero and
+ * The value as a boolean. Integer, float and boolean convert into each other: a float is cut towards zero and
  * saturates at the ends of ssize_t, not-a-number is 0; everything but zero is true. All other kinds, a null pointer
  * among them, are false, 0.0 and 0: a text is no number.
+ */
+QV_JSON_API bool QvJsonValue_asBoolean(QvJsonValue_t* pValue);
+/**
+ * The value as a double, by the rules of QvJsonValue_asBoolean.
  *
  * The double is the one nearest to what the text says. Narrowed to a float it is rounded a second time, so what lies
  * closer than a double can tell to the middle between two floats may become the wrong one of them:
  * 16777217.0000000001 becomes 16777216. Numbers below 2^33 with up to six digits behind the point never do.
  */
-QV_JSON_API bool QvJsonValue_asBoolean(QvJsonValue_t* pValue);
 QV_JSON_API double QvJsonValue_asFloat(QvJsonValue_t* pValue);
+/** The value as an integer, by the rules of QvJsonValue_asBoolean. */
 QV_JSON_API ssize_t QvJsonValue_asInteger(QvJsonValue_t* pValue);
 
 /** The text of a String, owned by the tree; null for every other kind. */
 QV_JSON_API char* QvJsonValue_asString(QvJsonValue_t* pValue);
 
-/** The same of an array's item. Past the end, or where there is no array: false, 0.0, 0 and null; nothing is made. */
+/** An array's item as a boolean. Past the end, or where there is no array: false, and nothing is made. */
 QV_JSON_API bool QvJsonValue_itemAsBoolean(QvJsonValue_t* pValue, size_t index);
+/** An array's item as a double; 0.0 where there is none. */
 QV_JSON_API double QvJsonValue_itemAsFloat(QvJsonValue_t* pValue, size_t index);
+/** An array's item as an integer; 0 where there is none. */
 QV_JSON_API ssize_t QvJsonValue_itemAsInteger(QvJsonValue_t* pValue, size_t index);
+/** The text of an array's item, owned by the tree; null where there is none, and for every other kind. */
 QV_JSON_API char* QvJsonValue_itemAsString(QvJsonValue_t* pValue, size_t index);
 
 /**
- * Add a member at the end of an object; a null value becomes an object first. Where the object holds the key already,
- * the value is replaced in its place: its address and its comments stay, its old content is released.
+ * Adds a boolean as a member at the end of an object; a null value becomes an object first. Where the object holds
+ * the key already, the value is replaced in its place: its address and its comments stay, its old content is released.
  * 0; 5 when memory runs out; 13 for a null pointer and for a target of another kind. A failure changes nothing.
  */
 QV_JSON_API int QvJsonValue_addBooleanToObject(QvJsonValue_t* pValue, const char* pKey, bool value);
+/** Adds a float as a member, as QvJsonValue_addBooleanToObject does a boolean. */
 QV_JSON_API int QvJsonValue_addFloatToObject(QvJsonValue_t* pValue, const char* pKey, double value);
+/** Adds an integer as a member, as QvJsonValue_addBooleanToObject does a boolean. */
 QV_JSON_API int QvJsonValue_addIntegerToObject(QvJsonValue_t* pValue, const char* pKey, ssize_t value);
+/** Adds a copy of a text as a member, as QvJsonValue_addBooleanToObject does a boolean. */
 QV_JSON_API int QvJsonValue_addStringToObject(QvJsonValue_t* pValue, const char* pKey, const char* pText);
 
-/** Add an item at the end of an array; a null value becomes an array first. Statuses as above. */
+/**
+ * Adds a boolean as an item at the end of an array; a null value becomes an array first. 0; 5 when memory runs out; 13
+ * for a null pointer and for a target of another kind. A failure changes nothing.
+ */
 QV_JSON_API int QvJsonValue_addBooleanToArray(QvJsonValue_t* pValue, bool value);
+/** Adds a float as an item, as QvJsonValue_addBooleanToArray does a boolean. */
 QV_JSON_API int QvJsonValue_addFloatToArray(QvJsonValue_t* pValue, double value);
+/** Adds an integer as an item, as QvJsonValue_addBooleanToArray does a boolean. */
 QV_JSON_API int QvJsonValue_addIntegerToArray(QvJsonValue_t* pValue, ssize_t value);
+/** Adds a copy of a text as an item, as QvJsonValue_addBooleanToArray does a boolean. */
 QV_JSON_API int QvJsonValue_addStringToArray(QvJsonValue_t* pValue, const char* pText);
 
 /**
@@ -162,7 +179,7 @@ QV_JSON_API int QvJsonValue_addStringToArray(QvJsonValue_t* pValue, const char* 
 QV_JSON_API int QvJsonValue_reserve(QvJsonValue_t* pValue, size_t number);
 
 /**
- * Hand a value from QvJsonValue_create, or a reader's tree, over to an object or array, with all below it and its
+ * Hands a value from QvJsonValue_create, or a reader's tree, over to an object as a member, with all below it and its
  * comments. On success the tree owns it and *ppValue points at its new place, so that the caller can go on filling it;
  * the pointer it came with is no longer valid. On failure it stays the caller's.
  *
@@ -170,6 +187,7 @@ QV_JSON_API int QvJsonValue_reserve(QvJsonValue_t* pValue, size_t number);
  * hold the target anywhere below it; that is not checked.
  */
 QV_JSON_API int QvJsonValue_addValueToObject(QvJsonValue_t* pValue, const char* pKey, QvJsonValue_t** ppValue);
+/** Hands a value over to an array as an item, as QvJsonValue_addValueToObject does to an object. */
 QV_JSON_API int QvJsonValue_addValueToArray(QvJsonValue_t* pValue, QvJsonValue_t** ppValue);
 
 #ifdef __cplusplus

@@ -1,3 +1,6 @@
+/** @file
+ * The writer of JSON texts.
+ */
 #ifndef QV_JSON_C_JSON_WRITER_H
 #define QV_JSON_C_JSON_WRITER_H
 
@@ -30,7 +33,7 @@ QV_JSON_API int QvJsonWriter_open(QvJsonWriterOpenParam_t* pParam, QvJsonWriterH
 QV_JSON_API int QvJsonWriter_close(QvJsonWriterHandle_t* pHandle);
 
 /**
- * Gives the document's text: UTF-8, lines ended by '\n', the last one too, and a zero byte behind it.
+ * Gives the document's text: UTF-8, lines ended by a line feed, the last one too, and a zero byte behind it.
  *
  * Members stand one to a line, in the order in which they were added. A list stands in brackets with ", " between its
  * items, which count as one level deeper. Floats have exactly the asked number of digits, correctly rounded, whatever
@@ -39,11 +42,10 @@ QV_JSON_API int QvJsonWriter_close(QvJsonWriterHandle_t* pHandle);
  * pComment2 at the end of the value's line with its line ends turned into blanks, each line trimmed; a list whose items
  * have comments gets one line an item. A text with comments that was written, read and written again is the same.
  *
- * handle  an open writer
- * pValue  the root, not null; not changed
- * ppText  receives a new heap string, which the caller releases with free(); left as it was after a failure
- *
- * 0; 5 when memory runs out; 6 for a tree deeper than the reader takes (with a trace at Error level); 13 for bad
+ * @param handle an open writer
+ * @param pValue the root, not null; not changed
+ * @param ppText receives a new heap string, which the caller releases with free(); left as it was after a failure
+ * @return 0; 5 when memory runs out; 6 for a tree deeper than the reader takes (with a trace at Error level); 13 for bad
  * arguments.
  */
 QV_JSON_API int QvJsonWriter_stringify(QvJsonWriterHandle_t handle, QvJsonValue_t* pValue, char** ppText);

@@ -1,4 +1,4 @@
-/*
+/** @file
  * Everything of libqv_json_c: a tree of JSON values with comments, its reader, its writer and the walk along a path.
  */
 #ifndef QV_JSON_C_QV_JSON_H

@@ -1,3 +1,6 @@
+/** @file
+ * Marks what the JSON library exports.
+ */
 #ifndef QV_JSON_C_QV_JSON_EXPORT_H
 #define QV_JSON_C_QV_JSON_EXPORT_H
 
