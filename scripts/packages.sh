@@ -13,5 +13,5 @@ install_packages() {
     "${sudo[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-build_packages=(cmake make g++ libc6-dev libcli11-dev)
+build_packages=(cmake make g++ libc6-dev libcli11-dev libpng-dev)
 test_packages=("${build_packages[@]}" libgtest-dev rapidjson-dev python3 python3-jsonschema clang-format clang-tidy git locales)
