@@ -22,7 +22,7 @@ run() {
 
 run $qvdb convert $document $out/imx477.bin
 run $qvdb convert $document $out/imx477_simulator.json --protocol simulator
-run $qvdb convert $document $out/imx477.ini
+run $qvdb convert -q $document $out/imx477.ini
 run ls -l $out
 echo
 echo "\$ head -n 12 $out/imx477.ini"

@@ -169,6 +169,9 @@ QvDatabaseCatalogField_t Scope::field(std::size_t index, std::size_t depth) cons
             field.counterOffset = row.counter.offset;
             field.counterWidth = row.counter.width;
         }
+        if (row.bound.width != 0) {
+            field.pBound = factText(findMember(*type_, row.bound.offset)->name);
+        }
         field.pRecord = row.table == nullptr ? nullptr : row.table->record;
         if (!isGroup(*table_, row)) {
             pMember = memberAt(*type_, row.offset, field.pRecord == nullptr ? "" : field.pRecord);

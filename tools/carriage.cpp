@@ -48,10 +48,9 @@ void markFields(std::vector<Documents>& bytes, const std::vector<FieldNode>& nod
         if (field.count == QvDatabaseCatalogCount_Heap) {
             mark(bytes, begin, sizeof(void*), bit);
         } else if (field.element != QvDatabaseCatalogElement_Record) {
-            mark(bytes, begin, field.width * field.extents[0] * field.extents[1] * field.extents[2], bit);
+            mark(bytes, begin, field.width * elementsOf(field), bit);
         } else {
-            const std::size_t items = field.extents[0] * field.extents[1] * field.extents[2];
-            for (std::size_t i = 0; i < items; ++i) {
+            for (std::size_t i = 0; i < elementsOf(field); ++i) {
                 markFields(bytes, node.fields, begin + i * field.width, bit, isReading);
             }
         }

@@ -61,6 +61,11 @@ std::vector<QvDatabaseCatalogValue_t> valuesOf(const QvDatabaseCatalogField_t& f
     return values;
 }
 
+std::size_t elementsOf(const QvDatabaseCatalogField_t& field)
+{
+    return field.count == QvDatabaseCatalogCount_Members ? 1 : field.extents[0] * field.extents[1] * field.extents[2];
+}
+
 bool isCarriedBy(const QvDatabaseCatalogCategory_t& category, QvDatabaseCatalogDocument_t document)
 {
     return (category.documents >> document & 1U) != 0;

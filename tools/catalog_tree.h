@@ -2,6 +2,7 @@
 
 // The catalog's categories and fields as lists and trees, for what looks at all of them.
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,9 @@ const std::vector<QvDatabaseCatalogCategory_t>& categoriesOf(QvDatabaseCatalogDo
 std::vector<FieldNode> fieldsOf(QvDatabaseCatalogDocument_t document, const QvDatabaseCatalogCategory_t& category);
 
 std::vector<QvDatabaseCatalogValue_t> valuesOf(const QvDatabaseCatalogField_t& field);
+
+/// Elements of a field in the record; a record that stands as a list of its numbers is one.
+std::size_t elementsOf(const QvDatabaseCatalogField_t& field);
 
 /// Whether a document carries a category.
 bool isCarriedBy(const QvDatabaseCatalogCategory_t& category, QvDatabaseCatalogDocument_t document);

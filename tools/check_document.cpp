@@ -51,7 +51,8 @@ void DocumentCheck::checkSyntax()
 {
     for (const DocumentFault& fault : document_.faults()) {
         std::string text = fault.words;
-        const std::size_t bracket = fault.suspect != SIZE_MAX ? fault.suspect : SIZE_MAX;
+        const std::size_t bracket = fault.suspect;
+        suspects_.insert(bracket);
         if (bracket < document_.text().size()) {
             const char sign = document_.text()[bracket];
             const TextPlace place = document_.place(bracket);
@@ -79,8 +80,7 @@ void DocumentCheck::checkNode(NodeIndex node)
         break;
     case Fate::Doubled:
         add(Fault::DuplicateKey, node, document_[node].key,
-            "stands there again at line " + lineOf(document_.member(document_[node].parent, document_.key(node))) +
-                ", and this one is lost");
+            "stands there again at line " + lineOf(bound.order) + ", and this one is lost");
         break;
     case Fate::Unread:
         checkUnread(node);
@@ -117,9 +117,14 @@ const std::vector<FieldNode>& DocumentCheck::membersOf(NodeIndex record) const
 }
 
 /// What might stand in an object, for a suggestion.
-std::vector<std::string> DocumentCheck::keysBelow(NodeIndex node) const
+const std::vector<std::string>& DocumentCheck::keysBelow(NodeIndex node)
 {
-    std::vector<std::string> keys;
+    std::vector<std::string>& keys = keysBelow_;
+    if (node == keysNode_) {
+        return keys;
+    }
+    keysNode_ = node;
+    keys.clear();
     for (const FieldNode& field : membersOf(node)) {
         keys.emplace_back(field.field.pKey);
     }
@@ -180,7 +185,9 @@ void DocumentCheck::checkUnknown(NodeIndex node)
         return;
     }
     const NodeIndex parent = value.parent;
-    if (fields_[parent].fate == Fate::Unknown || (parent == 0 && document_.key(node) == kSchemaKey)) {
+    // An object that lacks its bracket takes what doesn't belong to it.
+    const bool isUnclosed = suspects_.contains(document_[parent].value.begin);
+    if (isUnclosed || fields_[parent].fate == Fate::Unknown || (parent == 0 && document_.key(node) == kSchemaKey)) {
         return;
     }
     const std::string key(document_.key(node));
@@ -215,14 +222,16 @@ void DocumentCheck::checkUnread(NodeIndex node)
             "is passed over: calibration is read where " + first + " stands");
         return;
     }
-    std::string other = "another key";
+    std::string other;
     for (const FieldNode& sibling : siblings) {
         if (&sibling != pField && sibling.field.offset == pField->field.offset &&
             childOf(document_[node].parent, sibling) != kNoNode) {
             other = sibling.field.pKey;
         }
     }
-    add(Fault::NotRead, node, document_[node].key, "is lost: " + other + " goes into the same field and counts");
+    add(Fault::NotRead, node, document_[node].key,
+        "the key " + std::string(document_.key(node)) + " is passed over for " + other +
+            ", which goes into the same field");
 }
 
 void DocumentCheck::checkKept(NodeIndex node)
@@ -292,6 +301,10 @@ void DocumentCheck::checkTaken(NodeIndex node)
         return;
     }
     const CatalogField& field = bound.pField->field;
+    if (isElement(bound)) {
+        checkElement(node);
+        return;
+    }
     if (bound.open > 0 || (field.count == QvDatabaseCatalogCount_Members && !bound.pField->fields.empty())) {
         checkLength(node);
         if (bound.open == 1) {
@@ -299,16 +312,15 @@ void DocumentCheck::checkTaken(NodeIndex node)
         }
         return;
     }
-    if (field.written == QvDatabaseCatalogElement_Record || field.pName == nullptr) {
-        checkCounts(node);
-        return;
-    }
-    checkElement(node);
+    checkCounts(node);
 }
 
 /// A single number, bool or text.
 void DocumentCheck::checkElement(NodeIndex node)
 {
+    if (isPlain(document_, node, fields_[node].pField->field)) {
+        return;
+    }
     faults_.clear();
     checkValue(document_, node, fields_[node], faults_);
     for (const ValueFault& fault : faults_) {

@@ -3,6 +3,7 @@
 // What can be found in a text document.
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -49,7 +50,7 @@ private:
     void checkAgain(NodeIndex record);
 
     const std::vector<FieldNode>& membersOf(NodeIndex record) const;
-    std::vector<std::string> keysBelow(NodeIndex node) const;
+    const std::vector<std::string>& keysBelow(NodeIndex node);
     NodeIndex childOf(NodeIndex record, const FieldNode& field) const;
     NodeIndex outerList(NodeIndex node) const;
     bool isEndedBehind(NodeIndex text) const;
@@ -61,6 +62,9 @@ private:
     const PathTree& tree_;
     Findings& findings_;
     std::vector<ValueFault> faults_;
+    std::set<std::size_t> suspects_; ///< brackets that faults of the syntax point at
+    NodeIndex keysNode_ = kNoNode;   ///< the object that keysBelow_ is of
+    std::vector<std::string> keysBelow_;
     std::map<std::uint16_t, NodeIndex> objects_; ///< class objects and sections so far
 };
 

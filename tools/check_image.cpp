@@ -101,8 +101,8 @@ private:
             if (field.element == QvDatabaseCatalogElement_Pointer || field.role == QvDatabaseCatalogRole_Handle) {
                 continue;
             }
-            if (field.role == QvDatabaseCatalogRole_CountOf) {
-                checkCounter(fields, node, offset);
+            if (field.role == QvDatabaseCatalogRole_CountOf && !checkCounter(fields, node, offset)) {
+                continue;
             }
             const std::size_t rows = field.rank == 0 ? 1 : usedItems(fields, node, base);
             const std::size_t items = rows * field.extents[1] * field.extents[2];
@@ -118,7 +118,7 @@ private:
         }
     }
 
-    void checkCounter(const std::vector<FieldNode>& fields, const FieldNode& counter, std::size_t offset)
+    bool checkCounter(const std::vector<FieldNode>& fields, const FieldNode& counter, std::size_t offset)
     {
         for (const FieldNode& list : fields) {
             const std::uint64_t count = bits(offset, counter.field.width);
@@ -128,8 +128,10 @@ private:
                 add(Fault::CountMismatch, counter, offset, 0,
                     "counts " + number(count) + ", and " + list.field.pName + " has room for " +
                         number(list.field.extents[0]));
+                return false;
             }
         }
+        return true;
     }
 
     void checkElement(const FieldNode& node, std::size_t offset)

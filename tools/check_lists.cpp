@@ -63,7 +63,7 @@ void DocumentCheck::checkLength(NodeIndex list)
                 (stored > wanted ? ", and the load fails (6)" : ", which counts as " + number(stored)));
         return;
     }
-    const bool isPart = bound.open < field.rank;
+    const bool isPart = bound.open > 0 && bound.open < field.rank;
     if (!isRecord(field) && bound.open > 1 && isRagged(list)) {
         checkRows(list);
     } else if (!isPart || !isRagged(document_[list].parent)) {
@@ -92,6 +92,15 @@ void DocumentCheck::checkEnds(NodeIndex list, std::size_t count, std::size_t wan
     NodeIndex past = document_[list].first;
     while (past != kNoNode && document_[past].index < wanted && fields_[past].fate != Fate::PastEnd) {
         past = document_[past].next;
+    }
+    if (past != kNoNode && document_[past].index < wanted && field.pBound != nullptr) {
+        std::string other = field.pBound;
+        for (const FieldNode& sibling : membersOf(document_[list].parent)) {
+            const char* pCounter = sibling.field.pCounter;
+            other = pCounter != nullptr && other == pCounter ? sibling.field.pKey : other;
+        }
+        add(Fault::Bounded, past, "is passed over: the list is read as far as " + other + " goes");
+        return;
     }
     if (past != kNoNode) {
         const bool runsOver = field.rank == 2 && fields_.isInRows(bound);

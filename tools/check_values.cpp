@@ -54,7 +54,7 @@ std::string storedInteger(const CatalogField& field, std::int64_t number)
     const std::uint64_t bits = static_cast<std::uint64_t>(number) << unused;
     switch (field.element) {
     case QvDatabaseCatalogElement_Bool:
-        return bits != 0 ? "true" : "false";
+        return "the byte " + std::to_string(bits >> unused);
     case QvDatabaseCatalogElement_Float:
         return shortNumber(static_cast<double>(std::bit_cast<float>(static_cast<std::uint32_t>(number))));
     default:
@@ -281,21 +281,6 @@ void checkIni(const Document& document, NodeIndex node, const CatalogField& fiel
     }
 }
 
-/// The common case, told without a word: an integer in its type, or a float, that nothing more is known of.
-bool isPlain(const Document& document, NodeIndex node, const CatalogField& field)
-{
-    const DocumentNode& value = document[node];
-    if (field.valueNumber != 0 || !std::isinf(field.minimum) || !std::isinf(field.maximum)) {
-        return false;
-    }
-    if (field.written == QvDatabaseCatalogElement_Integer && value.type == QvJsonValueType_Integer) {
-        return field.element != QvDatabaseCatalogElement_Bool && value.integer >= 0 &&
-               isHeld(field, value.integer, false);
-    }
-    return field.written == QvDatabaseCatalogElement_Float && value.type == QvJsonValueType_Float &&
-           (std::abs(value.number) < 1e30 && (std::abs(value.number) > 1e-30 || value.number == 0));
-}
-
 } // namespace
 
 std::string shortNumber(double number)
@@ -308,12 +293,27 @@ std::string shortNumber(double number)
     return {text, result.ptr};
 }
 
+bool isPlain(const Document& document, NodeIndex node, const CatalogField& field)
+{
+    const DocumentNode& value = document[node];
+    if (document.form() == Form::Ini || field.valueNumber != 0 || !std::isinf(field.minimum) ||
+        !std::isinf(field.maximum)) {
+        return false;
+    }
+    if (field.written == QvDatabaseCatalogElement_Integer && value.type == QvJsonValueType_Integer) {
+        return field.element != QvDatabaseCatalogElement_Bool && value.integer >= 0 &&
+               isHeld(field, value.integer, false);
+    }
+    return field.written == QvDatabaseCatalogElement_Float && value.type == QvJsonValueType_Float &&
+           (std::abs(value.number) < 1e30 && (std::abs(value.number) > 1e-30 || value.number == 0));
+}
+
 void checkValue(const Document& document, NodeIndex node, const Bound& bound, Faults& faults)
 {
     const CatalogField& field = bound.pField->field;
     if (document.form() == Form::Ini) {
         checkIni(document, node, field, faults);
-    } else if (!isPlain(document, node, field)) {
+    } else {
         checkJson(document, node, field, document[node].key.isEmpty(), faults);
     }
 }

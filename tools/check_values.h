@@ -17,6 +17,9 @@ struct ValueFault {
     std::string text;
 };
 
+/// The common case, told without a word: an integer in its type, or a float, that nothing more is known of.
+bool isPlain(const Document& document, NodeIndex node, const QvDatabaseCatalogField_t& field);
+
 /// What is wrong with one number, bool or text of a document that a field takes, and what the field gets of it. Adds
 /// nothing for one that is loaded as it stands.
 void checkValue(const Document& document, NodeIndex node, const Bound& bound, std::vector<ValueFault>& faults);

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "commands.h"
+#include "findings.h"
 #include "path_tree.h"
 
 namespace qv::tools {
@@ -69,6 +70,12 @@ ExitStatus completePath(const Options& options)
     if (kind == "category") {
         for (const QvDatabaseCatalogCategory_t& key : tree.keys()) {
             std::printf("%s\n", key.pKey);
+        }
+        return kDone;
+    }
+    if (kind == "finding") {
+        for (const FaultKind& fault : faultKinds()) {
+            std::printf("%s\n", fault.pId);
         }
         return kDone;
     }

@@ -71,6 +71,8 @@ std::string completionOf(Names names, const char* pChoices)
         return "setting";
     case Names::Category:
         return "category";
+    case Names::Finding:
+        return "finding";
     case Names::Command:
     case Names::Form:
     case Names::Nothing:
@@ -154,6 +156,8 @@ std::string zshAction(Names names, const char* pChoices)
         return " _qvdb_path setting";
     case Names::Category:
         return " _qvdb_path category";
+    case Names::Finding:
+        return " _qvdb_path finding";
     case Names::Command:
     case Names::Form:
     case Names::Nothing:
@@ -203,11 +207,12 @@ std::string bashCompletion()
            "        mapfile -t COMPREPLY < <(compgen -f -- \"$word\")\n"
            "        compopt -o filenames 2>/dev/null\n"
            "        ;;\n"
-           "    path | setting | category)\n"
+           "    path | setting | category | finding)\n"
            "        [[ \" ${COMP_WORDS[*]} \" == *\" --as simulator \"* ]] && names=(--as simulator)\n"
            "        mapfile -t COMPREPLY < <(\"$program\" complete-path \"${names[@]}\" \"$kind\" \"$word\" "
            "2>/dev/null)\n"
-           "        [[ $kind == category ]] && mapfile -t COMPREPLY < <(compgen -W \"${COMPREPLY[*]}\" -- \"$word\")\n"
+           "        [[ $kind == category || $kind == finding ]] && mapfile -t COMPREPLY < <(compgen -W "
+           "\"${COMPREPLY[*]}\" -- \"$word\")\n"
            "        [[ ${#COMPREPLY[@]} -eq 1 && ${COMPREPLY[0]} == *[.[=] ]] && compopt -o nospace 2>/dev/null\n"
            "        ;;\n"
            "    esac\n"

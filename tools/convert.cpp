@@ -67,24 +67,28 @@ void sayLosses(const Session& session, Tracing& tracing, const std::vector<Layer
                Form form, bool isSimulator)
 {
     std::vector<Form> forms;
+    forms.reserve(layers.size());
     for (const Layer& layer : layers) {
         forms.push_back(layer.form);
     }
+    const std::string lacks = out + " does not carry ";
     for (const std::string& loss : lossesOf(session, tracing, forms, form, isSimulator)) {
-        say(out + " does not carry " + loss);
+        say(std::string(lacks).append(loss));
     }
     for (const Layer& layer : layers) {
         if (layer.comments != 0) {
-            say(out + " does not carry the comments of " + layer.name + ", " + std::to_string(layer.comments));
+            say(std::string(lacks).append("the comments of " + layer.name + ", " + std::to_string(layer.comments)));
         }
         constexpr std::size_t kMost = 3;
-        std::string names;
+        std::string line;
         for (std::size_t i = 0; i < layer.unknown.size() && i < kMost; ++i) {
-            names += (i == 0 ? "" : ", ") + layer.unknown[i];
+            line.append(i == 0 ? "what is unknown in " + layer.name + ": " : ", ").append(layer.unknown[i]);
         }
-        if (!names.empty()) {
-            say(out + " does not carry what is unknown in " + layer.name + ": " + names +
-                (layer.unknown.size() > kMost ? " and " + std::to_string(layer.unknown.size() - kMost) + " more" : ""));
+        if (layer.unknown.size() > kMost) {
+            line.append(" and " + std::to_string(layer.unknown.size() - kMost) + " more");
+        }
+        if (!line.empty()) {
+            say(std::string(lacks).append(line));
         }
     }
 }
@@ -102,6 +106,9 @@ ExitStatus convert(const Options& options)
     Tracing tracing(options);
     Session session(tracing);
     const Form form = formOf(out, options.to);
+    if (!options.protocol.empty() && form != Form::Json) {
+        warn("--protocol changes nothing of " + shownName(out, false) + ", which is no JSON");
+    }
     if (!mayReplace(out, in, options) || !session.open() || !session.setProtocol(options.protocol)) {
         return kRefused;
     }

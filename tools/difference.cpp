@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "catalog_tree.h"
 #include "leaves.h"
 
 namespace qv::tools {
@@ -73,7 +74,7 @@ public:
             const Field& field = node.field;
             // Paths are built only of what differs; what a counter counts may differ in its length alone.
             const bool isPlain = !node.isGroup() && field.counterWidth == 0;
-            const std::size_t size = field.width * field.extents[0] * field.extents[1] * field.extents[2];
+            const std::size_t size = field.width * elementsOf(field);
             if (!isPlain || std::memcmp(bytesAt(record, base, pLeft_) + field.offset,
                                         bytesAt(record, base, pRight_) + field.offset, size) != 0) {
                 compare(PathTree::member(record, node));

@@ -209,7 +209,7 @@ bool Document::read(std::string_view text, Form form)
     *this = {};
     text_ = text;
     form_ = form;
-    nodes_.reserve(text.size() / 8);
+    nodes_.reserve(text.size() / 4); // no number and comma is shorter, and what isn't touched costs nothing
     DocumentBuilder builder(*this);
     int status = 0;
     if (form == Form::Ini) {
@@ -329,9 +329,16 @@ TextPlace Document::place(std::size_t offset) const
         begin = std::min(offset, kByteOrderMark.size()); // no column of its own in an .ini text
     }
     TextPlace place{static_cast<std::size_t>(behind - starts.begin()), 1};
+    // Places are asked for one behind the other, and a whole document may stand on one line.
+    if (lastOffset_ >= begin && lastOffset_ <= offset) {
+        begin = lastOffset_;
+        place.column = lastColumn_;
+    }
     for (std::size_t i = begin; i < offset; ++i) {
         place.column += form_ == Form::Ini || (text_[i] & 0xC0) != 0x80 ? 1U : 0U;
     }
+    lastOffset_ = offset;
+    lastColumn_ = place.column;
     return place;
 }
 

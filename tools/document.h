@@ -114,6 +114,8 @@ private:
     std::map<NodeIndex, std::string> keys_;    ///< those that don't stand in the text as they are
     std::map<NodeIndex, std::string> strings_; ///< likewise
     mutable std::vector<std::uint32_t> lineStarts_;
+    mutable std::size_t lastOffset_ = SIZE_MAX; ///< the place asked for before
+    mutable std::size_t lastColumn_ = 1;
 };
 
 } // namespace qv::tools

@@ -1,14 +1,12 @@
 #include "document_binder.h"
 
 #include <algorithm>
-#include <iterator>
 #include <string_view>
 
 namespace qv::tools {
 namespace {
 
 using CatalogDocument = QvDatabaseCatalogDocument_t;
-using CatalogField = QvDatabaseCatalogField_t;
 
 constexpr CatalogDocument kText[] = {QvDatabaseCatalogDocument_Version, QvDatabaseCatalogDocument_Simulator,
                                      QvDatabaseCatalogDocument_Calibration, QvDatabaseCatalogDocument_Tuning};
@@ -45,12 +43,13 @@ FieldBinder::Stage& FieldBinder::Stage::member(const std::string& name)
         items.resize(1);
         return items[0];
     }
-    for (auto& [key, stage] : members) {
-        if (key == name) {
+    for (Stage& stage : members) {
+        if (stage.key == name) {
             return stage;
         }
     }
-    return members.emplace_back(name, Stage{}).second;
+    members.emplace_back().key = name;
+    return members.back();
 }
 
 void FieldBinder::bind()
@@ -199,6 +198,7 @@ void FieldBinder::bindSection(NodeIndex section, std::uint16_t category, std::ma
             const auto [place, isFirst] = seen.emplace(&*field, node);
             if (!isFirst) {
                 bound(place->second).fate = Fate::Doubled;
+                bound(place->second).order = node;
                 place->second = node;
             }
         }
@@ -264,237 +264,6 @@ void FieldBinder::bindItem(NodeIndex node, const Stage& stage)
     }
     bound(node).fate = Fate::Unknown;
     bound(name).fate = Fate::Unknown;
-}
-
-/// The members of one object, which may be those of several records, and of places below it. Each key that may stand
-/// here has a slot, which takes the last member of that key.
-void FieldBinder::bindMembers(NodeIndex node, std::span<const Source> sources, const Stage* pStage)
-{
-    std::vector<std::string_view> keys;
-    for (const Source& source : sources) {
-        for (const FieldNode& field : *source.pFields) {
-            keys.emplace_back(field.field.pKey);
-        }
-    }
-    const std::size_t fieldNumber = keys.size();
-    for (std::size_t i = 0; pStage != nullptr && i < pStage->members.size(); ++i) {
-        keys.emplace_back(pStage->members[i].first);
-    }
-    const std::vector<NodeIndex> children = sortMembers(node, keys, sources.size() == 1 && fieldNumber == keys.size());
-    std::size_t first = 0;
-    for (const Source& source : sources) {
-        bindSource(source, std::span(children).subspan(first, source.pFields->size()));
-        first += source.pFields->size();
-    }
-    for (; first < keys.size(); ++first) {
-        if (children[first] != kNoNode) {
-            bindStage(children[first], pStage->members[first - fieldNumber].second);
-        }
-    }
-}
-
-std::vector<NodeIndex> FieldBinder::sortMembers(NodeIndex object, std::span<const std::string_view> keys,
-                                                bool areDistinct)
-{
-    std::vector<NodeIndex> children(keys.size(), kNoNode);
-    std::size_t next = 0; // members mostly stand in the order of the fields
-    for (NodeIndex child = document_[object].first; child != kNoNode; child = document_[child].next) {
-        const std::string_view key = document_.key(child);
-        bound(child).fate = Fate::Unknown;
-        for (std::size_t i = 0; i < keys.size(); ++i) {
-            const std::size_t slot = (next + i) % keys.size();
-            if (keys[slot] != key) {
-                continue;
-            }
-            if (children[slot] != kNoNode) {
-                bound(children[slot]).fate = Fate::Doubled;
-            }
-            children[slot] = child;
-            bound(child).fate = Fate::Unseen;
-            if (areDistinct) {
-                next = slot + 1;
-                break;
-            }
-        }
-    }
-    return children;
-}
-
-void FieldBinder::bindSource(const Source& source, std::span<const NodeIndex> children)
-{
-    const std::vector<FieldNode>& fields = *source.pFields;
-    const DocumentCategory& category = *fields_.categories_[source.category];
-    // Calibration is read as a whole, where its first member is there.
-    const bool isPassedOver = category.document == QvDatabaseCatalogDocument_Calibration &&
-                              source.pFields == &category.fields &&
-                              (children[0] == kNoNode || document_.isEmpty(children[0]));
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (children[i] == kNoNode) {
-            continue;
-        }
-        const CatalogField& field = fields[i].field;
-        const bool isOlder = field.isTwin && i > 0 && children[i - 1] != kNoNode;
-        if (field.direction == QvDatabaseCatalogDirection_WriteOnly || isPassedOver || isOlder) {
-            const Fate passed = document_.isEmpty(children[i]) ? Fate::Kept : Fate::Unread;
-            note(children[i], &fields[i], source, source.offset + field.offset, field.rank,
-                 field.direction == QvDatabaseCatalogDirection_WriteOnly ? Fate::Written : passed);
-            continue;
-        }
-        bindField(children[i], fields[i], source);
-        // A second key for the field of another one is read behind it, and wins.
-        for (std::size_t j = 0; field.direction == QvDatabaseCatalogDirection_ReadOnly && j < i; ++j) {
-            if (children[j] != kNoNode && fields[j].field.pName != nullptr && fields[j].field.offset == field.offset &&
-                fields[j].field.width == field.width && bound(children[i]).fate == Fate::Taken) {
-                bound(children[j]).fate = Fate::Unread;
-            }
-        }
-    }
-}
-
-void FieldBinder::bindField(NodeIndex node, const FieldNode& field, const Source& source)
-{
-    const std::size_t offset = source.offset + field.field.offset;
-    if (field.field.pName == nullptr) {
-        note(node, &field, source, source.offset, 0, Fate::Taken);
-        bindRecord(node, {&field.fields, source.category, source.offset, source.heapOffset});
-    } else if (field.field.count == QvDatabaseCatalogCount_Members) {
-        bindNumbers(node, field, source);
-    } else if (field.field.written == QvDatabaseCatalogElement_Record && field.field.rank == 0) {
-        note(node, &field, source, offset, 0, Fate::Taken);
-        bindRecord(node, {&field.fields, source.category, static_cast<std::uint32_t>(offset), source.heapOffset});
-    } else if (field.field.written == QvDatabaseCatalogElement_Record) {
-        bindRecords(node, field, source);
-    } else if (field.field.rank == 0) {
-        note(node, &field, source, offset, 0, fateOf(node, field.field, false));
-    } else {
-        bindList(node, field, source, 0, 0, field.field.extents[0]);
-    }
-}
-
-/// The object of a record, which has been noted.
-void FieldBinder::bindRecord(NodeIndex node, const Source& source)
-{
-    if (document_.isEmpty(node)) {
-        bound(node).fate = Fate::Kept;
-    } else if (document_[node].type != QvJsonValueType_Object) {
-        bound(node).fate = Fate::WrongKind;
-    } else {
-        bindMembers(node, {&source, 1}, nullptr);
-    }
-}
-
-/// A list of records.
-void FieldBinder::bindRecords(NodeIndex node, const FieldNode& field, const Source& source)
-{
-    const bool isHeap = field.field.count == QvDatabaseCatalogCount_Heap;
-    const std::size_t offset = source.offset + field.field.offset;
-    Source item{&field.fields, source.category, static_cast<std::uint32_t>(offset), source.heapOffset};
-    if (isHeap) {
-        item.heapOffset = item.offset;
-        item.offset = 0;
-    }
-    note(node, &field, item, item.offset, 1, Fate::Taken);
-    if (document_.isEmpty(node)) {
-        bound(node).fate = Fate::Kept;
-        return;
-    }
-    if (document_[node].type != QvJsonValueType_Array) {
-        bound(node).fate = Fate::WrongKind;
-        return;
-    }
-    for (NodeIndex child = document_[node].first; child != kNoNode; child = document_[child].next) {
-        const std::size_t index = document_[child].index;
-        if (!isHeap && index >= field.field.extents[0]) {
-            note(child, &field, item, item.offset, 0, Fate::PastEnd);
-            continue;
-        }
-        note(child, &field, item, item.offset, 0, Fate::Taken);
-        bindRecord(child, item);
-        item.offset += static_cast<std::uint32_t>(field.field.width);
-    }
-}
-
-/// A record that stands as the list of its numbers.
-void FieldBinder::bindNumbers(NodeIndex node, const FieldNode& field, const Source& source)
-{
-    const std::size_t offset = source.offset + field.field.offset;
-    note(node, &field, source, offset, 0, Fate::Taken);
-    if (document_[node].type != QvJsonValueType_Array) {
-        bound(node).fate = document_.isEmpty(node) ? Fate::Kept : Fate::WrongKind;
-        return;
-    }
-    for (NodeIndex child = document_[node].first; child != kNoNode; child = document_[child].next) {
-        const std::size_t index = document_[child].index;
-        if (index < field.fields.size()) {
-            const FieldNode& member = field.fields[index];
-            note(child, &member, source, offset + member.field.offset, 0, fateOf(child, member.field, true));
-        } else {
-            note(child, &field, source, offset, 0, Fate::PastEnd);
-        }
-    }
-}
-
-/// Whether a list of two dimensions differs from its field in the number or length of rows.
-bool FieldBinder::hasOddRows(NodeIndex node, const CatalogField& field) const
-{
-    bool isOdd = field.rank == 2 && document_[node].count != field.extents[0];
-    for (NodeIndex row = document_[node].first; field.rank == 2 && row != kNoNode; row = document_[row].next) {
-        isOdd = isOdd || document_[row].count != field.extents[1];
-    }
-    return isOdd;
-}
-
-/// A list of numbers or texts, or a row of it. A row that begins where the lengths of the rows tell has a stride of its
-/// own.
-void FieldBinder::bindList(NodeIndex node, const FieldNode& field, const Source& source, std::size_t dimension,
-                           std::size_t base, std::size_t limit)
-{
-    const CatalogField& list = field.field;
-    const std::size_t open = list.rank - dimension;
-    const std::size_t inner = dimension + 1 < list.rank ? list.extents[dimension + 1] : 1;
-    const std::size_t below = inner * (dimension + 2 < list.rank ? list.extents[dimension + 2] : 1);
-    note(node, &field, source, source.offset + list.offset + base * list.width, open, Fate::Taken);
-    if (document_[node].type != QvJsonValueType_Array) {
-        bound(node).fate = document_.isEmpty(node) ? Fate::Kept : Fate::WrongKind;
-        return;
-    }
-    if (document_.isEmpty(node)) {
-        bound(node).fate = Fate::Kept;
-        return;
-    }
-    const std::size_t elements = list.extents[0] * list.extents[1] * list.extents[2];
-    const bool isInRows = dimension == 0 && hasOddRows(node, list) && fields_.isInRows(bound(node));
-    for (NodeIndex child = document_[node].first; child != kNoNode; child = document_[child].next) {
-        const std::size_t index = document_[child].index;
-        if (isInRows) {
-            // Each row is stored at its number times its own length.
-            bindList(child, field, source, 1, index * document_[child].count, SIZE_MAX);
-        } else if (index >= limit || base + index * below >= elements) {
-            note(child, &field, source, source.offset + list.offset + base * list.width, open - 1, Fate::PastEnd);
-        } else if (open == 1) {
-            note(child, &field, source, source.offset + list.offset + (base + index) * list.width, 0,
-                 fateOf(child, list, true));
-        } else {
-            bindList(child, field, source, dimension + 1, base + index * below, inner);
-        }
-    }
-}
-
-/// What a load makes of one number, bool or text.
-Fate FieldBinder::fateOf(NodeIndex node, const CatalogField& field, bool isItem) const
-{
-    const DocumentNode& value = document_[node];
-    const bool isText = value.type == QvJsonValueType_String;
-    if (field.written == QvDatabaseCatalogElement_Text) {
-        return isText ? Fate::Taken : document_.isEmpty(node) ? Fate::Kept : Fate::WrongKind;
-    }
-    if (document_.isEmpty(node) && !isItem) {
-        return Fate::Kept;
-    }
-    if (value.type == QvJsonValueType_Null) {
-        return Fate::Taken; // 0
-    }
-    return isText || value.isContainer() ? Fate::WrongKind : Fate::Taken;
 }
 
 } // namespace qv::tools

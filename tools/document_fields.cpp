@@ -160,7 +160,7 @@ Target DocumentFields::target(const Bound& bound, const PathTree& tree) const
 Target DocumentFields::locate(const PathCategory& category, const Bound& bound)
 {
     Target found;
-    const Target whole = PathTree::whole(category);
+    Target whole = PathTree::whole(category);
     if (bound.pField == nullptr) {
         return whole;
     }

@@ -25,7 +25,7 @@ enum class Fate : std::uint8_t {
     Unread,    ///< known, and passed over here: calibration without a header, an older key beside the newer one
     Written,   ///< a save writes it and no load reads it
     WrongKind, ///< none of the kinds that the field takes
-    PastEnd    ///< an item behind the end of the field's list
+    PastEnd    ///< an item behind the end of the field's list, or of the one that bounds it
 };
 
 /// A category as one document has it.
@@ -40,9 +40,11 @@ struct Bound {
     const FieldNode* pField = nullptr;     ///< null for a category as a whole, and for what has no field
     std::uint32_t offset = 0;              ///< bytes from the record's begin, or from that of the array on the heap
     std::uint32_t heapOffset = UINT32_MAX; ///< place of the pointer to the array that `offset` counts in
-    std::uint32_t order = 0;               ///< loads go up these numbers: of two for the same field the greater wins
-    std::uint16_t category = UINT16_MAX;   ///< of DocumentFields::category; UINT16_MAX: none
-    std::uint8_t open = 0;                 ///< dimensions of the list that this value holds; 0 for an element or item
+    /// Loads go up these numbers: of two for the same field the greater wins. Of what is doubled, the node that stands
+    /// there again.
+    std::uint32_t order = 0;
+    std::uint16_t category = UINT16_MAX; ///< of DocumentFields::category; UINT16_MAX: none
+    std::uint8_t open = 0;               ///< dimensions of the list that this value holds; 0 for an element or item
     Fate fate = Fate::Unseen;
 
     bool hasCategory() const { return category != UINT16_MAX; }

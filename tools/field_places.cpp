@@ -74,6 +74,7 @@ private:
     void found(const std::string& key, const QvDatabaseCatalogField_t& field)
     {
         places_.push_back({document_, category_, key, field});
+        places_.back().field.isTwin = field.isTwin || isInTwin_;
     }
 
     void searchHeap(const FieldNode& node, std::size_t base, const std::string& key)
@@ -92,7 +93,7 @@ private:
     {
         const QvDatabaseCatalogField_t& field = node.field;
         const std::size_t begin = base + field.offset;
-        const std::size_t size = field.width * field.extents[0] * field.extents[1] * field.extents[2];
+        const std::size_t size = field.width * elementsOf(field);
         if (wanted_.end <= begin || wanted_.begin >= begin + size) {
             return;
         }
@@ -108,8 +109,12 @@ private:
             return;
         }
         const std::size_t item = wanted_.begin < begin ? 0 : (wanted_.begin - begin) / field.width;
-        search(node.fields, begin + item * field.width, isOnHeap, field.count == QvDatabaseCatalogCount_Members,
-               field.rank > 0 ? key + any() : key);
+        const bool isNumbers = field.count == QvDatabaseCatalogCount_Members;
+        const bool wasInTwin = isInTwin_;
+        isInTwin_ = wasInTwin || field.isTwin;
+        search(node.fields, begin + item * field.width, isOnHeap, isNumbers,
+               field.rank > 0 && !isNumbers ? key + any() : key);
+        isInTwin_ = wasInTwin;
     }
 
     bool isSameRecord(const QvDatabaseCatalogField_t& field) const
@@ -125,6 +130,7 @@ private:
     const QvDatabaseCatalogCategory_t& category_;
     std::vector<FieldPlace>& places_;
     const char* pSeparator_;
+    bool isInTwin_ = false; ///< within a record under an older key
 };
 
 } // namespace

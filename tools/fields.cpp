@@ -220,8 +220,9 @@ std::string placeJson(const FieldPlace& place, const Field& member)
     const Category& category = place.category;
     const QvDatabaseCatalogDirection_t direction = place.field.direction;
     const bool isRead = direction != QvDatabaseCatalogDirection_WriteOnly;
-    const bool isWritten = category.isWritten && (direction == QvDatabaseCatalogDirection_Both ||
-                                                  direction == QvDatabaseCatalogDirection_WriteOnly);
+    const bool isWritten =
+        category.isWritten && !place.field.isTwin &&
+        (direction == QvDatabaseCatalogDirection_Both || direction == QvDatabaseCatalogDirection_WriteOnly);
     return R"({"document": ")" + std::string(QvDatabaseCatalog_document(place.document)) + R"(", "place": )" +
            jsonText(category.pPlace) + R"(, "class": )" + jsonOrNull(category.pClass) + R"(, "key": )" +
            jsonText(place.key) + R"(, "isRead": )" + (isRead ? "true" : "false") + R"(, "isWritten": )" +
@@ -341,6 +342,7 @@ ExitStatus fields(const Options& options)
     }
     if (options.asJson) {
         std::vector<std::string> objects;
+        objects.reserve(rows.size());
         for (const FieldRow& row : rows) {
             objects.push_back(rowJson(row));
         }

@@ -11,48 +11,38 @@ namespace qv::tools {
 namespace {
 
 constexpr std::array kKinds = {
-    FaultKind{Fault::Syntax, "syntax", Severity::Error,
-              "the text is no JSON, or no `.ini`: the load refuses all of it"},
-    FaultKind{Fault::UnknownMember, "unknown-member", Severity::Error, "a member that nobody reads"},
-    FaultKind{Fault::UnknownCategory, "unknown-category", Severity::Error, "a category that there is none of"},
-    FaultKind{Fault::UnknownClass, "unknown-class", Severity::Error,
-              "an object of the simulator's document that names no class, or one that there is none of"},
-    FaultKind{Fault::UnknownSection, "unknown-section", Severity::Error, "a section that there is none of"},
-    FaultKind{Fault::UnknownKey, "unknown-key", Severity::Error, "a key that its section doesn't have"},
-    FaultKind{Fault::DuplicateKey, "duplicate-key", Severity::Error,
-              "a key that stands there again, and only then counts"},
-    FaultKind{Fault::DuplicateClass, "duplicate-class", Severity::Error,
-              "a class that a second object names, whose members win"},
-    FaultKind{Fault::DuplicateSection, "duplicate-section", Severity::Warning, "a section that stands there again"},
-    FaultKind{Fault::NotRead, "not-read", Severity::Error,
-              "a member that is known and passed over for what stands or lacks beside it"},
-    FaultKind{Fault::WrongKind, "wrong-kind", Severity::Error, "a value of a kind that the field doesn't take"},
-    FaultKind{Fault::Converted, "converted", Severity::Warning,
-              "a number for a boolean or the other way round, without a loss"},
-    FaultKind{Fault::NullValue, "null-value", Severity::Warning,
-              "null, which leaves its field as it was, or is 0 in a list; a save writes it for what isn't finite"},
-    FaultKind{Fault::Fraction, "fraction", Severity::Error, "a fraction for an integer, which is cut off"},
-    FaultKind{Fault::OutOfRange, "out-of-range", Severity::Error,
-              "a number whose size or sign the field's type can't hold"},
-    FaultKind{Fault::Precision, "precision", Severity::Warning,
-              "an integer with more digits than a float keeps, or a number too small for it"},
-    FaultKind{Fault::TooLong, "too-long", Severity::Error, "a list longer than its field"},
-    FaultKind{Fault::TooShort, "too-short", Severity::Warning, "a list shorter than its field"},
-    FaultKind{Fault::RaggedRows, "ragged-rows", Severity::Error, "rows of different lengths"},
-    FaultKind{Fault::LoadFails, "load-fails", Severity::Error,
-              "a list of the calibration that is too long, which makes the load fail"},
-    FaultKind{Fault::TextCut, "text-cut", Severity::Error, "a text longer than its field, or with a zero character"},
-    FaultKind{Fault::Unterminated, "unterminated", Severity::Error, "a text that leaves no room for its terminator"},
-    FaultKind{Fault::CountMismatch, "count-mismatch", Severity::Error, "a count that isn't that of its list"},
-    FaultKind{Fault::Version, "version", Severity::Warning, "a version other than that of this library"},
-    FaultKind{Fault::NotRising, "not-rising", Severity::Warning, "gains, or positions of a curve, that don't rise"},
-    FaultKind{Fault::Range, "range", Severity::Warning, "a number out of the range that is known of the field"},
-    FaultKind{Fault::UnnamedValue, "unnamed-value", Severity::Warning,
-              "a number that is none of the field's named values"},
-    FaultKind{Fault::ImageSize, "image-size", Severity::Error, "an image that is longer or shorter than it must be"},
-    FaultKind{Fault::BoolByte, "bool-byte", Severity::Error, "a boolean of an image that is neither 0 nor 1"},
-    FaultKind{Fault::NotFinite, "not-finite", Severity::Warning, "a float of an image that is no finite number"},
-    FaultKind{Fault::Missing, "missing", Severity::Note, "with --missing: a member that the document lacks"},
+    FaultKind{Fault::Syntax, "syntax", Severity::Error},
+    FaultKind{Fault::UnknownMember, "unknown-member", Severity::Error},
+    FaultKind{Fault::UnknownCategory, "unknown-category", Severity::Error},
+    FaultKind{Fault::UnknownClass, "unknown-class", Severity::Error},
+    FaultKind{Fault::UnknownSection, "unknown-section", Severity::Error},
+    FaultKind{Fault::UnknownKey, "unknown-key", Severity::Error},
+    FaultKind{Fault::DuplicateKey, "duplicate-key", Severity::Error},
+    FaultKind{Fault::DuplicateClass, "duplicate-class", Severity::Error},
+    FaultKind{Fault::DuplicateSection, "duplicate-section", Severity::Warning},
+    FaultKind{Fault::NotRead, "not-read", Severity::Error},
+    FaultKind{Fault::WrongKind, "wrong-kind", Severity::Error},
+    FaultKind{Fault::Converted, "converted", Severity::Warning},
+    FaultKind{Fault::NullValue, "null-value", Severity::Warning},
+    FaultKind{Fault::Fraction, "fraction", Severity::Error},
+    FaultKind{Fault::OutOfRange, "out-of-range", Severity::Error},
+    FaultKind{Fault::Precision, "precision", Severity::Warning},
+    FaultKind{Fault::TooLong, "too-long", Severity::Error},
+    FaultKind{Fault::TooShort, "too-short", Severity::Warning},
+    FaultKind{Fault::RaggedRows, "ragged-rows", Severity::Error},
+    FaultKind{Fault::LoadFails, "load-fails", Severity::Error},
+    FaultKind{Fault::Bounded, "bounded", Severity::Warning},
+    FaultKind{Fault::TextCut, "text-cut", Severity::Error},
+    FaultKind{Fault::Unterminated, "unterminated", Severity::Error},
+    FaultKind{Fault::CountMismatch, "count-mismatch", Severity::Error},
+    FaultKind{Fault::Version, "version", Severity::Warning},
+    FaultKind{Fault::NotRising, "not-rising", Severity::Warning},
+    FaultKind{Fault::Range, "range", Severity::Warning},
+    FaultKind{Fault::UnnamedValue, "unnamed-value", Severity::Warning},
+    FaultKind{Fault::ImageSize, "image-size", Severity::Error},
+    FaultKind{Fault::BoolByte, "bool-byte", Severity::Error},
+    FaultKind{Fault::NotFinite, "not-finite", Severity::Warning},
+    FaultKind{Fault::Missing, "missing", Severity::Note},
 };
 
 const char* severityName(Severity severity)
@@ -176,16 +166,20 @@ bool readDisabled(const Options& options, std::vector<bool>& isDisabled, ExitSta
         ids.emplace_back(kind.pId);
         all += (all.empty() ? "" : ", ") + ids.back();
     }
+    const std::string* pUnknown = nullptr;
     for (const std::string& id : options.disabled) {
         const auto found = std::find(ids.begin(), ids.end(), id);
         if (found == ids.end()) {
-            status =
-                refuseUsage(options, "there is no finding " + id + suggestion(id, ids) + "; those there are: " + all);
-            return false;
+            pUnknown = &id;
+        } else {
+            isDisabled[static_cast<std::size_t>(found - ids.begin())] = true;
         }
-        isDisabled[static_cast<std::size_t>(found - ids.begin())] = true;
     }
-    return true;
+    if (pUnknown != nullptr) {
+        status = refuseUsage(options, "there is no finding " + *pUnknown + suggestion(*pUnknown, ids) +
+                                          "; those there are: " + all);
+    }
+    return pUnknown == nullptr;
 }
 
 void Findings::add(Fault fault, Span place, std::string path, std::string text)
@@ -197,20 +191,27 @@ void Findings::add(Fault fault, Span place, std::string path, std::string text)
 
 bool Findings::isRepeated(Fault fault, NodeIndex list)
 {
-    const auto [found, isFirst] = lists_.emplace(std::pair{fault, list}, findings_.size());
-    if (isFirst || found->second >= findings_.size()) {
-        return false;
+    if (!isWanted(fault)) {
+        return true;
     }
-    ++findings_[found->second].more;
-    return true;
+    const auto [found, isFirst] = lists_.emplace(std::pair{fault, list}, findings_.size());
+    if (!isFirst) {
+        ++findings_[found->second].more;
+    }
+    return !isFirst;
 }
 
-void Findings::print(const std::string& file, const Document* pDocument, bool asJson)
+std::span<const Finding> Findings::sorted()
 {
     std::stable_sort(findings_.begin(), findings_.end(),
                      [](const Finding& left, const Finding& right) { return left.begin < right.begin; });
     lists_.clear();
-    for (const Finding& finding : findings_) {
+    return findings_;
+}
+
+void Findings::print(const std::string& file, const Document* pDocument, bool asJson)
+{
+    for (const Finding& finding : sorted()) {
         asJson ? printJson(file, pDocument, finding) : printLine(file, pDocument, finding);
     }
 }

@@ -15,7 +15,7 @@
 
 namespace qv::tools {
 
-/// What can be found. The order is that of the table in findings.cpp.
+/// What can be found; docs/qvdb.md tells what each means. The order is that of the table in findings.cpp.
 enum class Fault {
     Syntax,
     UnknownMember,
@@ -37,6 +37,7 @@ enum class Fault {
     TooShort,
     RaggedRows,
     LoadFails,
+    Bounded,
     TextCut,
     Unterminated,
     CountMismatch,
@@ -58,7 +59,6 @@ struct FaultKind {
     Fault fault;
     const char* pId;
     Severity severity;
-    const char* pMeaning;
 };
 
 std::span<const FaultKind> faultKinds();
@@ -90,7 +90,10 @@ public:
     /// own.
     bool isRepeated(Fault fault, NodeIndex list);
 
-    /// Sorts by place and prints all of them: as lines to standard error, or as objects to standard output. Of an image
+    /// All of them, in the order of their places.
+    std::span<const Finding> sorted();
+
+    /// Prints all of them in that order: as lines to standard error, or as objects to standard output. Of an image
     /// pDocument is null.
     void print(const std::string& file, const Document* pDocument, bool asJson);
 

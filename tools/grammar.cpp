@@ -29,10 +29,9 @@ const char* const kEnvironment = "NO_COLOR  where it is set and not empty, no co
 
 namespace {
 
-constexpr Option kVerbose{"-v,--verbose", nullptr,
-                          "shows what the library does, down to each member that a document lacks",
+constexpr Option kVerbose{"-v,--verbose", nullptr, "a line for each category that a file sets, with its place",
                           &Options::isVerbose};
-constexpr Option kQuiet{"-q,--quiet", nullptr, "says nothing of what was loaded, lost or replaced", &Options::isQuiet};
+constexpr Option kQuiet{"-q,--quiet", nullptr, "says nothing but what is refused", &Options::isQuiet};
 constexpr Option kForce{"-f,--force", nullptr, "writes over a file that was also read", &Options::isForced};
 constexpr Option kJson{"--json", nullptr, "prints the result as JSON", &Options::asJson};
 constexpr Option kOutput{"-o,--output", "OUT", "the file to write", &Options::output, nullptr, Names::File};
@@ -47,7 +46,8 @@ constexpr Option kNames{"--as", "NAMES", "whose names paths have: tuning (the de
                         "tuning|simulator"};
 constexpr Option kStrict{"--strict", nullptr, "warnings count as errors do", &Options::isStrict};
 constexpr Option kMissing{"--missing", nullptr, "lists the members that a document lacks", &Options::showsMissing};
-constexpr Option kDisable{"--disable", "ID", "leaves out findings of that kind; may be said again", &Options::disabled};
+constexpr Option kDisable{"--disable",        "ID",    "leaves out findings of that kind; may be said again",
+                          &Options::disabled, nullptr, Names::Finding};
 constexpr Option kTolerance{"--tolerance", "T", "numbers that differ by no more than T are equal", &Options::tolerance};
 constexpr Option kExact{"--exact", nullptr, "compares every bit, also what no text document carries",
                         &Options::isExact};
@@ -79,10 +79,10 @@ constexpr const Option* kDiffOptions[] = {&kAll,        &kTolerance, &kExact, &k
 constexpr const Option* kDumpOptions[] = {&kOffset, &kJson};
 constexpr const Option* kFieldsOptions[] = {&kNames, &kJson};
 constexpr const Option* kGetOptions[] = {&kNames, &kFrom, &kJson};
-constexpr const Option* kInfoOptions[] = {&kFrom, &kJson, &kVerbose};
+constexpr const Option* kInfoOptions[] = {&kFrom, &kJson};
 constexpr const Option* kMergeOptions[] = {&kOutput,   &kExplain, &kForce, &kFrom, &kTo,
                                            &kProtocol, &kNames,   &kJson,  &kQuiet};
-constexpr const Option* kMetaOptions[] = {&kProtocol, &kVerbose};
+constexpr const Option* kMetaOptions[] = {&kForce, &kProtocol, &kQuiet};
 constexpr const Option* kReportOptions[] = {&kOutput, &kFrom};
 constexpr const Option* kSetOptions[] = {&kOutput, &kFrom, &kNames, &kJson};
 
@@ -164,9 +164,12 @@ constexpr Command kCommands[] = {
     {"convert",
      {"IN... [OUT]", 1, kAnyNumber},
      "loads files over each other and saves them as one",
-     "Loads the files in order and saves the whole set as OUT. Two names without -o are IN and OUT; with more, -o must "
-     "say where to. The file is replaced at once or not at all.\n\n"
-     "Says what each file set, what a later one replaced as a whole, and what the form of OUT does not carry.\n\n"
+     "Loads the files in order, each over those before it, and saves the whole set as OUT. Two names without -o are IN "
+     "and OUT; with more, -o must say where to. The file is replaced at once or not at all.\n\n"
+     "Says what each file sets, what of the files before it is replaced as a whole, and, one line a category, what the "
+     "form of OUT does not carry of all that differs from the defaults. Warns of a file that sets nothing, of bytes "
+     "that "
+     "may be no image, and of a version that isn't the library's.\n\n"
      "A name that ends in .txt is a plain calibration text: its lists ctm and successional_color_offset are laid over "
      "CCM_1_1, its lists LSC_SECT_SIZE_X, LSC_SECT_SIZE_Y and LSC_SAMPLES_* over LSC_4, or each list that --key names "
      "over its path.",
@@ -231,8 +234,10 @@ constexpr Command kCommands[] = {
     {"info",
      {"[FILE...]", 0, kAnyNumber},
      "shows what files are and what they set",
-     "Loads the files and shows form, version, date, sensor and creator, the calibration's summary, and for each "
-     "category what the files set of it and whether it came to differ from the defaults.",
+     "Loads the files over each other. Shows form, parts, version and date of each and how much it sets, then sensor "
+     "and calibration of all together, and for each category how many values the files set (each file's are counted; "
+     "whole: an image or a calibration text set it) and whether it came to differ from the defaults. Without a file: "
+     "the defaults.",
      kInfoOptions,
      kInfoExamples,
      kPlainExit,
@@ -249,7 +254,9 @@ constexpr Command kCommands[] = {
     {"meta",
      {"IN OUT", 2, 2},
      "converts frame metadata between its two JSON forms",
-     "Reads either form and writes the one that --protocol says.",
+     "Reads either form, which the content tells, and writes the one that --protocol says. Both files are JSON, "
+     "whatever "
+     "their names; - is standard input or output.",
      kMetaOptions,
      kMetaExamples,
      kPlainExit,
@@ -293,7 +300,7 @@ constexpr Command kCommands[] = {
 /// Only completions call it, so that no list of paths stands in them.
 constexpr Command kCompletePath = {
     "complete-path",
-    {"path|setting|category BEGIN", 2, 2, Names::Nothing, Names::Nothing},
+    {"path|setting|category|finding BEGIN", 2, 2, Names::Nothing, Names::Nothing},
     "prints how a path may go on",
     "For completions.",
     kCompleteOptions,
@@ -369,7 +376,9 @@ const Command* findCommand(const std::string& name)
 
 std::string programHelp()
 {
-    std::string text = std::string("qvdb ") + kProgramSummary + ".\n\nusage: qvdb COMMAND [OPTIONS] WORDS...\n\n";
+    std::string text;
+    appendWrapped(text, std::string("qvdb ") + kProgramSummary + '.', 0);
+    text += "\nusage: qvdb COMMAND [OPTIONS] WORDS...\n\n";
     for (const Command& command : kCommands) {
         appendRow(text, command.pName, command.pSummary, 12);
     }

@@ -18,7 +18,7 @@ using OptionTarget = std::variant<bool Options::*, std::string Options::*, std::
                                   std::optional<double> Options::*, std::optional<std::size_t> Options::*>;
 
 /// What a word or a value names, for completions.
-enum class Names { Nothing, File, Path, Category, Command, Form, Setting };
+enum class Names { Nothing, File, Path, Category, Command, Form, Setting, Finding };
 
 /// One option. Short and long name as they are typed, apart by a comma.
 struct Option {

@@ -1,8 +1,8 @@
 #include "layers.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
-#include <map>
 #include <string_view>
 
 #include <qv_database_c/database_calibration.h>
@@ -61,18 +61,32 @@ private:
     void readTaken(NodeIndex node, const Bound& bound)
     {
         const DocumentCategory& category = fields_.category(bound);
-        const auto [entry, isNew] = places_.try_emplace(category.category.pKey, layer_.categories.size());
-        if (isNew) {
-            layer_.categories.push_back({category.category.pKey, 0, document_.place(beginOf(node)).line});
+        if (places_.empty()) {
+            places_.assign(fields_.categories().size(), SIZE_MAX);
+        }
+        std::size_t& place = places_[bound.category];
+        if (place == SIZE_MAX) {
+            place = placeOf(category.category.pKey, node);
             noteDocument(category.document);
         }
-        const bool isValue = bound.pField != nullptr && bound.open == 0 && bound.pField->fields.empty() &&
-                             !document_[node].isContainer();
-        if (isValue) {
-            ++layer_.categories[entry->second].values;
+        if (document_[node].isContainer()) {
+            noteReplaced(node, bound, category);
+        } else if (bound.pField != nullptr && bound.open == 0 && bound.pField->fields.empty()) {
+            ++layer_.categories[place].values;
             ++layer_.values;
         }
-        noteReplaced(node, bound, category);
+    }
+
+    /// Several parts of a document may set the same category, or classes of one.
+    std::size_t placeOf(const char* pKey, NodeIndex node)
+    {
+        for (std::size_t i = 0; i < layer_.categories.size(); ++i) {
+            if (layer_.categories[i].key == pKey) {
+                return i;
+            }
+        }
+        layer_.categories.push_back({pKey, 0, document_.place(beginOf(node)).line});
+        return layer_.categories.size() - 1;
     }
 
     std::size_t beginOf(NodeIndex node) const
@@ -137,7 +151,7 @@ private:
     const Session& session_;
     Layer& layer_;
     PathTree tree_;
-    std::map<std::string, std::size_t> places_;
+    std::vector<std::size_t> places_; ///< of the document's categories, in the layer
     bool isCalibration_ = false;
 };
 

@@ -54,8 +54,18 @@ std::size_t elementsOf(const QvDatabaseCatalogField_t& field)
 
 void set(Mask& mask, std::size_t offset, std::size_t length, bool isSet = true)
 {
-    for (std::size_t i = offset; i < offset + length && i < mask.size(); ++i) {
-        mask[i] = isSet ? 1 : 0;
+    const std::size_t begin = std::min(offset, mask.size());
+    const std::size_t end = std::min(offset + length, mask.size());
+    std::fill(mask.begin() + static_cast<std::ptrdiff_t>(begin), mask.begin() + static_cast<std::ptrdiff_t>(end),
+              isSet ? 1 : 0);
+}
+
+/// Lays a mask over a part of another.
+void add(Mask& mask, const Mask& part, std::size_t offset)
+{
+    const std::size_t length = std::min(part.size(), mask.size() - std::min(offset, mask.size()));
+    for (std::size_t i = 0; i < length; ++i) {
+        mask[offset + i] = static_cast<char>(mask[offset + i] | part[i]);
     }
 }
 
@@ -79,8 +89,10 @@ void mark(Mask& mask, const std::vector<FieldNode>& nodes, std::size_t base, boo
         } else if (node.fields.empty()) {
             set(mask, base + field.offset, field.width * elementsOf(field));
         } else {
+            Mask item(field.width); // all items alike
+            mark(item, node.fields, 0, isWriting);
             for (std::size_t i = 0; i < elementsOf(field); ++i) {
-                mark(mask, node.fields, base + field.offset + i * field.width, isWriting);
+                add(mask, item, base + field.offset + i * field.width);
             }
         }
     }
@@ -210,8 +222,15 @@ bool any(const Mask& mask)
 /// Leaves of a mask what another has as well, or has not; an empty one has nothing.
 void keep(Mask& mask, const Mask& other, bool isThere)
 {
+    if (other.empty()) {
+        if (isThere) {
+            std::fill(mask.begin(), mask.end(), 0);
+        }
+        return;
+    }
+    const char flip = isThere ? 0 : 1;
     for (std::size_t i = 0; i < mask.size(); ++i) {
-        mask[i] = mask[i] != 0 && (!other.empty() && other[i] != 0) == isThere ? 1 : 0;
+        mask[i] = static_cast<char>(mask[i] & (other[i] ^ flip));
     }
 }
 

@@ -1,5 +1,8 @@
+#include <algorithm>
+
 #include "commands.h"
 #include "files.h"
+#include "layers.h"
 #include "output.h"
 #include "session.h"
 
@@ -19,6 +22,11 @@ ExitStatus meta(const Options& options)
     if (!readInput(options.words[0], asJson, input) || !mayReplace(out, {&options.words[0], 1}, options) ||
         !session.loadMeta(input) || !session.saveMeta(out)) {
         return kRefused;
+    }
+    const Layer layer = layerOf(input, session);
+    const auto isMeta = [](const LayerCategory& category) { return category.key == "MT"; };
+    if (std::none_of(layer.categories.begin(), layer.categories.end(), isMeta)) {
+        warn(input.shown() + " sets nothing of the frame metadata");
     }
     say("saved " + shownName(out, false));
     return kDone;

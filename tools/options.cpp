@@ -1,5 +1,6 @@
 #include "options.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <string_view>
 
@@ -72,7 +73,7 @@ void declare(CLI::App& app, const Option& option, Options& options)
         },
         option.target);
     if (std::holds_alternative<std::vector<std::string> Options::*>(option.target)) {
-        pOption->take_all();
+        pOption->take_all()->expected(1)->allow_extra_args(false); // one value each time it is said
     } else if (option.pValue != nullptr) {
         pOption->take_last();
     }
@@ -107,6 +108,33 @@ std::string wrongChoice(const Command& command, const Options& options)
     return "";
 }
 
+const Option* findOption(const Command& command, const std::string& name)
+{
+    for (const Option* pOption : command.options) {
+        const std::vector<std::string> names = splitAt(pOption->pNames, ',');
+        if (std::find(names.begin(), names.end(), name) != names.end()) {
+            return pOption;
+        }
+    }
+    return nullptr;
+}
+
+/// What CLI11 says of a value that is missing or of another kind, in our words: it begins with the option's name.
+std::string wordsOf(const Command& command, std::string error)
+{
+    constexpr std::string_view kConversion = "Could not convert: ";
+    const bool isConversion = error.starts_with(kConversion);
+    error.erase(0, isConversion ? kConversion.size() : 0);
+    const std::size_t end = error.find_first_of(": ");
+    const Option* pOption = findOption(command, error.substr(0, end));
+    if (pOption == nullptr || pOption->pValue == nullptr) {
+        return error;
+    }
+    const std::size_t value = error.find(" = ");
+    return error.substr(0, end) + " wants " + (isConversion ? "a number" : pOption->pValue) +
+           (isConversion && value != std::string::npos ? ", not " + error.substr(value + 3) : " behind it");
+}
+
 /// The words of a command behind its name.
 std::optional<ExitStatus> readWords(const Command& command, int argc, char* argv[], Options& options)
 {
@@ -122,13 +150,17 @@ std::optional<ExitStatus> readWords(const Command& command, int argc, char* argv
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return refuse(command.pName, error.what());
+        return refuse(command.pName, wordsOf(command, error.what()));
     }
     if (wantsHelp) {
         return printHelp(&command);
     }
-    if (const std::vector<std::string> extras = app.remaining(); !extras.empty()) {
-        return refuse(command.pName, "unknown option " + extras[0] + suggestion(extras[0], namesOf(command)));
+    for (const std::string& extra : app.remaining()) {
+        if (extra != "--") {                        // what stands behind that has gone to the words
+            const bool isShort = extra.size() <= 2; // every other letter is near
+            return refuse(command.pName,
+                          "unknown option " + extra + (isShort ? "" : suggestion(extra, namesOf(command))));
+        }
     }
     if (const std::string wrong = wrongChoice(command, options); !wrong.empty()) {
         return refuse(command.pName, wrong);

@@ -1,5 +1,6 @@
 #include "output.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -18,6 +19,26 @@ bool isReaderGone()
 {
     pollfd output{STDOUT_FILENO, POLLOUT, 0};
     return poll(&output, 1, 0) == 1 && (output.revents & (POLLERR | POLLHUP)) != 0;
+}
+
+/// Bytes of the character that a text begins with; 0 for what is no UTF-8.
+std::size_t lengthOfCharacter(std::string_view text)
+{
+    const auto at = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    const unsigned char first = at(0);
+    const std::size_t length = first < 0x80 ? 1 : (first < 0xc2 ? 0 : (first < 0xe0 ? 2 : (first < 0xf0 ? 3 : 4)));
+    if (first > 0xf4 || length > text.size()) {
+        return 0;
+    }
+    for (std::size_t i = 1; i < length; ++i) {
+        if ((at(i) & 0xc0) != 0x80) {
+            return 0;
+        }
+    }
+    // Too long a form, half of a pair, or past the last.
+    const bool isWrong = length > 2 && ((first == 0xe0 && at(1) < 0xa0) || (first == 0xed && at(1) >= 0xa0) ||
+                                        (first == 0xf0 && at(1) < 0x90) || (first == 0xf4 && at(1) >= 0x90));
+    return isWrong ? 0 : length;
 }
 
 } // namespace
@@ -84,18 +105,35 @@ void say(const std::string& line)
 std::string jsonText(const std::string& text)
 {
     std::string quoted = "\"";
-    for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
+    for (std::size_t i = 0; i < text.size();) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        const std::size_t length = lengthOfCharacter(std::string_view(text).substr(i));
         if (byte < 0x20 || byte == '"' || byte == '\\') {
             char escape[8];
             const bool isPlain = byte == '"' || byte == '\\';
             std::snprintf(escape, sizeof escape, isPlain ? "\\%c" : "\\u%04x", byte);
             quoted += escape;
+        } else if (length == 0) {
+            quoted += "\\ufffd";
         } else {
-            quoted += character;
+            quoted.append(text, i, length);
         }
+        i += std::max<std::size_t>(length, 1);
     }
     return quoted + '"';
+}
+
+std::string plainText(std::string text)
+{
+    for (std::size_t i = 0; i < text.size();) {
+        const std::size_t length = lengthOfCharacter(std::string_view(text).substr(i));
+        const auto byte = static_cast<unsigned char>(text[i]);
+        if (length == 0 || byte < 0x20 || byte == 0x7f) {
+            text[i] = '?';
+        }
+        i += std::max<std::size_t>(length, 1);
+    }
+    return text;
 }
 
 } // namespace qv::tools

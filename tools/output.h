@@ -33,7 +33,10 @@ void beQuiet();
 void warn(const std::string& line);
 void say(const std::string& line);
 
-/// A text in quotes as JSON writes it.
+/// A text in quotes as JSON writes it. Bytes that are no UTF-8 become the sign for that.
 std::string jsonText(const std::string& text);
+
+/// A text without signs that a terminal would obey.
+std::string plainText(std::string text);
 
 } // namespace qv::tools

@@ -20,6 +20,10 @@ PathNode nodeOf(const FieldNode& field, bool isItem, std::size_t index)
 {
     PathNode node{isItem ? "[" + std::to_string(index) + "]" : field.field.pKey, field.field, false, {}};
     const bool isList = field.field.count == QvDatabaseCatalogCount_Members;
+    if (isList) { // one record; the list is that of its numbers
+        node.field.rank = 0;
+        std::fill(std::begin(node.field.extents), std::end(node.field.extents), 1);
+    }
     for (std::size_t i = 0; i < field.fields.size(); ++i) {
         if (!field.fields[i].field.isTwin) {
             node.members.push_back(nodeOf(field.fields[i], isList, i));
@@ -149,7 +153,8 @@ public:
         if (members.empty()) {
             return fail(target.path + " has no members");
         }
-        if (wanted.kind == PathStep::Any && !wanted.isBracketed) {
+        const bool isNumbers = target.pNode != nullptr && target.pNode->field.count == QvDatabaseCatalogCount_Members;
+        if (wanted.kind == PathStep::Any && (!wanted.isBracketed || isNumbers)) {
             for (const PathNode& node : members) {
                 if (!follow(PathTree::member(target, node), step + 1, targets)) {
                     return false;
@@ -162,6 +167,7 @@ public:
         const PathNode* pNode = findMember(members, name);
         if (pNode == nullptr) {
             std::vector<std::string> names;
+            names.reserve(members.size());
             for (const PathNode& node : members) {
                 names.push_back(node.name);
             }
@@ -449,7 +455,7 @@ std::string textAt(const QvDatabaseCatalogField_t& field, const std::byte* pByte
 
 std::string valueAt(const QvDatabaseCatalogField_t& field, const std::byte* pBytes)
 {
-    const std::string text = textAt(field, pBytes);
+    std::string text = textAt(field, pBytes);
     switch (field.element) {
     case QvDatabaseCatalogElement_Float:
     case QvDatabaseCatalogElement_Double:

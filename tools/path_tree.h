@@ -17,7 +17,7 @@ namespace qv::tools {
 /// A field of a record, and those of its own record.
 struct PathNode {
     std::string name;               ///< a member's; "[0]" for a member of a record that stands as a list of its numbers
-    QvDatabaseCatalogField_t field; ///< as its document holds it
+    QvDatabaseCatalogField_t field; ///< as its document holds it, but that a record held as a list of numbers is one
     bool isOnlyInMemory = false;    ///< and in images: the document whose names are used doesn't carry it
     std::vector<PathNode> members;
 

@@ -4,20 +4,9 @@
 
 namespace qv::tools {
 
-namespace {
-ExitStatus notYet(const Options& options)
-{
-    return refuseUsage(options, "is still to come");
-}
-} // namespace
-
-ExitStatus coverage(const Options& options)
-{
-    return notYet(options);
-}
 ExitStatus merge(const Options& options)
 {
-    return notYet(options);
+    return refuseUsage(options, "is still to come");
 }
 
 } // namespace qv::tools

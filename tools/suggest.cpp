@@ -50,7 +50,13 @@ std::string nearest(std::string_view word, const std::vector<std::string>& candi
     std::size_t least = std::max<std::size_t>(word.size() / 3, 1) * kStep + 1;
     std::string best;
     for (const std::string& candidate : candidates) {
-        const std::size_t steps = distance(word, candidate);
+        const bool isBegun = word.size() > 2 && candidate.starts_with(word);
+        const std::size_t apart =
+            word.size() > candidate.size() ? word.size() - candidate.size() : candidate.size() - word.size();
+        if (!isBegun && apart * kStep >= least) {
+            continue; // a letter to add or drop for each
+        }
+        const std::size_t steps = isBegun ? kStep : distance(word, candidate);
         if (steps < least) {
             least = steps;
             best = candidate;

@@ -144,6 +144,8 @@ typedef struct QvDatabaseCatalogField {
     const char* pCounter;                   /**< C member that holds its length; null where none does */
     size_t counterOffset;                   /**< bytes from the beginning of the same record */
     size_t counterWidth;                    /**< bytes; 0 where there is no counter */
+    const char* pBound;                     /**< C member, the counter of another list of the same record, that reading
+                                              ends at as well; null where none does */
     QvDatabaseCatalogDirection_t direction; /**< which codec carries it; within a record, that of the record too */
     bool isTwin;                  /**< an older key of the field before it, read only where that one is absent */
     const char* pRecord;          /**< C type of a nested record, also behind a pointer; else null */

@@ -65,6 +65,7 @@ answers set a.json AE_3.setP '->' AE_3.setPoint=
 answers set a.json AE_3.setPoint = 3 '->'
 answers diff --category AE a.json '->' a.json
 answers diff --category AE_ '->' AE_3
+answers check --disable unknown-m '->' unknown-member
 answers get '' '->' a.json a_folder
 answers get a.json 3A '->' 3AI_2.
 

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "../carriage.h"
+#include "../check_file.h"
 #include "../commands.h"
 #include "../difference.h"
 #include "../files.h"
@@ -68,6 +69,37 @@ std::string chips(const Side& side, const Session& fresh)
     return text + "</ul>";
 }
 
+/// What is wrong with a file, each with a link to where it is shown.
+std::string findingsOf(const PathTree& tree, const Side& side, const page::Pictures& pictures, const Options& options)
+{
+    Findings findings(std::vector<bool>(faultKinds().size()));
+    Document document;
+    if (!findFaults(side.input, options, tree, document, findings)) {
+        return "";
+    }
+    std::string rows;
+    for (const Finding& finding : findings.sorted()) {
+        const FaultKind& kind = kindOf(finding.fault);
+        std::string place = std::to_string(finding.begin);
+        if (side.input.form != Form::Image) {
+            const TextPlace at = document.place(finding.begin);
+            place = std::to_string(at.line) + ':' + std::to_string(at.column);
+        }
+        std::vector<Target> targets;
+        std::string error;
+        const bool isShown =
+            !finding.path.empty() && tree.find(finding.path, &side.session, targets, error) && targets.size() == 1;
+        const std::string path = "<code>" + escaped(finding.path) + "</code>";
+        rows += std::string("<li class=\"") + (kind.severity == Severity::Error ? "error" : "warning") + "\"><code>" +
+                place + "</code> " + (kind.severity == Severity::Error ? "error" : "warning") + ": " +
+                (isShown ? "<a href=\"#" + page::placeOf(pictures, targets[0]) + "\">" + path + "</a>" : path) + " " +
+                escaped(finding.text) + " <small>" + kind.pId + "</small></li>";
+    }
+    return rows.empty() ? ""
+                        : "<h3>Findings in <code>" + escaped(side.input.shown()) +
+                              "</code></h3><ul class=\"findings\">" + rows + "</ul>";
+}
+
 /// The words for one difference: old and new, or the sum of a list.
 std::string differenceRow(const Difference& difference, const std::array<Side, 2>& sides,
                           const page::Pictures& pictures)
@@ -118,7 +150,8 @@ std::string differencesOf(const PathTree& tree, const std::array<Side, 2>& sides
                       rows + "</tbody></table></div>");
 }
 
-std::string pageOf(const PathTree& tree, const std::array<Side, 2>& sides, std::size_t number, const Session& fresh)
+std::string pageOf(const PathTree& tree, const std::array<Side, 2>& sides, std::size_t number, const Session& fresh,
+                   const Options& options)
 {
     std::vector<const Session*> sessions;
     for (std::size_t i = 0; i < number; ++i) {
@@ -141,7 +174,7 @@ std::string pageOf(const PathTree& tree, const std::array<Side, 2>& sides, std::
         (isPair ? fileRow(tree, sides[1], "B <i class=\"key b\"></i>") : "") + "</tbody></table></div>";
     for (std::size_t i = 0; i < number; ++i) {
         text += std::string("<h2>What ") + (isPair ? (i == 0 ? "A" : "B") : "the set") + " holds</h2>" +
-                chips(sides[i], fresh);
+                chips(sides[i], fresh) + findingsOf(tree, sides[i], pictures, options);
     }
     text += std::string("</header>") + page::kBar + "<nav aria-label=\"parts\">";
     struct Part {
@@ -195,7 +228,7 @@ ExitStatus report(const Options& options)
         }
     }
     const PathTree tree;
-    return writeOutput(options.output, pageOf(tree, sides, options.words.size(), fresh)) ? kDone : kRefused;
+    return writeOutput(options.output, pageOf(tree, sides, options.words.size(), fresh, options)) ? kDone : kRefused;
 }
 
 } // namespace qv::tools
