@@ -13,7 +13,7 @@ install_packages() {
     "${sudo[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-build_packages=(cmake make g++ libc6-dev libcli11-dev)
+build_packages=(cmake make g++ libc6-dev libcli11-dev libpng-dev)
 test_packages=("${build_packages[@]}" libgtest-dev rapidjson-dev python3 python3-jsonschema clang-format clang-tidy git locales groff-base mandoc zsh)
 
 # The compiler of the sanitizer build and of the fuzz targets, and what packages are built with.

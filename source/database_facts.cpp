@@ -231,7 +231,7 @@ consteval void checkRole(const Field& field, const Facts& facts)
         isSound = isNumber && endsIn(field, std::size_t{facts.rows} * facts.columns);
         break;
     case Role::Window:
-        isSound = field.element == Element::Record || (isNumber && last == 4);
+        isSound = field.element == Element::Record || (isNumber && (last == 4 || last == 5)); // with a weight
         break;
     case Role::CountOf:
         isSound = isInteger && field.rank == 0 && facts.other.isList;

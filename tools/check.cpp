@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "check_document.h"
+#include "check_file.h"
 #include "check_image.h"
 #include "commands.h"
 #include "output.h"
@@ -32,23 +33,19 @@ void checkVersion(const DocumentFields& fields, const Options& options, Document
     }
 }
 
-/// False where the file could not be checked, which has been told.
-bool checkFile(const std::string& name, const Options& options, const PathTree& tree, Findings& findings)
+} // namespace
+
+bool findFaults(const Input& input, const Options& options, const PathTree& tree, Document& document,
+                Findings& findings)
 {
-    Input input;
-    if (!readInput(name, options, input)) {
-        return false;
-    }
     if (input.form == Form::CalibrationText) {
         complain(input.shown() + ": a plain calibration text can't be checked");
         return false;
     }
     if (input.form == Form::Image) {
         checkImage(input.bytes.view(), tree, findings);
-        findings.print(input.shown(), nullptr, options.asJson);
         return true;
     }
-    Document document;
     if (!document.read(input.bytes.view(), input.form)) {
         return false;
     }
@@ -59,11 +56,8 @@ bool checkFile(const std::string& name, const Options& options, const PathTree& 
     if (options.showsMissing) {
         check.findMissing();
     }
-    findings.print(input.shown(), &document, options.asJson);
     return true;
 }
-
-} // namespace
 
 ExitStatus check(const Options& options)
 {
@@ -75,10 +69,15 @@ ExitStatus check(const Options& options)
     const PathTree tree(options.names == "simulator");
     for (const std::string& name : options.words) {
         Findings findings(isDisabled);
-        if (!checkFile(name, options, tree, findings)) {
+        Document document;
+        Input input;
+        if (!readInput(name, options, input) || !findFaults(input, options, tree, document, findings)) {
             status = kTrouble;
-        } else if (status == kDone && (findings.count(Severity::Error) > 0 ||
-                                       (options.isStrict && findings.count(Severity::Warning) > 0))) {
+            continue;
+        }
+        findings.print(input.shown(), input.form == Form::Image ? nullptr : &document, options.asJson);
+        if (status == kDone &&
+            (findings.count(Severity::Error) > 0 || (options.isStrict && findings.count(Severity::Warning) > 0))) {
             status = kFound;
         }
     }

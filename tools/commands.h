@@ -18,6 +18,7 @@ ExitStatus get(const Options& options);
 ExitStatus info(const Options& options);
 ExitStatus merge(const Options& options);
 ExitStatus meta(const Options& options);
+ExitStatus report(const Options& options);
 ExitStatus schema(const Options& options);
 ExitStatus set(const Options& options);
 

@@ -201,12 +201,17 @@ bool Findings::isRepeated(Fault fault, NodeIndex list)
     return !isFirst;
 }
 
-void Findings::print(const std::string& file, const Document* pDocument, bool asJson)
+std::span<const Finding> Findings::sorted()
 {
     std::stable_sort(findings_.begin(), findings_.end(),
                      [](const Finding& left, const Finding& right) { return left.begin < right.begin; });
     lists_.clear();
-    for (const Finding& finding : findings_) {
+    return findings_;
+}
+
+void Findings::print(const std::string& file, const Document* pDocument, bool asJson)
+{
+    for (const Finding& finding : sorted()) {
         asJson ? printJson(file, pDocument, finding) : printLine(file, pDocument, finding);
     }
 }

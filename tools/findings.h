@@ -90,7 +90,10 @@ public:
     /// own.
     bool isRepeated(Fault fault, NodeIndex list);
 
-    /// Sorts by place and prints all of them: as lines to standard error, or as objects to standard output. Of an image
+    /// All of them, in the order of their places.
+    std::span<const Finding> sorted();
+
+    /// Prints all of them in that order: as lines to standard error, or as objects to standard output. Of an image
     /// pDocument is null.
     void print(const std::string& file, const Document* pDocument, bool asJson);
 

@@ -83,6 +83,7 @@ constexpr const Option* kInfoOptions[] = {&kFrom, &kJson};
 constexpr const Option* kMergeOptions[] = {&kOutput,   &kExplain, &kForce, &kFrom, &kTo,
                                            &kProtocol, &kNames,   &kJson,  &kQuiet};
 constexpr const Option* kMetaOptions[] = {&kForce, &kProtocol, &kQuiet};
+constexpr const Option* kReportOptions[] = {&kOutput, &kFrom};
 constexpr const Option* kSetOptions[] = {&kOutput, &kFrom, &kNames, &kJson};
 
 constexpr Example kAtExamples[] = {
@@ -123,6 +124,10 @@ constexpr Example kInfoExamples[] = {{"qvdb info imx477.json", "what a file is a
 constexpr Example kMergeExamples[] = {
     {"qvdb merge base.json lens.json board.ini -o all.json --explain", "the layers, and who sets what"}};
 constexpr Example kMetaExamples[] = {{"qvdb meta frame.json frame_full.json", "frame metadata in its other form"}};
+constexpr Example kReportExamples[] = {
+    {"qvdb report imx477.json -o report.html", "one set"},
+    {"qvdb report day.json night.bin -o report.html", "two sets over each other, differences first"},
+};
 constexpr Example kSchemaExamples[] = {{"qvdb schema > text.schema.json", "for editors"}};
 constexpr Example kSetExamples[] = {
     {"qvdb set imx477.json AE_3.setPoint=45", "one value in place"},
@@ -258,6 +263,18 @@ constexpr Command kCommands[] = {
      kMetaExamples,
      kPlainExit,
      &meta},
+    {"report",
+     {"FILE [OTHER]", 1, 2},
+     "writes a page that shows a set, or two over each other",
+     "Writes one HTML file that needs nothing else: curves, schedules over gain, matrices, maps and tables of "
+     "everything "
+     "else, with a search and a gain for the whole page. Of two files each picture shows both, and the differences "
+     "come "
+     "first.",
+     kReportOptions,
+     kReportExamples,
+     kPlainExit,
+     &report},
     {"schema",
      {"[FORM]", 0, 1, Names::Form, Names::Form, "tuning|simulator|calibration|meta"},
      "prints a JSON Schema, by which editors check a document",

@@ -44,10 +44,11 @@ typedef struct QvDatabaseAutoExposure_3 {
     bool frameCalEnable;  /**< switches "frameCal" on */
     bool autoHdrEnable;   /**< switches automatic HDR on */
 
-    float expv2WindowWeight[1024]; /**< weights of the exposure windows; simulator key "expV2WindowWeight" */
+    float expv2WindowWeight[1024]; /**< weights of the exposure windows; simulator key "expV2WindowWeight"
+                                      [weights 32x32] */
     uint8_t roiNum;         /**< regions of interest in use; simulator key "roiNumber" [0..25; count-of roiWindow] */
     float roiWeight;        /**< weight of the regions of interest */
-    float roiWindow[25][5]; /**< regions, five numbers each; all 25 are written whatever `roiNum` is */
+    float roiWindow[25][5]; /**< regions, five numbers each; all 25 are written whatever `roiNum` is [window] */
 
     uint16_t antiFlickerMode;  /**< anti-flicker mode; spelled "antiFlikerMode" in both documents */
     uint16_t semMode;          /**< SEM mode */

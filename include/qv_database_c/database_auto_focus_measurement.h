@@ -32,7 +32,7 @@ typedef struct QvDatabaseAutoFocusMeasurement {
     uint32_t pixelCntC;  /**< measured count of pixels, C; in no text form [measured] */
 
     uint16_t id;        /**< number of the window; key "afmWindowId" in the simulator document */
-    uint16_t window[4]; /**< the window, four numbers; key "afmWindow" in the simulator document */
+    uint16_t window[4]; /**< the window, four numbers; key "afmWindow" in the simulator document [window] */
     uint32_t threshold; /**< threshold of the measurement */
     char class_[20];    /**< unused here: in no text form, the simulator document included */
 } QvDatabaseAutoFocusMeasurement_t;

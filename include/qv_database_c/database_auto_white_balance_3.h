@@ -23,7 +23,7 @@ typedef struct QvDatabaseAutoWhiteBalance_3 {
     bool useDamping;        /**< switches damping on */
     uint8_t roiNum;         /**< regions of interest in use; simulator key "roiNumber" [0..25; count-of roiWindow] */
     float roiWeight;        /**< weight of the regions of interest */
-    float roiWindow[25][5]; /**< regions, five numbers each; all 25 are written whatever `roiNum` is */
+    float roiWindow[25][5]; /**< regions, five numbers each; all 25 are written whatever `roiNum` is [window] */
     uint16_t mode;          /**< mode of the control */
     float awbTemWeight[7];  /**< weights Tem; in no text form */
     char class_[20];        /**< class name in the simulator document; not terminated when it is full */

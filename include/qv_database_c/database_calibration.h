@@ -152,14 +152,14 @@ static_assert(sizeof(QvDatabaseCalibrationSensorAwbIllumination_Acc_t) == 200, "
 
 /** White balance data of one illumination, an item of "illumination". */
 typedef struct QvDatabaseCalibrationSensorAwbIllumination {
-    char name[50];                                            /**< name of the illumination */
-    char doorType[50];                                        /**< "doorType", a text of the document */
-    QvDatabaseCalibrationSensorAwbIllumination_Gmm_t gmm;     /**< Gaussian mixture model; "GMM" */
-    QvDatabaseCalibrationSensorAwbIllumination_Alsc_t alsc;   /**< lens shading profiles; "aLSC" */
-    float manualWb[4];                                        /**< manual white balance, four values; "manualWB" */
-    float manualCcMatrix[9];                                  /**< matrix, rows of 3; "manualccMatrix" [matrix 3x3] */
-    float manualCcOffset[3];                                  /**< manual colour offsets; "manualccOffsets" */
-    char awbType[50];                                         /**< type of the white balance, as text */
+    char name[50];                                          /**< name of the illumination */
+    char doorType[50];                                      /**< "doorType", a text of the document */
+    QvDatabaseCalibrationSensorAwbIllumination_Gmm_t gmm;   /**< Gaussian mixture model; "GMM" */
+    QvDatabaseCalibrationSensorAwbIllumination_Alsc_t alsc; /**< lens shading profiles; "aLSC" */
+    float manualWb[4];                                      /**< manual white balance, four values; "manualWB" */
+    float manualCcMatrix[9];                                /**< matrix, rows of 3; "manualccMatrix" [matrix 3x3] */
+    float manualCcOffset[3]; /**< manual colour offsets; "manualccOffsets" [matrix 1x3] */
+    char awbType[50];        /**< type of the white balance, as text */
     QvDatabaseCalibrationSensorAwbIllumination_SatCt_t satCt; /**< gains and saturations; "sat_CT" */
     QvDatabaseCalibrationSensorAwbIllumination_VigCt_t vigCt; /**< gains and vignetting; "vig_CT" */
     QvDatabaseCalibrationSensorAwbIllumination_Acc_t acc;     /**< colour correction profiles; "aCC" */
@@ -214,7 +214,7 @@ typedef struct QvDatabaseCalibrationSensorCc {
     char name[50];     /**< name of the item */
     float saturation;  /**< saturation of the profile */
     float ccMatrix[9]; /**< colour matrix, rows of 3 in documents [matrix 3x3] */
-    float ccOffset[3]; /**< offsets of the three colours; "ccOffsets" */
+    float ccOffset[3]; /**< offsets of the three colours; "ccOffsets" [matrix 1x3] */
     float wb[4];       /**< white balance, four values */
     float sensorGains; /**< gains of the sensor; "SensorGains" */
 } QvDatabaseCalibrationSensorCc_t;

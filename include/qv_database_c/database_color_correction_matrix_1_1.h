@@ -21,7 +21,7 @@ extern "C" {
 typedef struct QvDatabaseColorCorrectionMatrix_1_1 {
     bool enable;         /**< switches the block on; a number, 1 or 0, in the simulator document */
     float ccMatrix[9];   /**< matrix of 3 by 3, row after row; the list "ctm" of calibration text [matrix 3x3] */
-    float ccOffset[3];   /**< three offsets; the list "successional_color_offset" of calibration text */
+    float ccOffset[3];   /**< three offsets; the list "successional_color_offset" of calibration text [matrix 1x3] */
     bool overrideCaliEn; /**< calibration override, default true; no simulator document carries it */
 
     bool isStatistics; /**< for the layers above; no text form carries it */
