@@ -14,4 +14,4 @@ install_packages() {
 }
 
 build_packages=(cmake make g++ libc6-dev libcli11-dev)
-test_packages=("${build_packages[@]}" libgtest-dev rapidjson-dev python3 python3-jsonschema clang-format clang-tidy git locales)
+test_packages=("${build_packages[@]}" libgtest-dev rapidjson-dev python3 python3-jsonschema python3-numpy python3-pytest python3-matplotlib clang-format clang-tidy git locales)
