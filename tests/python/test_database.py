@@ -99,7 +99,7 @@ def test_check_and_diff(sample, tmp_path):
     faulty.write_text('{"tuning": {\n  "2DNR_5_2": {"strength": 300, "stength": 1}}}')
     findings = qv.check(faulty)
     assert [(finding.line, finding.path) for finding in findings] == [(2, "2DNR_5_2.strength"), (2, "2DNR_5_2.stength")]
-    assert "strength" in findings[1].text and findings[0].level == "error" and findings[0].column == 28
+    assert "strength" in findings[1].text and findings[0].severity == "error" and findings[0].column == 28
     with qv.Database(sample) as db:
         db["AE_3"].setPoint = 45.5
         db["A2DNR_5_2"].tables[1].strength[3] = 7
