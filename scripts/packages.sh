@@ -14,7 +14,7 @@ install_packages() {
 }
 
 build_packages=(cmake make g++ libc6-dev libcli11-dev libpng-dev)
-test_packages=("${build_packages[@]}" libgtest-dev rapidjson-dev python3 python3-jsonschema clang-format clang-tidy git locales groff-base mandoc zsh)
+test_packages=("${build_packages[@]}" libgtest-dev rapidjson-dev python3 python3-jsonschema python3-numpy python3-pytest python3-matplotlib clang-format clang-tidy git locales groff-base mandoc zsh chromium chromium-driver)
 
 # The compiler of the sanitizer build and of the fuzz targets, and what packages are built with.
 test_packages+=(clang libclang-rt-14-dev)
