@@ -1,5 +1,6 @@
 #include "completions.h"
 
+#include <algorithm>
 #include <string_view>
 #include <variant>
 #include <vector>

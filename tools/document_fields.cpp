@@ -191,8 +191,9 @@ std::string DocumentFields::path(NodeIndex node, const PathTree& tree) const
 
 bool DocumentFields::isInRows(const Bound& bound) const
 {
-    const DocumentCategory& made = category(bound);
-    const CatalogField* pField = fieldAt(fieldsOf(QvDatabaseCatalogDocument_Memory, made.category), bound.offset);
+    // In memory such a list has one dimension.
+    const std::vector<FieldNode> members = fieldsOf(QvDatabaseCatalogDocument_Memory, category(bound).category);
+    const CatalogField* pField = fieldAt(members, bound.offset);
     return pField != nullptr && pField->rank < bound.pField->field.rank;
 }
 

@@ -241,7 +241,9 @@ constexpr Command kCommands[] = {
      {"FILE...", 1, kAnyNumber},
      "lays files over each other and explains who sets what",
      "Saves the layers as one file, as convert does. --explain prints, for each field that more than one file sets, "
-     "value and place in each, and which wins.",
+     "value and place in each, and which wins; without -o nothing is written.\n\n"
+     "Lists that a later file gives another length are told as well, and calibration: the one of a later text replaces "
+     "all of the one before.",
      kMergeOptions,
      kMergeExamples,
      kPlainExit,
@@ -271,9 +273,12 @@ constexpr Command kCommands[] = {
      "asked "
      "to change; a member that the document lacks is added where the library would write it. An image is changed at "
      "its "
-     "offset. A list takes one value for all of its items, or a JSON list.\n\n"
-     "The file is replaced at once or not at all. What doesn't fit its field is refused, and so is a path that leads "
-     "nowhere.",
+     "offset.\n\n"
+     "A value is a number, true or false, the name of a value, or the characters of a text. A list takes one value for "
+     "all of its items, or a JSON list; a record takes a JSON object with some of its members. A schedule takes a list "
+     "of another length.\n\n"
+     "The file is replaced at once or not at all, after a load of the new text has given the values that were asked "
+     "for and all others as they were. What doesn't fit its field is refused, and so is a path that leads nowhere.",
      kSetOptions,
      kSetExamples,
      kPlainExit,

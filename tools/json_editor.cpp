@@ -125,21 +125,19 @@ void JsonEditor::addBehind(NodeIndex sibling, const std::string& indent, bool is
 {
     const DocumentNode& node = document_[sibling];
     const bool isLast = node.next == kNoNode;
-    // A comment behind the sibling stays with it.
-    if (!isOwnLine && isLast) {
-        const std::size_t end = behindComments(node.value.end);
-        edits_.insert(text_.substr(0, end).ends_with("*/") ? end : node.value.end, layout_.comma + text);
-        return;
+    const std::size_t value = isLast ? node.value.end : behindComma(node.value.end);
+    const std::size_t behind = behindComments(value);
+    // A comment behind the sibling stays with it, and one that ends with the line ends what stands on it.
+    if (isOwnLine || (behind != value && !text_.substr(0, behind).ends_with("*/"))) {
+        if (isLast) {
+            edits_.insert(node.value.end, ",");
+        }
+        edits_.insert(behind, layout_.newline + indent + text + (isLast ? "" : ","));
+    } else if (isLast) {
+        edits_.insert(behind, layout_.comma + text);
+    } else {
+        edits_.insert(value, layout_.comma.substr(1) + text + ',');
     }
-    if (!isOwnLine) {
-        edits_.insert(behindComma(node.value.end), layout_.comma.substr(1) + text + ',');
-        return;
-    }
-    const std::size_t behind = isLast ? node.value.end : behindComma(node.value.end);
-    if (isLast) {
-        edits_.insert(node.value.end, ",");
-    }
-    edits_.insert(behindComments(behind), layout_.newline + indent + text + (isLast ? "" : ","));
 }
 
 /// Puts text into a container that has nothing in it but perhaps comments.
@@ -164,8 +162,10 @@ void JsonEditor::addMember(NodeIndex object, const std::string& key, const std::
     const std::string head = writtenText(key) + layout_.colon;
     const DocumentNode& node = document_[object];
     if (node.first == kNoNode) {
-        const std::string indent = indentAt(node.value.begin);
-        const bool isOwnLine = !layout_.newline.empty() && (object == 0 || isFirstOnLine(node.key.begin));
+        const bool isLong = document_.slice(node.value).find('\n') != std::string_view::npos;
+        const std::string indent = indentAt(isFirstOnLine(node.value.end - 1) ? node.value.end - 1 : node.value.begin);
+        const bool isOwnLine =
+            !layout_.newline.empty() && (isLong || (!node.key.isEmpty() && isFirstOnLine(node.key.begin)));
         const Layout& layout = isOwnLine ? layout_ : inline_;
         fill(object, layout, indent, head + value(layout, indent + layout.unit));
         return;
@@ -217,6 +217,7 @@ void JsonEditor::addItems(NodeIndex list, const std::vector<Value>& values)
         indent = isFirstOnLine(span.end - 1) ? indentAt(span.end - 1) : indent;
     }
     std::vector<std::string> texts;
+    texts.reserve(values.size());
     for (const Value& value : values) {
         texts.push_back(value(isLong ? layout_ : inline_, isOwnLine ? indentAt(document_[last].value.begin) : indent));
     }

@@ -1,6 +1,7 @@
 // Writes the man pages of qvdb and its completions from the grammar that also reads its command line:
 // make_manual FOLDER SOURCE DATE
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <fstream>

@@ -120,11 +120,13 @@ namespace {
 /// The begin of a member's bytes in its record, or of the array on the heap that it points at.
 const std::byte* beginOf(const QvDatabaseCatalogField_t& field, const std::byte* pBase)
 {
-    const std::byte* pBegin = pBase + field.offset;
-    if (field.count == QvDatabaseCatalogCount_Heap) {
-        std::memcpy(&pBegin, pBegin, sizeof pBegin);
+    const std::byte* pMember = pBase + field.offset;
+    if (field.count != QvDatabaseCatalogCount_Heap) {
+        return pMember;
     }
-    return pBegin;
+    const std::byte* pHeap = nullptr;
+    std::memcpy(&pHeap, pMember, sizeof pHeap);
+    return pHeap;
 }
 
 std::size_t offsetOf(const RouteStep& step)

@@ -54,6 +54,13 @@ public:
         if (!wanted_.open() || !readInput(options_.words[0], options_, input_) || !wanted_.load(input_)) {
             return false;
         }
+        if (input_.form == Form::CalibrationText) {
+            return refuse("a plain calibration text can't be changed in place");
+        }
+        if (!isStream(out_) && !options_.output.empty() && formOf(out_, options_.from) != input_.form) {
+            return refuse(std::string("set keeps the form ") + formName(input_.form) + ", which " + out_ +
+                          " hasn't; convert changes it");
+        }
         std::string error;
         for (std::size_t i = 1; i < options_.words.size(); ++i) {
             if (!settings_.apply(options_.words[i], error)) {
@@ -66,8 +73,9 @@ public:
             !isTaken(error)) {
             return refuse(error);
         }
-        const bool isSameFile = options_.output.empty() && !isStream(out_);
-        if ((!isSameFile || bytes_ != input_.bytes.view()) && !writeOutput(out_, bytes_)) {
+        // A file that holds the values already is left alone.
+        const bool isInPlace = options_.output.empty() && !isStream(out_);
+        if ((!isInPlace || bytes_ != input_.bytes.view()) && !writeOutput(out_, bytes_)) {
             return false;
         }
         if (options_.asJson) {
@@ -189,9 +197,9 @@ private:
             std::printf("%s\n    {\"path\": %s, \"old\": %s, \"new\": %s, ", i == 0 ? "" : ",",
                         jsonText(target.path).c_str(), changes[i].before.c_str(), valueOf(target, wanted_).c_str());
             if (input_.form == Form::Image) {
-                std::printf("\"offset\": %zu}", target.pCategory->category.imageOffset + target.offset);
+                std::printf("\"line\": null, \"offset\": %zu}", target.pCategory->category.imageOffset + target.offset);
             } else {
-                std::printf("\"line\": %zu}", places_[i]);
+                std::printf("\"line\": %zu, \"offset\": null}", places_[i]);
             }
         }
         std::printf("\n  ]\n}\n");

@@ -71,19 +71,20 @@ bool isHeldByInitialization(std::string_view text, const Field& field, const std
     return text == writtenInitialization(field, pBytes);
 }
 
+/// The first word, which is all that a load looks at.
+std::string_view numberIn(std::string_view text)
+{
+    return text.substr(0, text.find_first_of(" \t"));
+}
+
 std::vector<std::string> keysOf(const std::vector<FieldNode>& fields)
 {
     std::vector<std::string> keys;
+    keys.reserve(fields.size());
     for (const FieldNode& node : fields) {
         keys.emplace_back(node.field.pKey);
     }
     return keys;
-}
-
-/// The last name of a place.
-std::string nameOf(std::string_view place)
-{
-    return std::string(place.substr(place.rfind('/') + 1));
 }
 
 } // namespace
@@ -129,13 +130,24 @@ const std::byte* TextSetter::recordOf(const Reach& reach) const
     return static_cast<const std::byte*>(wanted_.record(reach.category.pKey));
 }
 
+/// Whether it is a number of an `.ini` text without quotes.
+bool TextSetter::isNumber(const Reach& reach) const
+{
+    const QvDatabaseCatalogElement_t written = reach.route.pLeaf->field.written;
+    return form_ == Form::Ini && text_[document_[reach.node].value.begin] != '"' &&
+           (written == QvDatabaseCatalogElement_Integer || written == QvDatabaseCatalogElement_Float);
+}
+
 bool TextSetter::isHeld(const Reach& reach) const
 {
     const std::byte* pBytes = reach.route.bytes(recordOf(reach));
     const Field& field = reach.route.pLeaf->field;
-    return form_ == Form::Ini ? document_[reach.node].type == QvJsonValueType_String &&
-                                    isHeldByInitialization(document_.string(reach.node), field, pBytes)
-                              : isHeldByJson(document_, reach.node, field, pBytes);
+    if (form_ != Form::Ini) {
+        return isHeldByJson(document_, reach.node, field, pBytes);
+    }
+    const std::string_view text = document_.string(reach.node);
+    return document_[reach.node].type == QvJsonValueType_String &&
+           isHeldByInitialization(isNumber(reach) ? numberIn(text) : text, field, pBytes);
 }
 
 std::string TextSetter::elementText(const Reach& reach) const
@@ -204,11 +216,13 @@ bool TextSetter::put(const Change& change, std::string& error)
         }
         noteDoubled(target, reach.node);
         const Span value = document_[reach.node].value;
-        // A key of an .ini text may have no value behind its sign, and no sign.
+        // A key of an .ini text may have no value behind its sign, and no sign. What stands behind a number there is
+        // part of the value and of no effect, such as a remark.
         const bool isBare = form_ == Form::Ini && document_[reach.node].type == QvJsonValueType_Null;
         const std::size_t blank = value.isEmpty() && !isBare && text_[value.begin] == ' ' ? 1 : 0;
+        const std::size_t end = isNumber(reach) ? value.begin + numberIn(document_.slice(value)).size() : value.end;
         replaced_.insert(reach.node);
-        edits_.replace(value.begin + blank, value.end + blank, (isBare ? " = " : "") + elementText(reach));
+        edits_.replace(value.begin + blank, end + blank, (isBare ? " = " : "") + elementText(reach));
         return true;
     }
     finish();
@@ -238,7 +252,7 @@ bool TextSetter::add(const Target& target, const Reach& reach, std::string& erro
         }
     } else if (document_[reach.node].type != QvJsonValueType_Object) {
         editor.replace(reach.node, [&](const Layout& layout, const std::string& indent) {
-            return text.object(reach.step, fields, layout, indent);
+            return text.object(reach.step, layout, indent);
         });
     } else {
         const bool isRoot = reach.step == 0 && reach.node == 0;
@@ -282,142 +296,6 @@ bool TextSetter::addItems(const Target& target, const Reach& reach, JsonEditor& 
         });
     }
     editor.addItems(reach.node, values);
-    return true;
-}
-
-std::vector<std::string> TextSetter::rootOrder() const
-{
-    // As the library writes them: the setting's protocol decides which of the last two comes.
-    std::vector<std::string> order;
-    for (const QvDatabaseCatalogDocument_t document :
-         {QvDatabaseCatalogDocument_Version, QvDatabaseCatalogDocument_Calibration, QvDatabaseCatalogDocument_Simulator,
-          QvDatabaseCatalogDocument_Tuning}) {
-        const QvDatabaseCatalogCategory_t category = categoriesOf(document).front();
-        std::string_view place = category.pPlace;
-        if (place.empty()) {
-            for (const std::string& key : keysOf(fields_.of(document, category))) {
-                order.push_back(key);
-            }
-        } else {
-            place.remove_prefix(1);
-            order.emplace_back(place.substr(0, place.find('/')));
-        }
-    }
-    return order;
-}
-
-bool TextSetter::addCategory(const Target& target, std::string& error)
-{
-    const std::vector<Reach> reaches = pPlaces_->reaches(target);
-    if (reaches.empty()) {
-        error = target.path + ": no load takes this from " + (form_ == Form::Ini ? "an .ini file" : "a text document");
-        return false;
-    }
-    // Where the document has a form already it is kept to; else the tuning document's comes last.
-    Reach reach = reaches.back();
-    for (const Reach& candidate : reaches) {
-        const std::string_view place = candidate.category.pPlace;
-        const std::string_view first = place.substr(0, place.find('/', 1));
-        if (form_ == Form::Json && !pPlaces_->nodesAt(candidate.document, first).empty()) {
-            reach = candidate;
-        }
-    }
-    hasNewCategory_ = true;
-    if (form_ == Form::Ini) {
-        addInitialization(reach, kNoNode);
-        return true;
-    }
-    if (document_.nodes().empty() || document_[0].type != QvJsonValueType_Object) {
-        error = target.path + ": the document is no JSON object";
-        return false;
-    }
-    JsonEditor editor(document_);
-    if (!addObject(reach, editor, error)) {
-        return false;
-    }
-    edits_ = editor.edits();
-    finish();
-    return true;
-}
-
-/// Adds the object of a category, and those around it that aren't there.
-bool TextSetter::addObject(const Reach& reach, JsonEditor& editor, std::string& error)
-{
-    const std::vector<FieldNode>& fields = fields_.of(reach.document, reach.category);
-    const RouteText text(reach.route, recordOf(reach));
-    const std::string_view place = reach.category.pPlace;
-    // The innermost object or list that is there.
-    std::string_view there = place;
-    std::vector<NodeIndex> nodes;
-    while ((nodes = pPlaces_->nodesAt(reach.document, there)).empty() ||
-           (there.size() == place.size() && reach.category.pClass != nullptr)) {
-        there = there.substr(0, there.rfind('/'));
-    }
-    const std::string_view missing = place.substr(there.size());
-    std::string_view name = missing.substr(1);
-    name = name.substr(0, name.find('/'));
-    const bool isItem = name == "*";
-    if (missing.find('*') != std::string_view::npos &&
-        (reach.category.pClass == nullptr || !missing.ends_with('*') || missing.find('*') != missing.size() - 1)) {
-        error = std::string("the document has no object at ") + std::string(place.substr(0, place.rfind('*'))) +
-                " that could hold " + reach.category.pKey;
-        return false;
-    }
-    const auto object = [&](const Layout& layout, const std::string& indent) {
-        return reach.category.pClass == nullptr ? text.object(0, fields, layout, indent)
-                                                : text.classObject(fields, reach.category, layout, indent);
-    };
-    const NodeIndex node = nodes.back();
-    if (reach.category.pClass != nullptr) {
-        // A load takes the class as well, where the record keeps it.
-        for (const FieldNode& field : fields) {
-            if (std::string_view(field.field.pKey) == reach.category.pClassKey) {
-                auto* pClass = static_cast<char*>(wanted_.record(reach.category.pKey)) + field.field.offset;
-                std::strncpy(pClass, reach.category.pClass, field.field.width);
-            }
-        }
-    }
-    if (isItem && document_[node].type == QvJsonValueType_Array) {
-        editor.addItems(node, {object});
-        return true;
-    }
-    // Names that are missing become objects around it; before a `*` a list.
-    const auto value = [&](const Layout& layout, const std::string& indent) {
-        std::string_view rest = isItem ? missing : missing.substr(name.size() + 1);
-        std::string inner = indent;
-        std::string head;
-        std::string tail;
-        while (!rest.empty()) {
-            const std::string next(rest.substr(1, rest.find('/', 1) - 1));
-            rest.remove_prefix(next.size() + 1);
-            inner += layout.unit;
-            if (next == "*") {
-                head += '[';
-                tail.insert(0, "]");
-            } else {
-                head += '{' + layout.newline + (layout.newline.empty() ? "" : inner) + writtenText(next) + layout.colon;
-                tail.insert(0, layout.newline + (layout.newline.empty() ? "" : inner.substr(layout.unit.size())) + '}');
-            }
-        }
-        return head + object(layout, inner) + tail;
-    };
-    if (document_[node].type != QvJsonValueType_Object || isItem) {
-        const std::string key(name);
-        editor.replace(node, [&](const Layout& layout, const std::string& indent) {
-            return isItem ? value(layout, indent)
-                          : objectOf({writtenText(key) + layout.colon + value(layout, indent + layout.unit)}, layout,
-                                     indent);
-        });
-        return true;
-    }
-    std::vector<std::string> order = rootOrder();
-    if (node != 0) {
-        order.clear();
-        for (const QvDatabaseCatalogCategory_t& category : categoriesOf(reach.document)) {
-            order.push_back(nameOf(category.pPlace));
-        }
-    }
-    editor.addMember(node, std::string(name), order, value);
     return true;
 }
 

@@ -42,6 +42,7 @@ public:
 private:
     void reload();
     void finish();
+    bool isNumber(const Reach& reach) const;
     bool isHeld(const Reach& reach) const;
     std::string elementText(const Reach& reach) const;
     bool add(const Target& target, const Reach& reach, std::string& error);
@@ -49,6 +50,7 @@ private:
     bool addCategory(const Target& target, std::string& error);
     bool addObject(const Reach& reach, JsonEditor& editor, std::string& error);
     void noteDoubled(const Target& target, NodeIndex node);
+    void noteClass(const Reach& reach);
     void addInitialization(const Reach& reach, NodeIndex section);
     std::vector<std::string> rootOrder() const;
     const std::byte* recordOf(const Reach& reach) const;

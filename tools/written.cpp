@@ -57,11 +57,11 @@ std::string realText(T number)
     if (!std::isfinite(number)) {
         return "null";
     }
-    const std::string fixed = fixedOf(number);
+    std::string fixed = fixedOf(number);
     if (isReadAs(fixed, number)) {
         return fixed;
     }
-    const std::string shortest = digitsOf(number);
+    std::string shortest = digitsOf(number);
     return isReadAs(shortest, number) ? shortest : digitsOf(static_cast<double>(number));
 }
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""set_test.py QVDB SAMPLES: changes files by `qvdb set` and looks at every byte of what comes out.
+"""set_test.py QVDB SAMPLES NUMBER: changes files by `qvdb set` and looks at every byte of what comes out.
 
-Paths and values are drawn at random with a fixed seed, hundreds in one call. What must come out is worked out from the
+Paths and values are drawn at random with a fixed seed, so many in one call. What must come out is worked out from the
 document alone: the same tokens but for those that were set, the same lines, the same bytes.
 """
 
@@ -13,7 +13,7 @@ import subprocess
 import sys
 import tempfile
 
-qvdb, samples = sys.argv[1:3]
+qvdb, samples, number_of_values = sys.argv[1], sys.argv[2], int(sys.argv[3])
 random.seed(20)
 failures = 0
 
@@ -144,7 +144,7 @@ def change_documents():
         ("classes.json", loosened(simulator), classes, "--as", "simulator"),
     ):
         write(name, text)
-        values = {path: other(paths[path]) for path in random.sample(sorted(paths), 400)}
+        values = {path: other(paths[path]) for path in random.sample(sorted(paths), number_of_values)}
         if set_values(name, values, *options):
             check_values(name, values, *options)
             check_tokens(name, text, read(name), len(values))
@@ -174,7 +174,7 @@ def bring_back():
     sample = read(f"{samples}/imx477.json")
     lines = sample.split("\n")
     members = list(members_of(lines))
-    chosen = [member for member in random.sample(members, 400)
+    chosen = [member for member in random.sample(members, number_of_values)
               if not member[3] and not re.match(r"(.*aeInfo|version\.exportDate|header\.creation)", member[1])
               and member[2] not in ("null", "[]")][:120]
     values = {}
@@ -193,8 +193,7 @@ def bring_back():
             continue
         values = {path: value for path, value in values.items() if not path.startswith(f"tuning.{key}.")}
         gone.update(range(begin, end + 1))
-        values[key] = "".join("{" + line.strip() for line in lines[begin + 1:end + 1]) if False else json.dumps(
-            json.loads(sample)["tuning"][key])
+        values[key] = json.dumps(json.loads(sample)["tuning"][key])
     left = [line for number, line in enumerate(lines) if number not in gone]
     text = re.sub(r",(\s*\n\s*})", r"\1", "\n".join(left))
     write("less.json", text)
@@ -202,9 +201,246 @@ def bring_back():
     if status != 0:
         return fail(f"bring back: {error}")
     if read("less.json") != sample:
-        write("/tmp/setw/less_now.json", read("less.json"))
-        write("/tmp/setw/less_before.json", text)
         fail(f"{len(values)} members that were taken out came back otherwise")
+
+
+
+def change_image():
+    run("convert", f"{samples}/imx477.json", "a.bin")
+    document = json.loads(read(f"{samples}/imx477.json"))
+    inside = {path: value for path, value in leaves(document["tuning"], "")
+              if not re.search(r"aeInfo|^(AGE|DUMP)\.", path)}
+    values = {path: other(inside[path]) for path in random.sample(sorted(inside), number_of_values)}
+    status, out, error = run("set", "a.bin", "-o", "b.bin", "--json",
+                             *(f"{path}={typed(value)}" for path, value in values.items()))
+    if status != 0:
+        return fail(f"image: {error}")
+    check_values("b.bin", values)
+    changes = json.loads(out)["changes"]
+    with open("a.bin", "rb") as before, open("b.bin", "rb") as after:
+        different = {at for at, (a, b) in enumerate(zip(before.read(), after.read())) if a != b}
+    told = {change["offset"] + byte for change in changes for byte in range(
+        max(len(change["old"]), len(change["new"])) + 1 if isinstance(change["new"], str) else 8)}
+    if len(changes) != len(values) or not different or different - told:
+        fail("image: bytes beside the values were changed")
+    status, _, error = run("set", "b.bin", 'A2DNR_5_2.tables=[{"sigma": 3}]')
+    if status != 0 or len(get("b.bin", ["A2DNR_5_2.tables"])["A2DNR_5_2.tables"]) != 1:
+        fail(f"image: a schedule of another length: {error}")
+
+
+def change_ini():
+    sample = read(f"{samples}/imx477.ini")
+    lines = sample.split("\n")
+    section, members = "", {}
+    for number, line in enumerate(lines):
+        section = line[1:-1] if line.startswith("[") else section
+        if " = " in line:
+            members[number] = (section, *line.split(" = ", 1))
+    chosen = random.sample(sorted(members), 60)
+    dvc = lines.index("[DVC]")
+    gone = set(chosen) | set(range(dvc, lines.index("", dvc) + 1))  # a section whole
+    write("a.ini", "\n".join(line for number, line in enumerate(lines) if number not in gone))
+    back = [f"{members[n][0]}.{members[n][1]}={members[n][2]}" for n in sorted(gone) if n in members]
+    random.shuffle(back)
+    status, _, error = run("set", "a.ini", *back)
+    if status != 0 or read("a.ini") != sample:
+        fail(f"lines that were taken out of an .ini file came back otherwise {error}")
+    status, _, error = run("set", "a.ini", "IPT.framerate=29.97", "SS.driverName= a;b")
+    changed = [(a, b) for a, b in zip(lines, read("a.ini").split("\n")) if a != b]
+    if changed != [("framerate = 30", "framerate = 29.97"), ("driverName = imx477", 'driverName = " a;b"')]:
+        fail(f"an .ini file was changed elsewhere: {changed} {error}")
+
+
+# A document, what is set, and the document behind it.
+CASES = (
+    ("comments stay with their members",
+     '{"tuning": {"AE_3": {\n\t"enable": true, // on\n\t// above\n\t"motionThr": 1 // last\n\t// end\n}}}',
+     ["AE_3.tolerance=2", "AE_3.targetFilter=3"],
+     '{"tuning": {"AE_3": {\n\t"enable": true, // on\n\t"tolerance": 2.000000,\n\t// above\n\t"motionThr": 1, // last\n'
+     '\t"targetFilter": 3.000000\n\t// end\n}}}'),
+    ("members that share a line",
+     '{"tuning": {"AE_3": {"tolerance": 2 /* two */, "enable": true // on\n}}}',
+     ["AE_3.setPoint=2", "AE_3.motionThr=1"],
+     '{"tuning": {"AE_3": {"tolerance": 2 /* two */, "motionThr": 1.000000, "enable": true, // on\n'
+     '"setPoint": 2.000000\n}}}'),
+    ("what holds the value already stays, null and numbers for bools as well",
+     '{"tuning":{"AE_3":{"setPoint":4e1,"enable":1,"tolerance":null,"frameCalEnable":true}}}',
+     ["AE_3.setPoint=40", "AE_3.enable=false", "AE_3.tolerance=0.1", "AE_3.frameCalEnable=0"],
+     '{"tuning":{"AE_3":{"setPoint":4e1,"enable":0,"tolerance":0.100000,"frameCalEnable":false}}}'),
+    ("six digits, or as many as it takes",
+     '{"tuning": {"AE_3": {"setPoint": 1, "tolerance": 2, "motionThr": 3}}}',
+     ["AE_3.setPoint=0.5", "AE_3.tolerance=1e-9", "AE_3.motionThr=16777217"],
+     '{"tuning": {"AE_3": {"setPoint": 0.500000, "tolerance": 1e-09, "motionThr": 16777216.000000}}}'),
+    ("of doubled keys the last",
+     '{"tuning": {"AE_3": {"setPoint": 1}}, "tuning": {"AE_3": {"setPoint": 2, "setPoint": 3}}}',
+     ["AE_3.setPoint=9"],
+     '{"tuning": {"AE_3": {"setPoint": 1}}, "tuning": {"AE_3": {"setPoint": 2, "setPoint": 9.000000}}}'),
+    ("lists that are too short, and no lists",
+     '{"tuning": {"2DNR_5_2": {"lumaCurveX": [1, 2], "lumaCurveY": 5}, "HDR_2_1": {"transRange": [[1, 2], [3]]}}}',
+     ["2DNR_5_2.lumaCurveX[3]=9", "2DNR_5_2.lumaCurveY[1]=3", "HDR_2_1.transRange[1][1]=4", "HDR_2_1.transRange[2]=8"],
+     '{"tuning": {"2DNR_5_2": {"lumaCurveX": [1, 2, 0, 9], "lumaCurveY": [0, 3, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0]}, '
+     '"HDR_2_1": {"transRange": [[1, 2], [3, 4.000000], [8.000000, 8.000000]]}}}'),
+    ("records in lists",
+     '{\n  "tuning": {\n    "IPT": {\n      "paths": [{\n        }]\n    }\n  }\n}\n',
+     ["IPT.paths[0].format=2", 'IPT.paths[2].rectangle={"width": 1}'],
+     '{\n  "tuning": {\n    "IPT": {\n      "paths": [{\n          "format": 2\n        }, {}, {\n'
+     '          "rectangle": {\n            "width": 1\n          }\n        }]\n    }\n  }\n}\n'),
+    ("objects on one line of several",
+     '{"tuning": {"IPT": {"paths": [{"enable": true}]}}\n}\n',
+     ["IPT.paths[0].rectangle.width=3", "IPT.paths[1].format=2"],
+     '{"tuning": {"IPT": {"paths": [{"enable": true, "rectangle": {"width": 3}}, {"format": 2}]}}\n}\n'),
+    ("a schedule of another length",
+     '{\n  "tuning": {\n    "AGE": {\n      "enable": true\n    }\n  }\n}\n',
+     ['AGE.tables=[{"hdr": true, "threshold": 1}]', "AGE.tables[0].gains[0]=2"],
+     '{\n  "tuning": {\n    "AGE": {\n      "enable": true,\n      "tables": [{\n          "hdr": true,\n          "gains": '
+     '[2.000000' + ', 0.000000' * 19 + '],\n          "threshold": [1.000000' + ', 1.000000' * 19 +
+     ']\n        }]\n    }\n  }\n}\n'),
+    ("objects of classes",
+     '{"root": [{"classname": "AdaptiveAe"}, {"nr_reloc": false}]}',
+     ["EE_2.enable=true", "AF_3.enable=true", "AE_3.setPoint=5"],
+     '{"root": [{"classname": "AdaptiveAe", "setPoint": 5.000000}, {"nr_reloc": false, "driver": [{"class": "CEEv1", '
+     '"enable": 1}]}, {"classname": "Af", "enable": true}]}'),
+    ("an empty document",
+     '// mine\r\n{\r\n}\r\n',
+     ["AE_3.setPoint=40", "MISC.versionNumber=6.8.25.2"],
+     '// mine\r\n{\r\n  "version": {\r\n    "versionNumber": "6.8.25.2"\r\n  },\r\n  "tuning": {\r\n    "AE_3": {\r\n'
+     '      "setPoint": 40.000000\r\n    }\r\n  }\r\n}\r\n'),
+    ("sections, with the comments above them",
+     '# TM\r\n[TM]\r\nhttp.portControl=4\r\n[TM]\r\nhttp.portControl\t=5 ; port\r\nuart.portControl\r\nisStreamable =',
+     ["TM.http.portControl=6", "IPT.framerate=5.5", "TM.uart.portControl=x", "TM.isStreamable=true"],
+     '[IPT]\r\nframerate = 5.5\r\n\r\n# TM\r\n[TM]\r\nhttp.portControl=4\r\n[TM]\r\nhttp.portControl\t=6 ; port\r\n'
+     'uart.portControl = x\r\nisStreamable =true'),
+)
+
+
+def change_cases():
+    for what, before, settings, after in CASES:
+        name = "case.ini" if before.startswith("#") else "case.json"
+        write(name, before)
+        status, _, error = run("set", name, *settings)
+        if status != 0 or read(name) != after:
+            fail(f"{what}: {error}{read(name)}\n  instead of\n{after}")
+        for word, note in (("doubled", "AE_3.setPoint: setPoint stands there 2 times"),
+                           ("short", "lumaCurveX[3]: the list ended before item 3; items from 2 on")):
+            if (word in what) != (note in error):
+                fail(f"{what}: it said {error}")
+
+
+# What can't be set, and a word of the one line that says why.
+REFUSED = (
+    ("AE_3.setPont=1", "did you mean setPoint?"),
+    ("AE3.setPoint=1", "did you mean AE_3?"),
+    ("AE_3.setPoint", "PATH=VALUE"),
+    ("AE_3.setPoint=", "takes no"),
+    ("AE_3.setPoint=nan", "finite"),
+    ("AE_3.setPoint=null", "takes no null"),
+    ("2DNR_5_2.strength=256", "0..255 (uint8)"),
+    ("2DNR_5_2.strength=-1", "0..255"),
+    ("2DNR_5_2.strength=1.5", "takes no 1.5"),
+    ("2DNR_5_2.enable=ture", "did you mean true?"),
+    ("DMSC_2.dmscSkinCbThrMin=65536", "-32768..32767"),
+    ("2DNR_5_2.lumaCurveX=[1,2]", "takes 12 values, but the list has 2"),
+    ("2DNR_5_2.lumaCurveX=[1,", "takes no [1,"),
+    ("2DNR_5_2.lumaCurveX[12]=1", "12 is past the last"),
+    ("A2DNR_5_2.tables[2].strength[0]=1", "isn't in use: tables has 2 items"),
+    ("A2DNR_5_2=1", "is a record"),
+    ("A2DNR_5_2.tables=1", "is a list of records"),
+    ('A2DNR_5_2.tables=[' + ','.join(['{}'] * 21) + ']', "room for 20"),
+    ('AE_3={"setPont": 1}', "did you mean setPoint?"),
+    ("SS.driverName=" + "x" * 20, "at most 19 bytes"),
+    ("MISC.exportDate=2026", "no load takes this"),
+    ("ST.protocol=1", "no load takes this"),
+    ("sensor.BLS=[]", "would also change sensor.BNR[0]"),
+)
+
+
+def refuse():
+    sample = read(f"{samples}/imx477.json")
+    write("kept.json", sample)
+    for setting, word in REFUSED:
+        status, out, error = run("set", "kept.json", "AE_3.setPoint=1", setting)
+        if status != 1 or out or word not in error or error.count("\n") != 1:
+            fail(f"{setting}: {status} {out}{error}")
+    if read("kept.json") != sample:
+        fail("what is refused must change nothing")
+    write("bare.json", '{"sensor": {"CC": [{"name": "a"}]}}')
+    for name, setting, word in (("bare.json", "header.creator=x", '"header"'),
+                                ("b.bin", "AGE.enable=true", "an image doesn't carry it"),
+                                ("a.ini", "AE_3.setPoint=1", "an .ini file"),
+                                ("bare.json", "-ob.bin", "convert changes it"),
+                                (f"{samples}/imx477_calibration.txt", "CCM_1_1.enable=1", "calibration text")):
+        status, _, error = run("set", name, setting, "AE_3.setPoint=1")
+        if status != 1 or word not in error:
+            fail(f"{name}: {setting}: {status} {error}")
+    # A stream stays one, and a file that holds the values already isn't written.
+    os.chmod("kept.json", 0o444)
+    before = os.stat("kept.json").st_mtime_ns, os.stat("kept.json").st_ino
+    if run("set", "kept.json", "AE_3.setPoint=40.8")[0] != 0 or before != (
+            os.stat("kept.json").st_mtime_ns, os.stat("kept.json").st_ino):
+        fail("a file that holds the value already was written")
+    status, out, error = run("set", "-", "AE_3.setPoint=2", data=b'{"tuning": {"AE_3": {"setPoint": 1}}}')
+    if (status, out, error) != (0, '{"tuning": {"AE_3": {"setPoint": 2.000000}}}', ""):
+        fail(f"standard input: {status} {out} {error}")
+
+
+def explain():
+    texts = {
+        "base.json": '{"header": {"creator": "a", "sensor_name": "b"}, "tuning": {"AE_3": {"setPoint": 1, "tolerance": 2},\n'
+                     '"AGE": {"tables": [{"hdr": true}, {"hdr": false}]}, "2DNR_5_2": {"lumaCurveX": [1, 2, 3]}}}',
+        "mid.json": '{"tuning": {"AE_3": {"setPoint": 1,\n  "tolerance": 3}, "2DNR_5_2": {"lumaCurveX": [1, 5]},\n'
+                    '  "AGE": {"enable": true}}}',
+        "last.json": '{"header": {"creator": "c"}, "root": [{"classname": "AdaptiveAe", "setPoint": 6},\n'
+                     ' {"classname": "AdaptiveAe", "setPoint": 7},\n'
+                     ' {"nr_reloc": true}]}',
+        "last.ini": "[TM]\nhttp.portControl = 5\n[TM]\nhttp.portControl = 6\n",
+    }
+    for name, text in texts.items():
+        write(name, text)
+
+    def place(name, key):
+        """Line and column of the value behind a key, the last of its name."""
+        at = texts[name].rindex(f'"{key}": ') + len(key) + 4
+        return name, texts[name].count("\n", 0, at) + 1, at - texts[name].rfind("\n", 0, at)
+
+    run("convert", "base.json", "image.bin")
+    status, out, error = run("merge", "base.json", "mid.json", "last.json", "--explain", "--json", "-o", "all.json")
+    if status != 0:
+        return fail(f"merge: {error}")
+    told = json.loads(out)
+    fields = {field["path"]: field for field in told["fields"]}
+    places = {path: [(layer["file"], layer["line"], layer["column"]) for layer in field["layers"]]
+              for path, field in fields.items()}
+    values = {path: [layer["value"] for layer in field["layers"]] for path, field in fields.items()}
+    expected = {
+        "header.creator": [place("base.json", "creator"), place("last.json", "creator")],
+        "AE_3.setPoint": [place(name, "setPoint") for name in ("base.json", "mid.json", "last.json")],
+        "AE_3.tolerance": [place(name, "tolerance") for name in ("base.json", "mid.json")],
+        "2DNR_5_2.lumaCurveX": [place(name, "lumaCurveX") for name in ("base.json", "mid.json")],
+    }
+    if places != expected or values["AE_3.setPoint"] != [1, 1, 7] or values["header.creator"] != ["a", "c"]:
+        fail(f"merge tells {places} {values}")
+    if fields["AE_3.tolerance"]["winner"] != "mid.json" or [
+            layer["set"] for layer in fields["2DNR_5_2.lumaCurveX"]["layers"]] != [3, 2]:
+        fail(f"merge tells {fields}")
+    if told["replaced"] != [
+        {"path": "AGE.tables", "file": "mid.json", "line": None, "column": None, "offset": None,
+         "before": 2, "after": 0, "lost": None},
+        {"path": "calibration", "file": "last.json", "line": 1, "column": 24, "offset": None,
+         "before": None, "after": None, "lost": 1},
+    ]:
+        fail(f"merge tells {told['replaced']}")
+    for path, field in fields.items():  # who wins is who is found in the end
+        winner = next(layer for layer in field["layers"] if layer["file"] == field["winner"])
+        found = get("all.json", [path])[path]
+        if (found[:2] if path.endswith("lumaCurveX") else found) != (
+                winner["value"][:2] if path.endswith("lumaCurveX") else winner["value"]):
+            fail(f"merge: {path} is {found}, but {winner} wins")
+    status, out, error = run("merge", "image.bin", "last.ini", "--explain")
+    if status != 0 or not re.search(r"^TM.http.portControl\n +image.bin, offset \d+ +8080\n +last.ini:4:20 +6  wins$", out, re.M):
+        fail(f"merge of an image: {out}{error}")
+    for words in (["base.json"], ["base.json", "--json", "-o", "x.json"], ["-", "--explain", "-o", "x.json"]):
+        if run("merge", *words)[0] != 2:
+            fail(f"merge {words} is no usage")
 
 
 with tempfile.TemporaryDirectory() as folder:
@@ -213,4 +449,9 @@ with tempfile.TemporaryDirectory() as folder:
     os.chdir(folder)
     change_documents()
     bring_back()
+    change_image()
+    change_ini()
+    change_cases()
+    refuse()
+    explain()
 sys.exit(failures != 0)
