@@ -148,8 +148,8 @@ private:
     void printLine(const std::string& path, const std::string& text)
     {
         if (asJson_) {
-            std::printf("%s\n    {\"path\": %s, %s%s}", number_ == 0 ? "" : ",", jsonText(path).c_str(), text.c_str(),
-                        note_.empty() ? "" : (R"(, "note": )" + jsonText(note_)).c_str());
+            std::printf("%s\n    {\"path\": %s, %s, \"note\": %s}", number_ == 0 ? "" : ",", jsonText(path).c_str(),
+                        text.c_str(), jsonText(note_).c_str());
         } else {
             std::printf("%s  %s%s\n", path.c_str(), text.c_str(), note_.empty() ? "" : ("  (" + note_ + ')').c_str());
         }
@@ -197,8 +197,7 @@ private:
         std::string text;
         if (asJson_) {
             text = R"("elements": )" + std::to_string(difference.target.elements()) + R"(, "differ": )" +
-                   std::to_string(difference.number);
-            text += difference.by > 0 ? R"(, "most": ")" + most + R"(", "by": )" + by : R"(, "first": ")" + most + '"';
+                   std::to_string(difference.number) + R"(, "most": ")" + most + R"(", "by": )" + by;
         } else {
             text = std::to_string(difference.number) + " of " + std::to_string(difference.target.elements()) +
                    " differ, " + (difference.by > 0 ? "most " + most + " by " + by : "first " + most);

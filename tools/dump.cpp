@@ -241,13 +241,10 @@ private:
             R"({"offset": )" + std::to_string(stretch.begin) + R"(, "size": )" + std::to_string(stretch.size);
         text += byte == 0 ? "" : R"(, "byte": )" + std::to_string(byte);
         text += R"(, "bytes": ")" + hexOf(there, "") + '"';
-        if (!stretch.isPadding) {
-            text += R"(, "path": )" + jsonText(stretch.field.path) + R"(, "isInUse": )" +
-                    (stretch.isInUse ? "true" : "false");
-            text += isCut ? ""
-                          : R"(, "value": )" +
-                                rowText(stretch.field, session_.record(stretch.field.pCategory->category.pKey));
-        }
+        const bool isValue = !stretch.isPadding && !isCut;
+        text += R"(, "path": )" + (stretch.isPadding ? "null" : jsonText(stretch.field.path)) + R"(, "isInUse": )" +
+                (stretch.isInUse ? "true" : "false") + R"(, "value": )" +
+                (isValue ? rowText(stretch.field, session_.record(stretch.field.pCategory->category.pKey)) : "null");
         std::printf("%s%s}", byte != 0 ? "" : (printed_ == 0 ? "\n  " : ",\n  "), text.c_str());
     }
 
