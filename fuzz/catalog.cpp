@@ -2,6 +2,7 @@
 // a value. What is set can be got, nothing beside it changes, what is refused changes nothing, and where a path went
 // astray the members that are offered instead can be followed.
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 
@@ -93,6 +94,9 @@ void judgeValue(const QvDatabaseCatalogPlace_t& place, const std::string& value)
 /// The other kind of paths: what leads into a tree is made there once, and the tree stays one that can be written.
 void judgeTreePath(const std::string& path)
 {
+    if (std::count(path.begin(), path.end(), '/') > 500) {
+        return; // deeper than a document may be
+    }
     const Tree tree = parseJson(R"({"root": {"metadata": {"a": 1}, "list": [1]}, "text": "", "none": null})");
     QvJsonValue_t* pValue = nullptr;
     require(QvJsonPath(tree.get(), path.c_str(), &pValue) == 0 && pValue != nullptr, "a path gives a value", path);

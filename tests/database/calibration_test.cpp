@@ -186,7 +186,6 @@ TEST_F(Calibration, RawImagesFollowEachOtherInABuffer)
         EXPECT_TRUE(clb.isLoaded);
     }
     EXPECT_EQ(buffer.offset, 2 * 89736U);
-    EXPECT_EQ(QvDatabaseProtocolCalibrationBinary_parse(&buffer, nullptr), 13);
 }
 
 TEST_F(Calibration, TheSampleIsReportedAndSurvivesASaveOverAnotherOne)

@@ -186,8 +186,6 @@ TEST(Simulator, WhatNamesNoClassOfItsPlaceChangesNothing)
     EXPECT_EQ(changesOf(R"({"root": [{"nr_reloc": true}]})"), "MISC MD ");
     EXPECT_EQ(changesOf(R"({"root": [{"classname": null, "driver": [], "id": 4}]})"), "MD ");
     EXPECT_EQ(changesOf(R"({"root": [{"class": "C2dnrv5_1", "enable": 1}]})"), "MD ");
-    EXPECT_EQ(QvDatabaseProtocolSimulator_parse(0, parseJson("{}").get()), 13);
-    EXPECT_EQ(QvDatabaseProtocolSimulator_serialize(Database().handle(), nullptr), 13);
 }
 
 TEST(Simulator, LaterObjectsOverlayEarlierOnes)

@@ -39,10 +39,6 @@ TEST(Text, TheEndOfTheNameAloneChoosesTheForm)
         EXPECT_EQ(database.load(pName), 0);
     }
     std::filesystem::current_path(before);
-    EXPECT_EQ(QvDatabase_load(0, "n"), 13);
-    EXPECT_EQ(QvDatabase_load(database.handle(), nullptr), 13);
-    EXPECT_EQ(QvDatabase_save(0, "n"), 13);
-    EXPECT_EQ(QvDatabase_save(database.handle(), nullptr), 13);
 }
 
 TEST(Text, WhatCannotBeReadIsReportedWithItsPlaceAndTouchesNothing)
