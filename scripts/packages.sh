@@ -19,4 +19,4 @@ test_packages=("${build_packages[@]}" libgtest-dev rapidjson-dev python3 python3
 # The compiler of the sanitizer build and of the fuzz targets, and what packages are built with.
 test_packages+=(clang libclang-rt-14-dev)
 fuzz_packages=("${build_packages[@]}" clang libclang-rt-14-dev rapidjson-dev)
-debian_packages=("${build_packages[@]}" debhelper dpkg-dev doxygen fakeroot lintian)
+debian_packages=("${build_packages[@]}" debhelper dh-python dpkg-dev doxygen fakeroot lintian)
