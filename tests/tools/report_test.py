@@ -41,7 +41,7 @@ class Browser:
         self.driver = subprocess.Popen(["chromedriver", "--port=0"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                                        text=True)
         for line in self.driver.stdout:
-            if "on port" in line:
+            if "successfully on port" in line:
                 self.base = f"http://127.0.0.1:{line.rsplit('port', 1)[1].strip().strip('.')}"
                 break
         arguments = ["--headless=new", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage",
@@ -76,7 +76,7 @@ class Browser:
 def use_one(browser, file):
     browser.open(file)
     expect(browser.errors() == [], "a console without errors")
-    expect(browser.run("return document.querySelectorAll('figure svg').length") > 100, "pictures")
+    expect(browser.run("return document.querySelectorAll('figure svg').length") > 80, "pictures")
     unlabelled = browser.run("return [...document.querySelectorAll('figure svg')].filter(e => !e.getAttribute('aria-label')).length"
                              " + [...document.images].filter(e => !e.alt).length")
     expect(unlabelled == 0, "every picture has a text")
@@ -101,8 +101,9 @@ def use_one(browser, file):
                                     "--interpolate", "linear", "--json"], capture_output=True, text=True, check=True).stdout)
     expect(first.startswith("[0] 2.8"), f"the neighbouring points of gain 3: {first}")
     browser.run("interpolate.click()")
-    value = browser.run(strength).split(": ")[-1]
-    expect(value in json.dumps(at), f"between the points the page says {value}, qvdb at {json.dumps(at)}")
+    value = float(browser.run(strength).split(": ")[-1])
+    expected = at["schedules"][0]["lists"][0]["linear"]
+    expect(abs(value - expected) < 1e-3, f"between the points the page says {value}, qvdb at {expected}")
     browser.run("gain.value = 900; gain.dispatchEvent(new Event('input'))")
     expect(browser.run(strength) != first, "the slider changes the values")
     moved = browser.run("return document.querySelector('.cursor').getAttribute('transform')")

@@ -139,6 +139,7 @@ private:
                       bool isShort = false)
     {
         note(record, *field.pNode, *field.pNode);
+        pictures_.figures.insert(idOf(record + '.' + field.pNode->name));
         const std::string title = isShort ? field.pNode->name : field.path + (itemName_.empty() ? "" : ' ' + itemName_);
         return figureHead(idOf(record + '.' + field.pNode->name), attributes, field, title);
     }
