@@ -1,3 +1,6 @@
+/** @file
+ * The text of an initialization file, written a line at a time without sections and members.
+ */
 #ifndef QV_INITIALIZATION_TEXT_H
 #define QV_INITIALIZATION_TEXT_H
 

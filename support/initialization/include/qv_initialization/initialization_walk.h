@@ -1,3 +1,7 @@
+/** @file
+ * A walk over the text of an initialization file with positions, for programs that tell where something stands or change
+ * a text in place.
+ */
 #ifndef QV_INITIALIZATION_WALK_H
 #define QV_INITIALIZATION_WALK_H
 

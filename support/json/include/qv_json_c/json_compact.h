@@ -1,4 +1,4 @@
-/*
+/** @file
  * Compact trees: a list of nothing but numbers lies there as the numbers themselves, in two to eight bytes each, where a
  * value takes 32. That is for trees that are large and short-lived: read, looked through and deleted, or built, written
  * and deleted.

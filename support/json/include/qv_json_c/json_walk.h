@@ -1,4 +1,4 @@
-/*
+/** @file
  * A walk over a text with positions, for programs that tell where something stands, or change a text in place. The tree
  * keeps none of this.
  */
