@@ -46,7 +46,7 @@ class CatalogField(_Sized):
         ("size", c_size_t), ("name", c_char_p), ("key", c_char_p), ("depth", c_size_t), ("element", c_int),
         ("is_signed", c_bool), ("written", c_int), ("is_written_signed", c_bool), ("width", c_size_t),
         ("rank", c_size_t), ("extents", c_size_t * 3), ("offset", c_size_t), ("count", c_int), ("counter", c_char_p),
-        ("counter_offset", c_size_t), ("counter_width", c_size_t), ("direction", c_int), ("is_twin", c_bool),
+        ("counter_offset", c_size_t), ("counter_width", c_size_t), ("bound", c_char_p), ("direction", c_int), ("is_twin", c_bool),
         ("record", c_char_p), ("meaning", c_char_p), ("unit", c_char_p), ("minimum", c_double), ("maximum", c_double),
         ("value_number", c_size_t), ("role", c_int), ("other", c_char_p), ("role_rows", c_size_t),
         ("role_columns", c_size_t), ("internal", c_void_p * 2),

@@ -215,9 +215,10 @@ void saveAll(QvDatabaseHandle_t handle, const std::string& folder, const std::st
 {
     auto& setting = record<QvDatabaseSetting_t>(handle, "ST");
     setting.protocol = QvDatabaseSettingProtocol_Standard;
+    // First of all: the save of a text notes its time, which the image would hold.
+    need(QvDatabase_save(handle, (folder + "image" + number + ".bin").c_str()), "image");
     need(QvDatabase_save(handle, (folder + "tuning" + number + ".json").c_str()), "tuning");
     need(QvDatabase_save(handle, (folder + "section" + number + ".ini").c_str()), "section");
-    need(QvDatabase_save(handle, (folder + "image" + number + ".bin").c_str()), "image");
     need(QvDatabase_metaSave(handle, (folder + "meta" + number + ".json").c_str()), "meta");
     setting.protocol = QvDatabaseSettingProtocol_Simulator;
     need(QvDatabase_save(handle, (folder + "simulator" + number + ".json").c_str()), "simulator");
