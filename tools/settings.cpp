@@ -168,7 +168,8 @@ bool Settings::storeElement(const Target& element, NodeIndex value)
     if (QvDatabaseCatalog_find(document, (category.pKey + ('.' + route.path())).c_str(), &place) == 0) {
         status = node.type == QvJsonValueType_Null ? static_cast<int>(QvCommonError_Syntax)
                                                    : QvDatabaseCatalog_setText(&place, pRecord, text.c_str());
-        if (const std::string own = asMember(route.pLeaf->field, text); status == QvCommonError_Capacity && !own.empty()) {
+        if (const std::string own = asMember(route.pLeaf->field, text);
+            status == QvCommonError_Capacity && !own.empty()) {
             status = QvDatabaseCatalog_setText(&place, pRecord, own.c_str());
         }
     }

@@ -9,8 +9,6 @@ namespace qv::tools::page {
 namespace {
 
 // In units of the picture, ten to what is a pixel at its natural size.
-constexpr double kWidth = 3200;
-constexpr double kHeight = 1700;
 constexpr double kLeft = 420;
 constexpr double kRight = 3140;
 constexpr double kTop = 60;
