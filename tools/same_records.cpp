@@ -7,7 +7,7 @@ namespace {
 
 class Comparison {
 public:
-    Comparison(const void* pExpected, const void* pFound, bool asDocuments, Difference& difference)
+    Comparison(const void* pExpected, const void* pFound, bool asDocuments, FirstDifference& difference)
         : pExpected_(pExpected), pFound_(pFound), asDocuments_(asDocuments), difference_(difference)
     {
     }
@@ -73,13 +73,13 @@ private:
     const void* pExpected_;
     const void* pFound_;
     bool asDocuments_;
-    Difference& difference_;
+    FirstDifference& difference_;
 };
 
 } // namespace
 
 bool isSame(const PathTree& tree, const Session& expected, const Session& found, bool asDocuments,
-            Difference& difference)
+            FirstDifference& difference)
 {
     for (const QvDatabaseCatalogCategory_t& key : tree.keys()) {
         const void* pExpected = expected.record(key.pKey);
@@ -93,7 +93,7 @@ bool isSame(const PathTree& tree, const Session& expected, const Session& found,
     return true;
 }
 
-bool isSame(const Target& target, const Session& expected, const Session& found, Difference& difference)
+bool isSame(const Target& target, const Session& expected, const Session& found, FirstDifference& difference)
 {
     const char* pKey = target.pCategory->category.pKey;
     return Comparison(expected.record(pKey), found.record(pKey), false, difference).isSame(target);

@@ -121,7 +121,7 @@ private:
             error = "the changed file would not load; nothing is written";
             return false;
         }
-        Difference difference;
+        FirstDifference difference;
         for (const Change& change : settings_.changes()) {
             if (!isSame(change.target, wanted_, found, difference)) {
                 error = difference.path + ": a load would take " + difference.found +
