@@ -25,14 +25,17 @@ typedef enum QvInitializationWalkKind {
 
 /** One event of a walk. It and all that it points at belong to the walk and are good until the visitor returns. */
 typedef struct QvInitializationWalkEvent {
-    QvInitializationWalkKind_t kind;
+    QvInitializationWalkKind_t kind; /**< what stands there */
     /** Where it begins, as the reader's traces count: from 1, the column in bytes. */
-    size_t line, column;
+    size_t line;
+    size_t column; /**< see line */
     /** Bytes from the text's first one on. A Section: from '[' until behind ']'. A Member: its key, quotes included. A
      * Comment: from its mark on. A Fault: its place, and the end of its line. */
-    size_t begin, end;
+    size_t begin;
+    size_t end; /**< behind its last byte, see begin */
     /** Of a Member: the bytes of the value, quotes included; behind the '=' where it is empty. Else both are `end`. */
-    size_t valueBegin, valueEnd;
+    size_t valueBegin;
+    size_t valueEnd; /**< behind the last of them, see valueBegin */
     /** Of a Section its name, of a Member its key, without quotes and escapes. Of a Comment its text without the mark.
      * Of a Fault what is wrong, as "expected ']'". A zero byte follows. */
     const char* pText;

@@ -34,7 +34,7 @@ typedef enum QvJsonWalkKind {
 
 /** One event of a walk. It and all that it points at belong to the walk and are good until the visitor returns. */
 typedef struct QvJsonWalkEvent {
-    QvJsonWalkKind_t kind;
+    QvJsonWalkKind_t kind; /**< what stands there */
     /** Of a Value; Object or Array of a Begin and an End; Null of all others. */
     QvJsonValueType_t type;
     /** Number of containers around it. Those of an End are those of its Begin. */
@@ -45,7 +45,8 @@ typedef struct QvJsonWalkEvent {
     /** The bytes of the token, from the text's first byte on, quotes and comment signs included. Of a Fault: its place,
      * and the end of what is passed over, which may be nothing. Of an End whose bracket is missing: twice the place
      * where it was missed. */
-    size_t begin, end;
+    size_t begin;
+    size_t end; /**< behind its last byte, see begin */
     /** Of a Key or a text: its characters, escapes resolved, with a zero byte behind them. Of a Comment: its lines
      * without signs and blanks around them. Of a Fault: what is wrong, as "expected ',' or ']'". Else null. */
     const char* pText;
