@@ -20,7 +20,7 @@ install() {
     local root=$1 needed
     shift
     mkdir -p "$root"/var/lib/dpkg/{info,updates,triggers} "$root/tmp"
-    needed=(libc6 libgcc-s1 libstdc++6 gcc-12-base libcrypt1)
+    needed=(libc6 libgcc-s1 libstdc++6 gcc-12-base libcrypt1 libpng16-16 zlib1g)
     dpkg-query -s "${needed[@]}" >"$root/var/lib/dpkg/status"
     for name in "${needed[@]}"; do
         : >"$root/var/lib/dpkg/info/$name.list"
@@ -39,7 +39,9 @@ expect() {
 }
 
 root=$work/root
-install "$root" "$packages"/*.deb
+mapfile -t debs < <(printf '%s\n' "$packages"/*.deb | grep -v /python3-)
+install "$root" "${debs[@]}"
+dpkg -x "$packages"/python3-*.deb "$root" # its scripts compile modules, for which there is no Python in that root
 lib=$root/usr/lib/$triplet
 export PKG_CONFIG_LIBDIR=$lib/pkgconfig PKG_CONFIG_SYSROOT_DIR=$root
 export CPATH=$root/usr/include LIBRARY_PATH=$lib LD_LIBRARY_PATH=$lib
@@ -57,6 +59,10 @@ for name in qv_database_c qv_json_c qv_initialization qv_common_c; do
 done
 expect "" find "$lib" -name '*.so.0' -xtype l
 "$root/usr/bin/qvdb" info "$document" >/dev/null
+expect "40.8 (20, 20)" env PYTHONPATH="$root/usr/lib/python3/dist-packages" PYTHONDONTWRITEBYTECODE=1 /usr/bin/python3 -c "
+import qv_database as qv
+with qv.Database('$document') as db:
+    print(db['AE_3'].setPoint, db['A2DNR_5_2'].tables['sigma'].shape)"
 (cd "$root/usr/share/doc/qv-database-doc" && ls README.md docs/formats.md fields.html reference/index.html \
     examples/tune.c examples/documents/imx477.json >/dev/null)
 
@@ -130,7 +136,7 @@ Replaces: libqv-json-c0
 Description: stands in for the JSON library
 END
 dpkg-deb --build --root-owner-group "$site" "$work/site.deb" >/dev/null
-mapfile -t others < <(ls "$packages"/*.deb | grep -v 'libqv-json-c0')
+mapfile -t others < <(printf '%s\n' "${debs[@]}" | grep -v 'libqv-json-c0')
 install "$work/root2" "$work/site.deb" "${others[@]}"
 (install "$work/root3" "${others[@]}") >/dev/null && { echo "installs without its dependencies"; exit 1; }
 LD_LIBRARY_PATH=$work/root2/usr/lib/$triplet "$work/root2/usr/bin/qvdb" info "$document" >/dev/null
