@@ -130,7 +130,7 @@ std::string shellText(std::string_view text)
     return quoted + '\'';
 }
 
-/// A text in a specification of zsh, where brackets and colons end a part.
+/// A text in what zsh is told of an argument, where brackets and colons end a part.
 std::string zshText(std::string_view text)
 {
     std::string escaped;
@@ -175,11 +175,11 @@ std::string zshCommand(const Command& command)
         const std::vector<std::string> names = splitAt(pOption->pNames, ',');
         for (const std::string& name : names) {
             const std::string others = names.size() > 1 && !isRepeated ? '(' + joined(names, " ") + ')' : "";
-            std::string specification = (isRepeated ? "*" : others) + name + '[' + zshText(pOption->pMeaning) + ']';
+            std::string argument = (isRepeated ? "*" : others) + name + '[' + zshText(pOption->pMeaning) + ']';
             if (pOption->pValue != nullptr) {
-                specification += ':' + zshText(pOption->pValue) + ':' + zshAction(pOption->names, pOption->pChoices);
+                argument += ':' + zshText(pOption->pValue) + ':' + zshAction(pOption->names, pOption->pChoices);
             }
-            text += " \\\n            " + shellText(specification);
+            text += " \\\n            " + shellText(argument);
         }
     }
     text += " \\\n            '(-h --help)'{-h,--help}'[prints help]'";
