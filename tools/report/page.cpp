@@ -32,6 +32,7 @@ input[type=search], input[type=number] { font: inherit; color: inherit; backgrou
 .chips { display: flex; flex-wrap: wrap; gap: .25rem; margin: .4rem 0; padding: 0; list-style: none; }
 .chips li { padding: .05rem .5rem; border: 1px solid var(--line); border-radius: .8rem; background: var(--side); }
 .chips .set { border-color: var(--a); } .chips .absent { opacity: .75; border-style: dashed; background: none; }
+.findings { max-height: 18rem; overflow: auto; }
 .findings li { margin: .1rem 0; } .error { color: var(--bad); } .warning { color: var(--warn); }
 .flow, .category > .schedules, .category { display: grid; gap: .5rem .9rem;
   grid-template-columns: repeat(auto-fill, minmax(min(100%, 18.5rem), 1fr)); align-items: start; }

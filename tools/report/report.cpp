@@ -97,7 +97,7 @@ std::string findingsOf(const PathTree& tree, const Side& side, const page::Pictu
     }
     return rows.empty() ? ""
                         : "<h3>Findings in <code>" + escaped(side.input.shown()) +
-                              "</code></h3><ul class=\"findings\">" + rows + "</ul>";
+                              "</code></h3><ul class=\"findings\" tabindex=\"0\">" + rows + "</ul>";
 }
 
 /// The words for one difference: old and new, or the sum of a list.
