@@ -13,14 +13,17 @@
 namespace qv::tools {
 namespace {
 
-/// The library's own version is what the record of a fresh database holds.
-void checkVersion(const DocumentFields& fields, const Options& options, DocumentCheck& check)
+/// The library's own version is what the record of a fresh database holds. False where there can be none.
+bool checkVersion(const DocumentFields& fields, const Options& options, DocumentCheck& check)
 {
     const std::vector<NodeIndex> texts = check.versionTexts();
+    if (texts.empty()) {
+        return true;
+    }
     Tracing tracing(options);
     Session session(tracing);
-    if (texts.empty() || !session.open()) {
-        return;
+    if (!session.open()) {
+        return false;
     }
     for (const NodeIndex node : texts) {
         const Bound& bound = fields[node];
@@ -31,6 +34,7 @@ void checkVersion(const DocumentFields& fields, const Options& options, Document
                       "was saved by version " + std::string(fields.document().string(node)) + "; this is " + ours);
         }
     }
+    return true;
 }
 
 } // namespace
@@ -52,7 +56,9 @@ bool findFaults(const Input& input, const Options& options, const PathTree& tree
     const DocumentFields fields(document);
     DocumentCheck check(fields, tree, findings);
     check.run();
-    checkVersion(fields, options, check);
+    if (!checkVersion(fields, options, check)) {
+        return false;
+    }
     if (options.showsMissing) {
         check.findMissing();
     }

@@ -193,6 +193,19 @@ expect 0 "" "*saved kept.ini" "$qvdb" convert -f link.ini kept.ini
 refuse "nowhere/x.json: file not found (3)" "$qvdb" convert x.ini nowhere/x.json
 refuse "a_folder.json: is a folder (9)" "$qvdb" convert x.ini a_folder.json
 
+# A process that is short of memory says so: it ends by no signal, and nothing incomplete passes for a success. 127 is the
+# loader's own. Sanitizers have no place below such limits.
+if (ulimit -v 60000 && "$qvdb" --version) >out 2>&1; then
+    for limit in $(seq 8000 80 19000); do
+        for command in "check imx477.json" "convert -f imx477.json y.ini"; do
+            (ulimit -v "$limit" && exec "$qvdb" $command) >out 2>error # shellcheck disable=SC2086
+            found=$?
+            case $found,$(cat error) in 127,* | 0,"" | 0,loaded*saved* | [12],*memory* | [12],*arguments*) ;;
+            *) fail "$command below $limit kB: status $found and $(cat error)" ;; esac
+        done
+    done
+fi
+
 # The examples.
 expect 0 "ISP QVP1200L_V2407, document version 6.8.25.2${newline}2DNR strength 96, sigma 3.900${newline}saved with\
  strength 48 as changed.json" "*" "$tune" imx477.json changed.json
