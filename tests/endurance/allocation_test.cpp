@@ -24,6 +24,7 @@
 #include "database/test_support.h"
 #include "endurance/scarce_memory.h"
 #include "endurance/setting.h"
+#include "leave.h"
 
 using namespace qv::test;
 namespace fs = std::filesystem;
@@ -106,7 +107,7 @@ protected:
         const pid_t child = fork();
         if (child == 0) {
             attemptHere(operation, allowed, refuse, noted, pGood);
-            _exit(0);
+            leave(0);
         }
         int status = 0;
         ASSERT_EQ(waitpid(child, &status, 0), child);
