@@ -17,7 +17,6 @@
 #include <gtest/gtest.h>
 
 #include "database/test_support.h"
-#include "leave.h"
 
 using namespace qv::test;
 namespace fs = std::filesystem;
@@ -85,7 +84,7 @@ protected:
         if (child == 0) {
             const std::string text = work();
             const ssize_t written = ::write(ends[1], text.data(), text.size());
-            leave(written == static_cast<ssize_t>(text.size()) ? 0 : 1);
+            _exit(written == static_cast<ssize_t>(text.size()) ? 0 : 1);
         }
         ::close(ends[1]);
         std::string answer;
