@@ -97,6 +97,9 @@ TEST(CommonBufferQueue, CloseReleasesWhatIsLeftWhereThereIsAHandler)
         }
         QvCommonBuffer_t* pBuffer = nullptr;
         EXPECT_EQ(QvCommonBufferQueue_pushBack(hQueue, &pBuffer), 13);
+        EXPECT_EQ(QvCommonBufferQueue_pushBack(hQueue, nullptr), 13);
+        EXPECT_EQ(QvCommonBufferQueue_popFront(hQueue, nullptr), 13);
+        EXPECT_EQ(QvCommonBufferQueue_popFront(0, &pBuffer), 13);
         ASSERT_EQ(QvCommonBufferQueue_popFront(hQueue, &pBuffer), 0);
         EXPECT_EQ(pBuffer, &buffers[0]);
         EXPECT_EQ(QvCommonBufferQueue_length(hQueue), 2U);
