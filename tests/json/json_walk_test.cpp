@@ -285,12 +285,9 @@ std::string unmarked(std::string_view text)
     return result;
 }
 
-} // namespace
-
-TEST(Walk, TellsAllFaultsAndNoneThatComesOfAnother)
-{
-    constexpr std::string_view kTexts[] = {
-        R"({
+// Texts with what is told of each fault below it.
+constexpr std::string_view kTexts[] = {
+    R"({
   "comma": 1
   "colon" 2,
   ^ expected ',' or '}'
@@ -321,7 +318,7 @@ TEST(Walk, TellsAllFaultsAndNoneThatComesOfAnother)
 }
 ^ expected a key
 )",
-        R"({
+    R"({
   "whole": {
     "a": 1
   },
@@ -335,7 +332,7 @@ TEST(Walk, TellsAllFaultsAndNoneThatComesOfAnother)
 }
 ^ expected ',' or '}'; see line 5
 )",
-        R"({
+    R"({
   "whole": [{
       "a": 1
     }, {
@@ -365,7 +362,7 @@ TEST(Walk, TellsAllFaultsAndNoneThatComesOfAnother)
                                                          ^ expected ',' or '}'; see line 20
 }
 )",
-        R"({
+    R"({
   "whole": {
     "a": 1
   },
@@ -379,7 +376,7 @@ TEST(Walk, TellsAllFaultsAndNoneThatComesOfAnother)
   "d": 4
 }
 )",
-        R"({
+    R"({
   "list": [{
       "a": {
         "b": 1
@@ -395,8 +392,75 @@ TEST(Walk, TellsAllFaultsAndNoneThatComesOfAnother)
   "next": 1
 }
 )",
-    };
+    R"({
+  "item": [1, /x 2], "colon" /: 1, "comma": 2 / ,
+               ^ expected '/' or '*' of a comment
+                              ^ expected '/' or '*' of a comment
+                                               ^ expected '/' or '*' of a comment
+  "next": "a" #
+              ^ expected ',' or '}'
+}
+)",
+    R"(/ a
+ ^ expected '/' or '*' of a comment
+[1, 2] / b
+        ^ expected '/' or '*' of a comment
+)",
+    R"([
+  "lost": 1, "more": 2}, {"a": [3}, 4, "mistyped": [5}
+        ^ expected ',' or ']'; see line 1
+                                 ^ expected ',' or ']'; see line 2
+                                                 ^ expected ',' or ']'; see line 2
+^ expected ',' or ']'; see line 1
+)",
+};
+} // namespace
+
+TEST(Walk, TellsAllFaultsAndNoneThatComesOfAnother)
+{
     for (const std::string_view text : kTexts) {
         EXPECT_EQ(marked(unmarked(text)), text);
     }
+}
+
+TEST(Walk, EndsWithTheStatusOfItsVisitorAtAnyEvent)
+{
+    const Reader reader;
+    const auto visit = [](void* pLeft, const QvJsonWalkEvent_t*) { return --*static_cast<int*>(pLeft) == 0 ? 99 : 0; };
+    for (const std::string_view marks : kTexts) {
+        const std::string text = unmarked(marks);
+        const auto walk = [&](int* pLeft) {
+            return QvJsonReader_walk(reader.handle(), text.data(), text.data() + text.size(), visit, pLeft);
+        };
+        int uncounted = 0;
+        EXPECT_EQ(walk(&uncounted), 7);
+        for (int number = 1; number <= -uncounted; ++number) {
+            int left = number;
+            ASSERT_EQ(walk(&left), 99) << text;
+            ASSERT_EQ(left, 0) << text;
+        }
+    }
+}
+
+TEST(Walk, BadArgumentsAreRefused)
+{
+    const Reader reader;
+    const auto visit = [](void*, const QvJsonWalkEvent_t*) { return 99; };
+    const char text[] = "{},\n 1";
+    const char* pEnd = text + 6;
+    EXPECT_EQ(QvJsonReader_walk(0, text, pEnd, visit, nullptr), 13);
+    EXPECT_EQ(QvJsonReader_walk(reader.handle(), nullptr, pEnd, visit, nullptr), 13);
+    EXPECT_EQ(QvJsonReader_walk(reader.handle(), text, nullptr, visit, nullptr), 13);
+    EXPECT_EQ(QvJsonReader_walk(reader.handle(), pEnd, text, visit, nullptr), 13);
+    EXPECT_EQ(QvJsonReader_walk(reader.handle(), text, pEnd, nullptr, nullptr), 13);
+    size_t place = 7;
+    EXPECT_EQ(QvJsonReader_place(nullptr, pEnd, 0, &place, &place), 13);
+    EXPECT_EQ(QvJsonReader_place(text, nullptr, 0, &place, &place), 13);
+    EXPECT_EQ(QvJsonReader_place(pEnd, text, 0, &place, &place), 13);
+    EXPECT_EQ(QvJsonReader_place(text, pEnd, 7, &place, &place), 13);
+    EXPECT_EQ(place, 7U);
+    EXPECT_EQ(QvJsonReader_place(text, pEnd, 5, nullptr, &place), 0);
+    EXPECT_EQ(place, 2U);
+    EXPECT_EQ(QvJsonReader_place(text, text, 0, &place, nullptr), 0);
+    EXPECT_EQ(place, 1U);
 }
