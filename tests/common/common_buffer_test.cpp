@@ -182,20 +182,6 @@ TEST_F(CommonBuffer, SaveKeepsModeOfAnOldFileAndObeysUmaskForANewOne)
     umask(before);
 }
 
-TEST_F(CommonBuffer, SaveReplacesWhatALinkLeadsToAndKeepsTheLink)
-{
-    fs::create_directory(folder_ / "real");
-    fs::create_symlink("real/file", folder_ / "inner");
-    fs::create_symlink(folder_ / "inner", folder_ / "outer");
-    for (const char* pContent : {"made", "replaced"}) { // the links lead nowhere at first
-        EXPECT_EQ(save(folder_ / "outer", pContent), 0);
-        EXPECT_TRUE(fs::is_symlink(folder_ / "outer") && fs::is_symlink(folder_ / "inner"));
-        EXPECT_EQ(contentOf(folder_ / "real/file"), pContent);
-    }
-    fs::create_symlink("loop", folder_ / "loop");
-    EXPECT_EQ(save(folder_ / "loop", "x"), 3);
-}
-
 TEST_F(CommonBuffer, FailedSaveLeavesTheOldFileAndNothingElse)
 {
     const fs::path path = folder_ / "file";

@@ -187,6 +187,11 @@ TEST(CommonTracer, BadArgumentsAreRefused)
     param.level = static_cast<QvCommonTracerLevel_t>(QvCommonTracerLevel_Sum + 1);
     EXPECT_EQ(QvCommonTracer_open(&param, &handle), 13);
     EXPECT_EQ(QvCommonTracer_close(&handle), 13);
+    Lines lines;
+    handle = open(QvCommonTracerLevel_Error, &lines);
+    trace(handle, param.level, "what is no level comes as an error");
+    EXPECT_EQ(lines, (Lines{{3, "error: what is no level comes as an error"}}));
+    EXPECT_EQ(QvCommonTracer_close(&handle), 0);
 }
 
 TEST(CommonLogger, MessageGoesToItsLogOrElseToTheTracer)

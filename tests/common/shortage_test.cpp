@@ -1,13 +1,11 @@
 // Memory that runs out, at each allocation of each operation in turn: the outcome is a status, the process goes on, and
 // nothing is lost on the way.
 #include <cstdlib>
-#include <cstring>
 #include <functional>
 #include <string>
 
 #include <gtest/gtest.h>
 
-#include "common/files.h"
 #include "common/through.h"
 #include "endurance/scarce_memory.h"
 
@@ -56,9 +54,6 @@ protected:
         testing::internal::CaptureStderr();
         return traces;
     }
-
-    ScratchFolder folder_;
-    const std::filesystem::path file_ = folder_ / "file";
 };
 
 TEST_F(Shortage, JsonGivesAStatus)
@@ -68,10 +63,10 @@ TEST_F(Shortage, JsonGivesAStatus)
         text += ", \"key" + std::to_string(key) + "\": \"text\" // behind\n";
     }
     text += "} // root\n";
-    runShort("json", [&] { return throughJson(text, file_.c_str()); });
+    runShort("json", [&] { return throughJson(text); });
     text += '?';
     runShort(
-        "broken json", [&] { return throughJson(text, file_.c_str()); }, QvCommonError_Syntax);
+        "broken json", [&] { return throughJson(text); }, QvCommonError_Syntax);
 }
 
 TEST_F(Shortage, WhereThereIsNoValueToGiveItStaysEmpty)
@@ -139,31 +134,6 @@ TEST_F(Shortage, CommonGivesAStatus)
     });
     EXPECT_EQ(walk.status, 0); // what was taken out can be put back
     EXPECT_EQ(QvCommonDQueue_close(&queue), 0);
-    runShort("buffer", [this] {
-        QvCommonBuffer_t* pBuffer = nullptr;
-        char text[] = "text";
-        const auto save = [&] {
-            *pBuffer = {&text[0], 0, 4, nullptr, false};
-            return QvCommonBuffer_save2(pBuffer, file_.c_str(), 0);
-        };
-        const int status = inTurn([&] { return QvCommonBuffer_create(&pBuffer); }, save,
-                                  [&] { return QvCommonBuffer_load2(file_.c_str(), 0, 0, pBuffer); });
-        QvCommonBuffer_delete(&pBuffer);
-        return status;
-    });
-}
-
-TEST_F(Shortage, AFailedSaveLeavesTheOldFile)
-{
-    ASSERT_EQ(throughJson("1", file_.c_str()), 0);
-    runShort("save over an old file", [this] {
-        std::filesystem::resize_file(file_, 5);
-        char text[] = "new";
-        QvCommonBuffer_t buffer = {&text[0], 0, 3, nullptr, false};
-        const int status = QvCommonBuffer_save2(&buffer, file_.c_str(), 0);
-        return std::filesystem::file_size(file_) == (status == 0 ? 3U : 5U) ? status : QvCommonError_Failure;
-    });
-    EXPECT_EQ(folder_.files(), 1);
 }
 
 TEST_F(Shortage, TracesGoOn)

@@ -21,34 +21,27 @@ int inTurn(const Steps&... steps)
     return status;
 }
 
-/// Read, searched and written; where there is a file name also saved and loaded.
-inline int throughJson(const std::string& text, const char* pFilename = nullptr)
+/// Read, searched and written.
+inline int throughJson(const std::string& text)
 {
     QvJsonReaderHandle_t reader = 0;
     QvJsonWriterHandle_t writer = 0;
     QvJsonValue_t* pRoot = nullptr;
     char* pText = nullptr;
     const auto search = [&] {
-        if (pRoot->type != QvJsonValueType_Object) {
-            return 0;
-        }
-        // From the last to the first: never the one that is looked for next.
         bool isFound = true;
-        for (size_t place = pRoot->holder.pObject->number; place-- > 0;) {
-            isFound = isFound && QvJsonValue_member2(pRoot, pRoot->holder.pObject->pPairs[place].pKey) != nullptr;
+        if (pRoot->type == QvJsonValueType_Object) {
+            // From the last to the first: never the one that is looked for next.
+            for (size_t place = pRoot->holder.pObject->number; place-- > 0;) {
+                isFound = isFound && QvJsonValue_member2(pRoot, pRoot->holder.pObject->pPairs[place].pKey) != nullptr;
+            }
         }
         return isFound ? 0 : -1;
-    };
-    const auto saveAndLoad = [&] {
-        const int status = QvJsonWriter_save(writer, pRoot, pFilename);
-        QvJsonValue_delete(&pRoot);
-        return status == 0 ? QvJsonReader_load(reader, pFilename, &pRoot) : status;
     };
     const int status =
         inTurn([&] { return QvJsonReader_open(&reader); }, [&] { return QvJsonWriter_open(nullptr, &writer); },
                [&] { return QvJsonReader_parse(reader, text.data(), text.data() + text.size(), &pRoot); }, search,
-               [&] { return QvJsonWriter_stringify(writer, pRoot, &pText); },
-               [&] { return pFilename != nullptr ? saveAndLoad() : 0; });
+               [&] { return QvJsonWriter_stringify(writer, pRoot, &pText); });
     std::free(pText);
     QvJsonValue_delete(&pRoot);
     QvJsonWriter_close(&writer);
