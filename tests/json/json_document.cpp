@@ -27,6 +27,15 @@ std::string numbered(const char* pName, int number)
     return text.append(std::to_string(number));
 }
 
+std::string listOf(int first, int number)
+{
+    std::string text = numbered("[", first);
+    for (int value = first + 1; value < first + number; ++value) {
+        text += numbered(", ", value);
+    }
+    return text + "]";
+}
+
 Tree make(QvJsonValueType_t type)
 {
     QvJsonValue_t* pValue = nullptr;

@@ -17,6 +17,9 @@ using Tree = std::unique_ptr<QvJsonValue_t, TreeDeleter>;
 // A name and a number behind it.
 std::string numbered(const char* pName, int number);
 
+// A list of so many numbers from the first on.
+std::string listOf(int first, int number);
+
 // A new value of the type.
 Tree make(QvJsonValueType_t type);
 

@@ -104,6 +104,12 @@ TEST(JsonWriter, FloatsAreWhatPrintfWrites)
             add(std::ldexp(static_cast<double>(static_cast<int64_t>(random())), -static_cast<int>(random() % 110)));
             add(static_cast<double>(random() % 2000001) / 128 - 7812.5);
             add(static_cast<float>(static_cast<int64_t>(random() % 8000001) - 4000000) / 1e6F);
+            // What lies beside a tie of six decimals, of any size.
+            const double tie =
+                (static_cast<double>(static_cast<int64_t>(random()) >> (20 + random() % 44)) + 0.5) / 1e6;
+            add(tie);
+            add(std::nextafter(tie, 0.0));
+            add(std::nextafter(tie, 1e300));
         }
         for (const double value :
              {0.0, -0.0, 0.9999995, 0.99999949999999995, 999999.9999995, 0x1p43, 0x1p43 - 0.0009765625, 0x1p53,
@@ -171,24 +177,8 @@ TEST(JsonWriter, CommentsAreWrittenBack)
     EXPECT_STREQ(QvJsonValue_member(again.get(), "c")->pComment, "from\n*/ a\nprogram");
 }
 
-TEST(JsonWriter, TextsWithCommentsDontChangeAnyMore)
+TEST(JsonWriter, CommentsThatNoReaderHasMadeSettleWithTheFirstWriting)
 {
-    std::mt19937 random(77);
-    const Reader reader;
-    size_t accepted = 0;
-    const Traces traces;
-    for (int round = 0; round < 5000; ++round) {
-        const std::string text = layOut(random);
-        Tree first;
-        if (reader.parse(Exact(text), &first) == 0) {
-            const std::string written = write(first.get());
-            ASSERT_EQ(write(read(written).get()), written) << text;
-            ++accepted;
-        }
-    }
-    EXPECT_GT(accepted, 2000U);
-
-    // Comments that no reader has made.
     for (const char* pComment : {"", "\n", " a ", "a\n", "\na", "a\n\n\tb\r\n", "\r", "a\rb", "\v", "*/", "\xFF "}) {
         const Tree root = read("[[], {\"a\": 1}]");
         for (QvJsonValue_t* pValue : {root.get(), QvJsonValue_item(root.get(), 0), QvJsonValue_item(root.get(), 1),
