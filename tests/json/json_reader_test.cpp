@@ -89,7 +89,8 @@ TEST(JsonReader, NumbersKeepWhatTheyAre)
         {"9007199254740993.0", kFloat, 0, 9007199254740992.0}, // a tie, to even
         {"0.30000000000000004", kFloat, 0, 0.30000000000000004},
         {"1e999", kFloat, 0, DBL_MAX},
-        {"-1e+99999999999999999999", kFloat, 0, -DBL_MAX},
+        {"-1e99999999999999999999", kFloat, 0, -DBL_MAX},
+        {"0.01e+999", kFloat, 0, DBL_MAX},
         {"0.000e999", kFloat, 0, 0},
         {"1e9223372036854775807", kFloat, 0, DBL_MAX},
         {"1e-999", kFloat, 0, 0},

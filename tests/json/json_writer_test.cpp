@@ -98,7 +98,7 @@ TEST(JsonWriter, FloatsAreWhatPrintfWrites)
                 expected += (expected.empty() ? "[" : ", ") + printed(value, decimals);
             }
         };
-        for (int index = 0; index < 15000; ++index) {
+        for (int index = 0; index < 8000; ++index) {
             add(std::bit_cast<double>(random()));
             // Magnitudes around those of documents and of the limits, and exact ties.
             add(std::ldexp(static_cast<double>(static_cast<int64_t>(random())), -static_cast<int>(random() % 110)));
