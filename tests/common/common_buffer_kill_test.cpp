@@ -9,6 +9,7 @@
 #include <cstdarg>
 #include <fcntl.h>
 #include <functional>
+#include <iterator>
 #include <string>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -140,12 +141,9 @@ TEST_P(CommonBufferKill, WhatAKilledSaveLeavesGoesWithTheNext)
     // Several at once: each found its predecessors at work. Some names become free.
     for (const std::array<int, 3> signals :
          {std::array{SIGKILL, SIGCONT, SIGKILL}, std::array{SIGCONT, SIGCONT, SIGKILL}}) {
-        std::vector<pid_t> children;
-        for (int number = 0; number < 3; ++number) {
-            children.push_back(stopInChild("never"));
-        }
+        const pid_t children[] = {stopInChild("never"), stopInChild("never"), stopInChild("never")};
         EXPECT_EQ(files(), 4);
-        for (size_t number = 0; number < children.size(); ++number) {
+        for (size_t number = 0; number < std::size(children); ++number) {
             kill(children[number], signals[number]);
             waitFor(children[number]);
         }

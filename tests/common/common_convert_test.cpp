@@ -90,7 +90,9 @@ TEST(CommonTime, TimestampStaysWithinItsRoom)
     QvCommonTime_timestamp(text.data(), 5); // cut
     EXPECT_EQ(text.substr(4), '\0' + std::string(19, '#'));
     EXPECT_EQ(QvCommonTime_timestamp(nullptr, 20), nullptr);
+    text.assign(24, '#');
     EXPECT_EQ(QvCommonTime_timestamp(text.data(), 0), text.data());
+    EXPECT_EQ(text, std::string(24, '#'));
 }
 
 TEST(CommonError, NumberBeyondTheTextsIsUnknown)

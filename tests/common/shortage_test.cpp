@@ -50,7 +50,7 @@ protected:
     void TearDown() override { testing::internal::GetCapturedStderr(); }
     std::string takeTraces()
     {
-        const std::string traces = testing::internal::GetCapturedStderr();
+        std::string traces = testing::internal::GetCapturedStderr();
         testing::internal::CaptureStderr();
         return traces;
     }

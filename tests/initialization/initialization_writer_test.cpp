@@ -121,7 +121,7 @@ TEST(InitializationWriter, EveryTextSurvivesAsHeaderKeyAndValue)
     EXPECT_EQ(textOf({{"a"}, {"b"}}), writeText({{"a"}, {"b"}}));
     for (const std::string& text : texts) {
         // The key stands at the very start of the file, where a byte order mark would be skipped.
-        const std::vector<Section> sections = {{{}, {{text, text}, {text}}}, {text, {{text, ""}}}};
+        const std::vector<Section> sections = {{{}, {{text, text}, {text}, {"k", text}}}, {text, {{text, ""}}}};
         const std::string written = writeText(sections);
         const ReadResult result = readText(written);
         ASSERT_EQ(result.status, 0) << written;
