@@ -8,8 +8,6 @@
 #include <csignal>
 #include <cstdarg>
 #include <fcntl.h>
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <iterator>
 #include <string>
@@ -21,9 +19,11 @@
 
 #include <gtest/gtest.h>
 
+#include "common/files.h"
+
 namespace {
 
-namespace fs = std::filesystem;
+using namespace qv::test;
 
 void pass() {}
 
@@ -88,31 +88,16 @@ namespace {
 
 class CommonBufferKill : public testing::TestWithParam<Offer> {
 protected:
-    CommonBufferKill()
-    {
-        offer = GetParam();
-        std::string name = fs::temp_directory_path() / "qv_kill.XXXXXX";
-        folder_ = mkdtemp(name.data());
-        // As long as a name may be.
-        file_ = folder_ / std::string(255, 'f');
-    }
-    ~CommonBufferKill() override
-    {
-        offer = Offer::All;
-        fs::remove_all(folder_);
-    }
+    CommonBufferKill() { offer = GetParam(); }
+    ~CommonBufferKill() override { offer = Offer::All; }
 
     int save(std::string content) const
     {
         QvCommonBuffer_t buffer = {content.data(), 0, content.size(), nullptr, false};
         return QvCommonBuffer_save2(&buffer, file_.c_str(), 0);
     }
-    std::string read() const
-    {
-        std::ifstream file(file_, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    }
-    long files() const { return std::distance(fs::directory_iterator(folder_), fs::directory_iterator()); }
+    std::string read() const { return contentOf(file_); }
+    long files() const { return folder_.files(); }
 
     // A child process that saves after some preparation. Its exit status is that of the save.
     pid_t saveInChild(const char* pContent, const std::function<void()>& prepare) const
@@ -124,6 +109,13 @@ protected:
         }
         return child;
     }
+    // One that stands still with all written, in front of the rename.
+    pid_t stopInChild(const char* pContent) const
+    {
+        const pid_t child = saveInChild(pContent, [] { atRename = [] { raise(SIGSTOP); }; });
+        EXPECT_EQ(waitpid(child, nullptr, WUNTRACED), child);
+        return child;
+    }
     static int waitFor(pid_t child)
     {
         int status = 0;
@@ -131,8 +123,8 @@ protected:
         return status;
     }
 
-    fs::path folder_;
-    fs::path file_;
+    ScratchFolder folder_;
+    std::filesystem::path file_ = folder_ / std::string(255, 'f'); // as long as a name may be
 };
 
 TEST_P(CommonBufferKill, WhatAKilledSaveLeavesGoesWithTheNext)
@@ -149,13 +141,9 @@ TEST_P(CommonBufferKill, WhatAKilledSaveLeavesGoesWithTheNext)
     // Several at once: each found its predecessors at work. Some names become free.
     for (const std::array<int, 3> signals :
          {std::array{SIGKILL, SIGCONT, SIGKILL}, std::array{SIGCONT, SIGCONT, SIGKILL}}) {
-        std::vector<pid_t> children;
-        for (int number = 0; number < 3; ++number) {
-            children.push_back(saveInChild("never", [] { atRename = [] { raise(SIGSTOP); }; }));
-            ASSERT_EQ(waitpid(children.back(), nullptr, WUNTRACED), children.back());
-        }
+        const pid_t children[] = {stopInChild("never"), stopInChild("never"), stopInChild("never")};
         EXPECT_EQ(files(), 4);
-        for (size_t number = 0; number < children.size(); ++number) {
+        for (size_t number = 0; number < std::size(children); ++number) {
             kill(children[number], signals[number]);
             waitFor(children[number]);
         }
@@ -178,8 +166,7 @@ TEST_P(CommonBufferKill, AFileGetsItsNameLateWhereItCan)
 TEST_P(CommonBufferKill, ASaveThatIsStillAtWorkIsLeftAlone)
 {
     ASSERT_EQ(save("old"), 0);
-    const pid_t child = saveInChild("late", [] { atRename = [] { raise(SIGSTOP); }; });
-    ASSERT_EQ(waitpid(child, nullptr, WUNTRACED), child);
+    const pid_t child = stopInChild("late");
     EXPECT_EQ(save("new"), 0);
     EXPECT_EQ(read(), "new");
     EXPECT_EQ(files(), 2);

@@ -40,6 +40,8 @@ TEST(CommonConvert, StoresAndReadsEveryWidthAtItsIndexAlone)
         EXPECT_EQ(std::memcmp(bytes, untouched, 1 + 2 * width), 0) << one.stride;
         EXPECT_EQ(std::memcmp(pData + 3 * width, untouched, sizeof(bytes) - 1 - 3 * width), 0) << one.stride;
     }
+    QvCommonConvert_integer2Binary(nullptr, 1, 0, 1);
+    EXPECT_EQ(QvCommonConvert_integer2Binary_(true, nullptr, 1, 0), 0);
 }
 
 TEST(CommonStdlib, NumbersAreReadAsFarAsTheyGo)
@@ -50,7 +52,8 @@ TEST(CommonStdlib, NumbersAreReadAsFarAsTheyGo)
     EXPECT_EQ(QvCommonStdlib_strtol("  -12.000", &pEnd, 10), -12);
     EXPECT_STREQ(pEnd, ".000");
     EXPECT_EQ(QvCommonStdlib_strtol("99999999999999999999", nullptr, 10), LONG_MAX);
-    EXPECT_EQ(QvCommonStdlib_strtol(nullptr, nullptr, 10), 0);
+    EXPECT_EQ(QvCommonStdlib_strtol(nullptr, &pEnd, 10), 0);
+    EXPECT_EQ(pEnd, nullptr);
     EXPECT_EQ(QvCommonStdlib_strtof(nullptr, nullptr), 0.0F);
 }
 
@@ -64,12 +67,14 @@ TEST(CommonString, EqualMeansTheWholeText)
     EXPECT_FALSE(QvCommonString_equal("@", "`", false)); // neighbours of the letters
     EXPECT_FALSE(QvCommonString_equal("[", "{", false));
     EXPECT_FALSE(QvCommonString_equal(nullptr, "", true));
+    EXPECT_FALSE(QvCommonString_equal("", nullptr, true));
     EXPECT_TRUE(QvCommonString_equal(nullptr, nullptr, false));
 
     EXPECT_TRUE(QvCommonArgument_match("paths[0].format", "paths[0].format"));
     EXPECT_FALSE(QvCommonArgument_match("paths[0].formatExt", "paths[0].format"));
     EXPECT_FALSE(QvCommonArgument_match("Paths[0].format", "paths[0].format"));
     EXPECT_FALSE(QvCommonArgument_match(nullptr, nullptr));
+    EXPECT_FALSE(QvCommonArgument_match("", nullptr));
 }
 
 TEST(CommonTime, TimestampStaysWithinItsRoom)
@@ -85,6 +90,9 @@ TEST(CommonTime, TimestampStaysWithinItsRoom)
     QvCommonTime_timestamp(text.data(), 5); // cut
     EXPECT_EQ(text.substr(4), '\0' + std::string(19, '#'));
     EXPECT_EQ(QvCommonTime_timestamp(nullptr, 20), nullptr);
+    text.assign(24, '#');
+    EXPECT_EQ(QvCommonTime_timestamp(text.data(), 0), text.data());
+    EXPECT_EQ(text, std::string(24, '#'));
 }
 
 TEST(CommonError, NumberBeyondTheTextsIsUnknown)

@@ -32,6 +32,14 @@ protected:
         pSlot->pObject = pObject;
         return QvCommonMap_add(hMap_, pKey, &pSlot);
     }
+    // The object, null where there is none: that slot can be read as well.
+    void* get(const std::string& key)
+    {
+        QvCommonMapSlot_t* pSlot = nullptr;
+        const int status = QvCommonMap_get(hMap_, key.c_str(), &pSlot);
+        EXPECT_EQ(status, pSlot->pObject != nullptr ? 0 : 8) << key;
+        return pSlot->pObject;
+    }
 
     QvCommonMapOpenParam_t param_ = {releaseAndFailFirst};
     QvCommonMapHandle_t hMap_ = 0;
@@ -55,47 +63,48 @@ TEST_F(CommonMap, SecondAddOfAKeyReplacesAndReleasesTheFirstAtOnce)
     EXPECT_EQ(pSlot->pObject, &objects_[1]);
 }
 
-// Keys of up to 16 characters are looked up in another way than longer ones.
+// Keys of up to 16 characters are looked up in another way than longer ones; the table grows on the way.
 TEST_F(CommonMap, KeysOfEveryLengthAreTold)
 {
     std::vector<std::string> keys;
-    for (std::size_t length = 0; length <= 40; ++length) {
+    for (std::size_t length = 0; length <= 100; ++length) {
         keys.push_back(std::string(length, 'k')); // each is the begin of the next
         keys.push_back(std::string(length, 'k') + "e");
         keys.push_back("\xE4" + std::string(length, '\xFF'));
     }
     std::vector<int> places(keys.size());
-    for (std::size_t half = 0; half < 2; ++half) {
+    for (std::size_t half = 0; half < 3; ++half) {
         for (std::size_t i = 0; i < keys.size(); ++i) {
-            QvCommonMapSlot_t* pSlot = nullptr;
-            const bool isThere = i % 2 < half;
-            ASSERT_EQ(QvCommonMap_get(hMap_, keys[i].c_str(), &pSlot), isThere ? 0 : 8) << keys[i];
-            ASSERT_EQ(pSlot->pObject, isThere ? &places[i] : nullptr);
+            ASSERT_EQ(get(keys[i]), i % 2 < half ? &places[i] : nullptr) << keys[i];
         }
-        for (std::size_t i = half; i < keys.size(); i += 2) {
+        for (std::size_t i = half; i < keys.size() && half < 2; i += 2) {
             ASSERT_EQ(add(keys[i].c_str(), &places[i]), 0);
         }
     }
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        QvCommonMapSlot_t* pSlot = nullptr;
-        ASSERT_EQ(QvCommonMap_get(hMap_, keys[i].c_str(), &pSlot), 0) << keys[i];
-        ASSERT_EQ(pSlot->pObject, &places[i]);
+    for (const char* pKey : {"KK", "k ", " "}) {
+        EXPECT_EQ(get(pKey), nullptr);
     }
     EXPECT_TRUE(released.empty());
 }
 
-TEST_F(CommonMap, MissLeadsToASlotThatCanBeRead)
+TEST_F(CommonMap, BadArgumentsAreRefused)
 {
-    ASSERT_EQ(add("HTG", &objects_[0]), 0);
-    for (const char* pKey : {"htg", "HT", "HTG ", ""}) {
-        QvCommonMapSlot_t* pSlot = nullptr;
-        EXPECT_EQ(QvCommonMap_get(hMap_, pKey, &pSlot), 8) << pKey;
-        ASSERT_NE(pSlot, nullptr);
-        EXPECT_EQ(pSlot->pObject, nullptr);
-    }
-    QvCommonMapSlot_t* pSlot = nullptr;
-    EXPECT_EQ(QvCommonMap_add(hMap_, "none", &pSlot), 13);
+    QvCommonMapSlot_t* pNone = nullptr;
+    QvCommonMapSlot_t slot = {&objects_[0]};
+    QvCommonMapSlot_t* pSlot = &slot;
+    QvCommonMapHandle_t hNew = 0;
+    EXPECT_EQ(QvCommonMap_open(nullptr, &hNew), 13);
+    EXPECT_EQ(QvCommonMap_open(&param_, nullptr), 13);
     EXPECT_EQ(QvCommonMap_open(&param_, &hMap_), 13); // the variable isn't clear
+    EXPECT_EQ(QvCommonMap_add(0, "key", &pSlot), 13);
+    EXPECT_EQ(QvCommonMap_add(hMap_, nullptr, &pSlot), 13);
+    EXPECT_EQ(QvCommonMap_add(hMap_, "key", nullptr), 13);
+    EXPECT_EQ(QvCommonMap_add(hMap_, "key", &pNone), 13);
+    EXPECT_EQ(QvCommonMap_get(0, "key", &pSlot), 13);
+    EXPECT_EQ(QvCommonMap_get(hMap_, nullptr, &pSlot), 13);
+    EXPECT_EQ(QvCommonMap_get(hMap_, "key", nullptr), 13);
+    EXPECT_EQ(QvCommonMap_close(nullptr), 13);
+    EXPECT_EQ(get("key"), nullptr);
 }
 
 TEST_F(CommonMap, CloseReleasesEverythingThoughAReleaseFails)

@@ -29,9 +29,9 @@ int keepMessage(void* pUserData, const char* pText, size_t length)
     return 7;
 }
 
-QvCommonTracerHandle_t open(QvCommonTracerLevel_t level, Lines* pLines)
+QvCommonTracerHandle_t open(QvCommonTracerLevel_t level, Lines* pLines, FILE* pStream = nullptr)
 {
-    QvCommonTracerOpenParam_t param = {level, nullptr, keepLine, pLines};
+    QvCommonTracerOpenParam_t param = {level, pStream, pLines != nullptr ? keepLine : nullptr, pLines};
     QvCommonTracerHandle_t handle = 0;
     EXPECT_EQ(QvCommonTracer_open(&param, &handle), 0);
     EXPECT_EQ(QvCommonTracer_open(&param, &handle), 13); // the variable isn't clear
@@ -116,10 +116,7 @@ TEST(CommonTracer, LinesOfThreadsNeverMixAndAreOneWriteEach)
     ASSERT_EQ(pipe2(ends, O_DIRECT), 0);
     FILE* pPipe = fdopen(ends[1], "w");
     ASSERT_EQ(std::setvbuf(pPipe, nullptr, _IONBF, 0), 0);
-    QvCommonTracerOpenParam_t param = {QvCommonTracerLevel_Info, pPipe, nullptr, nullptr};
-    QvCommonTracerHandle_t handle = 0;
-    ASSERT_EQ(QvCommonTracer_open(&param, &handle), 0);
-
+    QvCommonTracerHandle_t handle = open(QvCommonTracerLevel_Info, nullptr, pPipe);
     constexpr int kLines = 2000;
     const auto line = [](int thread, int number) {
         return std::to_string(thread) + ", " + std::to_string(number) + " " +
@@ -167,9 +164,7 @@ TEST(CommonTracer, StreamIsTheCallersAndMayBeFull)
     char* pText = nullptr;
     size_t size = 0;
     FILE* pMemory = open_memstream(&pText, &size);
-    QvCommonTracerOpenParam_t param = {QvCommonTracerLevel_Info, pMemory, nullptr, nullptr};
-    QvCommonTracerHandle_t handle = 0;
-    ASSERT_EQ(QvCommonTracer_open(&param, &handle), 0);
+    QvCommonTracerHandle_t handle = open(QvCommonTracerLevel_Info, nullptr, pMemory);
     trace(handle, QvCommonTracerLevel_Info, "text");
     EXPECT_EQ(QvCommonTracer_close(&handle), 0);
     EXPECT_EQ(std::string(pText, size), "info: text\n"); // flushed
@@ -183,6 +178,22 @@ TEST(CommonTracer, StreamIsTheCallersAndMayBeFull)
     std::fclose(loggerParam.pStream);
 }
 
+TEST(CommonTracer, BadArgumentsAreRefused)
+{
+    QvCommonTracerOpenParam_t param = {};
+    QvCommonTracerHandle_t handle = 0;
+    EXPECT_EQ(QvCommonTracer_open(nullptr, &handle), 13);
+    EXPECT_EQ(QvCommonTracer_open(&param, nullptr), 13);
+    param.level = static_cast<QvCommonTracerLevel_t>(QvCommonTracerLevel_Sum + 1);
+    EXPECT_EQ(QvCommonTracer_open(&param, &handle), 13);
+    EXPECT_EQ(QvCommonTracer_close(&handle), 13);
+    Lines lines;
+    handle = open(QvCommonTracerLevel_Error, &lines);
+    trace(handle, param.level, "what is no level comes as an error");
+    EXPECT_EQ(lines, (Lines{{3, "error: what is no level comes as an error"}}));
+    EXPECT_EQ(QvCommonTracer_close(&handle), 0);
+}
+
 TEST(CommonLogger, MessageGoesToItsLogOrElseToTheTracer)
 {
     testing::internal::CaptureStderr();
@@ -191,7 +202,10 @@ TEST(CommonLogger, MessageGoesToItsLogOrElseToTheTracer)
     ASSERT_EQ(QvCommonLogger_open(&param, &handle), 0);
     EXPECT_EQ(QvCommonLogger_log(handle, "100% %s"), 0);
     EXPECT_EQ(QvCommonLogger_log(handle, nullptr), 13);
+    EXPECT_EQ(QvCommonLogger_open(&param, &handle), 13); // the variable isn't clear
+    EXPECT_EQ(QvCommonLogger_open(nullptr, &handle), 13);
     EXPECT_EQ(QvCommonLogger_close(&handle), 0);
+    EXPECT_EQ(QvCommonLogger_close(&handle), 13);
     EXPECT_EQ(QvCommonLogger_log(0, "ABC is never registered"), 13);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "100% %s\nwarning: ABC is never registered\n");
 

@@ -4,7 +4,6 @@
 // none of success, and releases what it has made until there.
 
 #include <cstdlib>
-#include <initializer_list>
 #include <string>
 
 #include <qv_common_c/qv_common.h>
@@ -13,41 +12,36 @@
 
 namespace qv::test {
 
-inline int firstOf(std::initializer_list<int> statuses)
+/// Does one step after the other until one fails. It takes no memory.
+template <class... Steps>
+int inTurn(const Steps&... steps)
 {
-    for (const int status : statuses) {
-        if (status != 0) {
-            return status;
-        }
-    }
-    return 0;
+    int status = 0;
+    static_cast<void>((((status = steps()) == 0) && ...));
+    return status;
 }
 
-/// Read, searched and written; where there is a file name also saved and loaded.
-inline int throughJson(const std::string& text, const char* pFilename = nullptr)
+/// Read, searched and written.
+inline int throughJson(const std::string& text)
 {
     QvJsonReaderHandle_t reader = 0;
     QvJsonWriterHandle_t writer = 0;
     QvJsonValue_t* pRoot = nullptr;
     char* pText = nullptr;
-    int status = firstOf({QvJsonReader_open(&reader), QvJsonWriter_open(nullptr, &writer)});
-    if (status == 0) {
-        status = QvJsonReader_parse(reader, text.data(), text.data() + text.size(), &pRoot);
-    }
-    if (status == 0 && pRoot->type == QvJsonValueType_Object) {
-        // From the last to the first: never the one that is looked for next.
-        for (size_t place = pRoot->holder.pObject->number; place-- > 0;) {
-            status = QvJsonValue_member2(pRoot, pRoot->holder.pObject->pPairs[place].pKey) != nullptr ? status : -1;
+    const auto search = [&] {
+        bool isFound = true;
+        if (pRoot->type == QvJsonValueType_Object) {
+            // From the last to the first: never the one that is looked for next.
+            for (size_t place = pRoot->holder.pObject->number; place-- > 0;) {
+                isFound = isFound && QvJsonValue_member2(pRoot, pRoot->holder.pObject->pPairs[place].pKey) != nullptr;
+            }
         }
-    }
-    if (status == 0) {
-        status = QvJsonWriter_stringify(writer, pRoot, &pText);
-    }
-    if (status == 0 && pFilename != nullptr) {
-        status = QvJsonWriter_save(writer, pRoot, pFilename);
-        QvJsonValue_delete(&pRoot);
-        status = status == 0 ? QvJsonReader_load(reader, pFilename, &pRoot) : status;
-    }
+        return isFound ? 0 : -1;
+    };
+    const int status =
+        inTurn([&] { return QvJsonReader_open(&reader); }, [&] { return QvJsonWriter_open(nullptr, &writer); },
+               [&] { return QvJsonReader_parse(reader, text.data(), text.data() + text.size(), &pRoot); }, search,
+               [&] { return QvJsonWriter_stringify(writer, pRoot, &pText); });
     std::free(pText);
     QvJsonValue_delete(&pRoot);
     QvJsonWriter_close(&writer);
@@ -64,15 +58,12 @@ inline int throughInitialization(const std::string& text)
     param.pDeleteDataHandler = [](void** ppSection) {
         return QvInitializationSection_delete(reinterpret_cast<QvInitializationSection_t**>(ppSection));
     };
-    int status = firstOf({QvInitializationReader_open(&reader), QvInitializationWriter_open(&writer),
-                          QvCommonDQueue_open(&param, &queue)});
     QvCommonBuffer_t buffer = {const_cast<char*>(text.data()), 0, text.size(), nullptr, false};
-    if (status == 0) {
-        status = QvInitializationReader_parse(reader, &buffer, queue);
-    }
-    if (status == 0) {
-        status = QvInitializationWriter_serialize(writer, queue, &buffer);
-    }
+    const int status = inTurn([&] { return QvInitializationReader_open(&reader); },
+                              [&] { return QvInitializationWriter_open(&writer); },
+                              [&] { return QvCommonDQueue_open(&param, &queue); },
+                              [&] { return QvInitializationReader_parse(reader, &buffer, queue); },
+                              [&] { return QvInitializationWriter_serialize(writer, queue, &buffer); });
     QvCommonBuffer_clear(&buffer);
     QvCommonDQueue_close(&queue);
     QvInitializationWriter_close(&writer);

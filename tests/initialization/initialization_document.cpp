@@ -60,6 +60,9 @@ int keepTrace(void* pUserData, QvCommonTracerLevel_t level, const char* pText, s
 
 } // namespace
 
+const std::vector<std::string> kPieces = {" ", "\t", "\"", "\\", ";",  "#", "=",    "[",
+                                          "]", "\n", "\r", "n",  "x4", "é", "\x01", "\xEF\xBB\xBF"};
+
 ReadResult readText(std::string_view text)
 {
     ReadResult result;

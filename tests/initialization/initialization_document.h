@@ -30,6 +30,9 @@ struct ReadResult {
     std::vector<std::string> traces;
 };
 
+// Pieces that mean something somewhere in the syntax, and lines of them.
+extern const std::vector<std::string> kPieces;
+
 // Calls the reader with an exact copy of the text, so that a sanitizer sees a read past its end.
 ReadResult readText(std::string_view text);
 

@@ -8,7 +8,7 @@ namespace {
 
 TEST(InitializationRecords, AProgramInCKeepsAndFreesItsRecords)
 {
-    EXPECT_EQ(initializationFromC(), 0) << "is the line of test_initialization_from_c.c that failed";
+    EXPECT_EQ(initializationFromC(), 0) << "is the line of use_initialization.c that failed";
 }
 
 template <typename Variable>
@@ -30,6 +30,7 @@ TEST(InitializationRecords, BadArgumentsAreRefused)
     checkVariable(QvInitializationMember_create, QvInitializationMember_delete);
     checkVariable(QvInitializationReader_open, QvInitializationReader_close);
     checkVariable(QvInitializationWriter_open, QvInitializationWriter_close);
+    checkVariable(QvInitializationText_open, QvInitializationText_close);
 
     QvInitializationReaderHandle_t hReader = 0;
     QvInitializationWriterHandle_t hWriter = 0;

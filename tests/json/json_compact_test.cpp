@@ -9,6 +9,7 @@
 #include <random>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "json_document.h"
@@ -34,10 +35,32 @@ constexpr const char* kDocuments[] = {
     "// above\n[1, 2]",
 };
 
-constexpr QvJsonNumber_t kKinds[] = {QvJsonNumber_Int8,   QvJsonNumber_Uint8, QvJsonNumber_Int16,
-                                     QvJsonNumber_Uint16, QvJsonNumber_Int32, QvJsonNumber_Uint32,
-                                     QvJsonNumber_Int64,  QvJsonNumber_Float, QvJsonNumber_Double};
-constexpr size_t kWidths[] = {1, 1, 2, 2, 4, 4, 8, 4, 8};
+// Adds a number of that type, which may stand anywhere, by the operations for single items.
+template <class T>
+int addAlone(QvJsonValue_t* pList, const char* pNumber)
+{
+    T number{};
+    std::memcpy(&number, pNumber, sizeof(T));
+    if constexpr (std::is_floating_point_v<T>) {
+        return QvJsonValue_addFloatToArray(pList, static_cast<double>(number));
+    } else {
+        return QvJsonValue_addIntegerToArray(pList, number);
+    }
+}
+
+struct Kind {
+    QvJsonNumber_t number;
+    size_t width;
+    int (*pAddAlone)(QvJsonValue_t*, const char*);
+};
+
+constexpr Kind kKinds[] = {
+    {QvJsonNumber_Int8, 1, addAlone<int8_t>},   {QvJsonNumber_Uint8, 1, addAlone<uint8_t>},
+    {QvJsonNumber_Int16, 2, addAlone<int16_t>}, {QvJsonNumber_Uint16, 2, addAlone<uint16_t>},
+    {QvJsonNumber_Int32, 4, addAlone<int32_t>}, {QvJsonNumber_Uint32, 4, addAlone<uint32_t>},
+    {QvJsonNumber_Int64, 8, addAlone<int64_t>}, {QvJsonNumber_Float, 4, addAlone<float>},
+    {QvJsonNumber_Double, 8, addAlone<double>},
+};
 
 // All lists of a tree, found by operations alone.
 void collectLists(QvJsonValue_t* pValue, std::vector<QvJsonValue_t*>& lists)
@@ -65,12 +88,12 @@ std::vector<QvJsonValue_t*> listsOf(const Tree& tree)
 }
 
 // Bytes that tell whether something was written.
-std::vector<char> numbersOf(QvJsonValue_t* pList, size_t kind, size_t number)
+std::vector<char> numbersOf(QvJsonValue_t* pList, const Kind& kind, size_t number)
 {
     std::vector<char> bytes(1 + 9 * 8, '#');
-    const size_t copied = QvJsonCompact_numbers(pList, kKinds[kind], bytes.data() + 1, number);
+    const size_t copied = QvJsonCompact_numbers(pList, kind.number, bytes.data() + 1, number);
     EXPECT_EQ(copied, std::min(number, QvJsonValue_size(pList)));
-    EXPECT_EQ(bytes[1 + copied * kWidths[kind]], '#');
+    EXPECT_EQ(bytes[1 + copied * kind.width], '#');
     return bytes;
 }
 
@@ -82,6 +105,22 @@ std::string inAllLayouts(QvJsonValue_t* pValue)
         text += write(pValue, &param);
     }
     return text;
+}
+
+// A compact tree: an object.
+Tree makeCompact()
+{
+    QvJsonValue_t* pRoot = nullptr;
+    EXPECT_EQ(QvJsonCompact_create(&pRoot), 0);
+    return Tree(pRoot);
+}
+
+// A new array in the place of a member.
+QvJsonValue_t* beginList(const Tree& tree, const std::string& key)
+{
+    QvJsonValue_t* pList = make(QvJsonValueType_Array).release();
+    EXPECT_EQ(QvJsonValue_addValueToObject(tree.get(), key.c_str(), &pList), 0);
+    return pList;
 }
 
 bool isPacked(const QvJsonValue_t& list)
@@ -106,9 +145,9 @@ TEST(JsonCompact, ATextIsReadAsTheSameDocument)
             QvJsonValue_t* pCompact = compactLists[at];
             ASSERT_EQ(QvJsonValue_size(pPlain), QvJsonValue_size(pCompact));
             EXPECT_EQ(QvJsonValue_isEmpty(pPlain), QvJsonValue_isEmpty(pCompact));
-            for (size_t kind = 0; kind < std::size(kKinds); ++kind) {
+            for (const Kind& kind : kKinds) {
                 for (size_t number = 0; number < 6; ++number) {
-                    EXPECT_EQ(numbersOf(pPlain, kind, number), numbersOf(pCompact, kind, number)) << kind;
+                    EXPECT_EQ(numbersOf(pPlain, kind, number), numbersOf(pCompact, kind, number)) << kind.number;
                 }
             }
             for (size_t index = 0; index < QvJsonValue_size(pPlain) + 1; ++index) {
@@ -150,15 +189,13 @@ TEST(JsonCompact, ListsOfNumbersArePacked)
 TEST(JsonCompact, NumbersAreAddedAsOneByOne)
 {
     std::mt19937_64 random(1618);
-    QvJsonValue_t* pCompact = nullptr;
-    ASSERT_EQ(QvJsonCompact_create(&pCompact), 0);
-    const Tree compact(pCompact);
-    EXPECT_EQ(write(pCompact), "{}\n");
+    const Tree compact = makeCompact();
+    EXPECT_EQ(write(compact.get()), "{}\n");
     const Tree plain = make(QvJsonValueType_Object);
     const Tree slow = make(QvJsonValueType_Object);
     for (int round = 0; round < 400; ++round) {
         // Any bytes, odd addresses, and lengths beyond what the writer makes room for at once.
-        const size_t kind = random() % std::size(kKinds);
+        const Kind& kind = kKinds[random() % std::size(kKinds)];
         const size_t number = round % 40 == 0 ? 600 : random() % 9;
         std::vector<char> bytes(1 + number * 8);
         for (char& byte : bytes) {
@@ -166,62 +203,15 @@ TEST(JsonCompact, NumbersAreAddedAsOneByOne)
         }
         const char* pNumbers = bytes.data() + 1;
         const std::string key = numbered("k", static_cast<int>(random() % 200)); // some lists are continued
+        const auto listOf = [&](const Tree& tree) {
+            return round % 3 == 0 ? beginList(tree, key) : QvJsonValue_member(tree.get(), key.c_str());
+        };
         for (const Tree* pTree : {&compact, &plain}) {
-            QvJsonValue_t* pList = QvJsonValue_member(pTree->get(), key.c_str());
-            if (round % 3 == 0) { // as an array that was there before
-                QvJsonValue_t* pNew = nullptr;
-                ASSERT_EQ(QvJsonValue_create(QvJsonValueType_Array, &pNew), 0);
-                ASSERT_EQ(QvJsonValue_addValueToObject(pTree->get(), key.c_str(), &pNew), 0);
-                pList = pNew;
-            }
-            ASSERT_EQ(QvJsonCompact_addNumbers(pList, kKinds[kind], pNumbers, number), 0);
+            ASSERT_EQ(QvJsonCompact_addNumbers(listOf(*pTree), kind.number, pNumbers, number), 0);
         }
-        QvJsonValue_t* pList = QvJsonValue_member(slow.get(), key.c_str());
-        if (round % 3 == 0) {
-            QvJsonValue_delete(&pList);
-            pList = nullptr;
-            ASSERT_EQ(QvJsonValue_create(QvJsonValueType_Array, &pList), 0);
-            ASSERT_EQ(QvJsonValue_addValueToObject(slow.get(), key.c_str(), &pList), 0);
-        }
+        QvJsonValue_t* pList = listOf(slow);
         for (size_t index = 0; index < number; ++index) {
-            const auto at = [&]<class T>(T value) {
-                std::memcpy(&value, pNumbers + index * sizeof(T), sizeof(T));
-                return value;
-            };
-            int64_t integer = 0;
-            double real = 0;
-            switch (kKinds[kind]) {
-            case QvJsonNumber_Int8:
-                integer = static_cast<int64_t>(at(int8_t{}));
-                break;
-            case QvJsonNumber_Uint8:
-                integer = at(uint8_t{});
-                break;
-            case QvJsonNumber_Int16:
-                integer = at(int16_t{});
-                break;
-            case QvJsonNumber_Uint16:
-                integer = at(uint16_t{});
-                break;
-            case QvJsonNumber_Int32:
-                integer = at(int32_t{});
-                break;
-            case QvJsonNumber_Uint32:
-                integer = at(uint32_t{});
-                break;
-            case QvJsonNumber_Int64:
-                integer = at(int64_t{});
-                break;
-            case QvJsonNumber_Float:
-                real = static_cast<double>(at(float{}));
-                break;
-            case QvJsonNumber_Double:
-                real = at(double{});
-                break;
-            }
-            ASSERT_EQ(kKinds[kind] < QvJsonNumber_Float ? QvJsonValue_addIntegerToArray(pList, integer)
-                                                        : QvJsonValue_addFloatToArray(pList, real),
-                      0);
+            ASSERT_EQ(kind.pAddAlone(pList, pNumbers + index * kind.width), 0);
         }
     }
     const std::string expected = inAllLayouts(slow.get());
@@ -232,40 +222,26 @@ TEST(JsonCompact, NumbersAreAddedAsOneByOne)
 // One number of a list decides how all of it is written.
 TEST(JsonCompact, TheLargestNumberOfAListCanBeAnyOne)
 {
-    for (const QvJsonNumber_t kind :
-         {QvJsonNumber_Int16, QvJsonNumber_Uint16, QvJsonNumber_Int32, QvJsonNumber_Int64}) {
+    constexpr size_t kNumber = 300;
+    for (const Kind& kind : kKinds) {
+        if (kind.width == 1 || kind.number >= QvJsonNumber_Float) {
+            continue;
+        }
         for (const int64_t odd : {-32768, -1, 0, 8191, 8192, 9999, 10000, 32767, 65535, 65536, 99999, 100000}) {
-            for (size_t place = 0; place < 300; place += 23) {
-                int64_t numbers[300] = {};
-                std::string expected = "[";
-                std::vector<char> bytes;
-                for (size_t index = 0; index < std::size(numbers); ++index) {
-                    numbers[index] = index == place ? odd : static_cast<int64_t>(index * 27);
-                    if (kind == QvJsonNumber_Int16) {
-                        numbers[index] = static_cast<int16_t>(numbers[index]);
-                    } else if (kind == QvJsonNumber_Uint16) {
-                        numbers[index] = static_cast<uint16_t>(numbers[index]);
-                    }
-                    const auto add = [&bytes](auto number) {
-                        const char* pBytes = reinterpret_cast<const char*>(&number);
-                        bytes.insert(bytes.end(), pBytes, pBytes + sizeof number);
-                    };
-                    if (kind == QvJsonNumber_Int64) {
-                        add(numbers[index]);
-                    } else if (kind == QvJsonNumber_Int32) {
-                        add(static_cast<int32_t>(numbers[index]));
-                    } else {
-                        add(static_cast<int16_t>(numbers[index]));
-                    }
-                    expected += (index != 0 ? ", " : "") + std::to_string(numbers[index]);
+            for (size_t place = 0; place < kNumber; place += 23) {
+                char bytes[kNumber * 8];
+                const Tree expected = make(QvJsonValueType_Object);
+                for (size_t index = 0; index < kNumber; ++index) {
+                    const int64_t number = index == place ? odd : static_cast<int64_t>(index * 27);
+                    char* pNumber = bytes + index * kind.width;
+                    std::memcpy(pNumber, &number, kind.width); // the low bytes
+                    kind.pAddAlone(QvJsonValue_member(expected.get(), "k"), pNumber);
                 }
-                QvJsonValue_t* pRoot = nullptr;
-                ASSERT_EQ(QvJsonCompact_create(&pRoot), 0);
-                const Tree root(pRoot);
-                QvJsonValue_t* pList = QvJsonValue_member(pRoot, "k");
-                ASSERT_EQ(QvJsonCompact_addNumbers(pList, kind, bytes.data(), std::size(numbers)), 0);
+                const Tree root = makeCompact();
+                QvJsonValue_t* pList = QvJsonValue_member(root.get(), "k");
+                ASSERT_EQ(QvJsonCompact_addNumbers(pList, kind.number, bytes, kNumber), 0);
                 ASSERT_TRUE(isPacked(*pList));
-                ASSERT_EQ(write(pRoot), "{\n  \"k\": " + expected + "]\n}\n");
+                ASSERT_EQ(write(root.get()), write(expected.get()));
             }
         }
     }
@@ -295,16 +271,12 @@ TEST(JsonCompact, BadArgumentsChangeNothing)
     EXPECT_EQ(taken[0], 7);
 
     // More than any list can hold, where a list has just been begun.
-    QvJsonValue_t* pRoot = nullptr;
-    ASSERT_EQ(QvJsonCompact_create(&pRoot), 0);
-    const Tree root(pRoot);
-    QvJsonValue_t* pNew = nullptr;
-    ASSERT_EQ(QvJsonValue_create(QvJsonValueType_Array, &pNew), 0);
-    ASSERT_EQ(QvJsonValue_addValueToObject(pRoot, "new", &pNew), 0);
+    const Tree root = makeCompact();
+    QvJsonValue_t* pNew = beginList(root, "new");
     EXPECT_EQ(QvJsonCompact_addNumbers(pNew, QvJsonNumber_Int16, numbers, SIZE_MAX), 5);
     EXPECT_EQ(QvJsonCompact_addNumbers(pNew, QvJsonNumber_Int16, numbers, SIZE_MAX / 2 + 2), 5);
     for (int round = 0; round < 20; ++round) {
-        EXPECT_EQ(QvJsonValue_addIntegerToObject(pRoot, numbered("k", round).c_str(), round), 0);
+        EXPECT_EQ(QvJsonValue_addIntegerToObject(root.get(), numbered("k", round).c_str(), round), 0);
         EXPECT_EQ(QvJsonValue_addIntegerToArray(pNew, round), 0);
     }
     EXPECT_EQ(QvJsonValue_itemAsInteger(pNew, 7), 7);

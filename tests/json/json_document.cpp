@@ -27,6 +27,15 @@ std::string numbered(const char* pName, int number)
     return text.append(std::to_string(number));
 }
 
+std::string listOf(int first, int number)
+{
+    std::string text = numbered("[", first);
+    for (int value = first + 1; value < first + number; ++value) {
+        text += numbered(", ", value);
+    }
+    return text + "]";
+}
+
 Tree make(QvJsonValueType_t type)
 {
     QvJsonValue_t* pValue = nullptr;
@@ -34,35 +43,51 @@ Tree make(QvJsonValueType_t type)
     return Tree(pValue);
 }
 
+Exact::Exact(std::string_view text) : block_(new char[text.size() + 1]), size_(text.size())
+{
+    text.copy(block_.get() + 1, size_);
+}
+
+Reader::Reader()
+{
+    EXPECT_EQ(QvJsonReader_open(&handle_), 0);
+}
+
+Reader::~Reader()
+{
+    EXPECT_EQ(QvJsonReader_close(&handle_), 0);
+    EXPECT_EQ(handle_, 0U);
+}
+
+int Reader::parse(const Exact& text, Tree* pTree) const
+{
+    QvJsonValue_t* pValue = nullptr;
+    const int status = QvJsonReader_parse(handle_, text.begin(), text.end(), &pValue);
+    EXPECT_EQ(pValue != nullptr, status == 0);
+    pTree->reset(pValue);
+    return status;
+}
+
 namespace {
 
-Tree readBy(QvJsonReaderHandle_t reader, std::string_view text, int expectedStatus)
+Tree readBy(const Reader& reader, std::string_view text, int expectedStatus)
 {
-    const std::unique_ptr<char[]> exact(new char[text.size() + 1]);
-    char* pText = exact.get() + 1; // the byte before keeps the block apart for the empty text
-    text.copy(pText, text.size());
-    QvJsonValue_t* pValue = nullptr;
-    EXPECT_EQ(QvJsonReader_parse(reader, pText, pText + text.size(), &pValue), expectedStatus) << text;
-    EXPECT_EQ(pValue != nullptr, expectedStatus == 0) << text;
-    EXPECT_EQ(QvJsonReader_close(&reader), 0);
-    EXPECT_EQ(reader, 0U);
-    return Tree(pValue);
+    Tree tree;
+    EXPECT_EQ(reader.parse(Exact(text), &tree), expectedStatus) << text;
+    return tree;
 }
 
 } // namespace
 
 Tree read(std::string_view text, int expectedStatus)
 {
-    QvJsonReaderHandle_t reader = 0;
-    EXPECT_EQ(QvJsonReader_open(&reader), 0);
-    return readBy(reader, text, expectedStatus);
+    return readBy(Reader(), text, expectedStatus);
 }
 
 Tree readCompact(std::string_view text, int expectedStatus)
 {
-    QvJsonReaderHandle_t reader = 0;
-    EXPECT_EQ(QvJsonReader_open(&reader), 0);
-    EXPECT_EQ(QvJsonCompact_setReader(reader), 0);
+    const Reader reader;
+    EXPECT_EQ(QvJsonCompact_setReader(reader.handle()), 0);
     return readBy(reader, text, expectedStatus);
 }
 
@@ -75,6 +100,48 @@ std::string write(QvJsonValue_t* pValue, QvJsonWriterOpenParam_t* pParam)
     EXPECT_EQ(QvJsonWriter_close(&writer), 0);
     std::string text = pText != nullptr ? pText : "";
     std::free(pText);
+    return text;
+}
+
+namespace {
+
+// What stands between two tokens.
+std::string gap(std::mt19937& random)
+{
+    constexpr std::string_view kInside[] = {"/*",   "*/",   "//", "\n",       "\n", " ", "\t",
+                                            "\r",   "\v",   "a",  "\xC3\xA4", "*",  "/", ",",
+                                            "\xFF", "\x01", "[",  "]",        "}",  "1", "{\"k\": 1"};
+    std::string inside;
+    for (size_t number = random() % 3; number != 0; --number) {
+        inside += kInside[random() % std::size(kInside)];
+    }
+    switch (random() % 16) {
+    case 0:
+        return "//" + inside + "\n" + gap(random);
+    case 1:
+        return "/*" + inside + "*/" + gap(random);
+    case 2:
+        return "\n" + gap(random);
+    case 3:
+        return " \r\t";
+    default:
+        return "";
+    }
+}
+
+} // namespace
+
+std::string layOut(std::mt19937& random)
+{
+    constexpr std::string_view kDocument =
+        R"( { "a" : [ 0 , -0 , -12 , 1234567 , 12345678 , 18446744073709551615 , [ ] , [ { } ] ] , "\u0065" : { } , "" :)"
+        R"( { "f" : [ 0.5 , -1.25e2 , 1E-7 , 3.14159265358979323846 , 1e999 ] , "b" : [ [ 1 , 2 ] , [ true , null ] ] } ,)"
+        R"( "text" : [ "" , "a,[b]{c}://d" , "\"\\\u00e4\n" , "\ud834\udd1e\u20ac" , "cut\u0000here" , "\u0001" ] ,)"
+        R"( "b" : { "c" : { "d" : "x" } , "d\u0000e" : false , "list" : [ ] } , "g" : 7 } )";
+    std::string text = random() % 8 == 0 ? "\xEF\xBB\xBF" : "";
+    for (const char letter : kDocument) {
+        text += letter == ' ' ? gap(random) : std::string(1, letter);
+    }
     return text;
 }
 

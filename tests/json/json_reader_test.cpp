@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "json_document.h"
 
@@ -28,82 +29,34 @@ TEST(JsonReader, TakesWhatTheGrammarTakesAndNothingElse)
         "{}",
         "\xEF\xBB\xBF[1]",
         "[1,2 ,3\n]",
-        "[0.5,1E+2,1e-2,-1.0e2]",
-        R"("\"\\\/\b\f\n\r\t\u00e4\uD834\uDD1E")",
-        "\"\x7F\xC3\xA4\xE2\x82\xAC\xF0\x9F\x8E\xA5\"",
-        "[true,false,null]",
-        R"({"":{"a":[]}})",
         "// note\n1",
         "1 // note",
-        "[/**/1/***/,/* * / */2]",
         nested(512),
+        "[0.5,1E+2,1e-2,-1.0e2]",
+        R"("\"\\\/\b\f\n\r\t\u00e4\uD834\uDD1E")",
+        "\"\x7F\xC3\xA4\xE0\xA0\x80\xE2\x82\xAC\xED\x9F\xBF\xF0\x9F\x8E\xA5\"",
+        "[true,false,null]",
+        R"({"":{"a":[]}})",
+        "[/**/1/***/,/* * / */2]",
+        "{\"a\": [1, -2.5e3, \"t\\u00e4\xC3\xA4\", true, null], /* note */ \"b\": {\"c\": {}}}",
     };
-    const std::string refused[] = {
-        "",
-        "  ",
-        "\xEF\xBB\xBF",
-        "[1,]",
-        "[,1]",
-        "[1 2]",
-        R"({"a":1,})",
-        R"({"a" 1})",
-        R"({a:1})",
-        "{1:2}",
-        "[",
-        "{",
-        "[1",
-        R"({"a")",
-        R"({"a":)",
-        "]",
-        "1 2",
-        "{}}",
-        "01",
-        "[-01]",
-        "+1",
-        "-",
-        ".5",
-        "1.",
-        "[1.]",
-        "1e",
-        "1e+",
-        "0x10",
-        "NaN",
-        "Infinity",
-        "tru",
-        "trueish",
-        "nul",
-        "'a'",
-        "\"a",
-        "\"a\nb\"",
-        "\"\t\"",
-        "\"\\x41\"",
-        "\"\\u12G4\"",
-        "\"\\u12",
-        "\"\\",
-        R"("\uD834")",
-        R"("\uD834\u0041")",
-        R"("\uDD1E")",
-        "\"\xC3\"",
-        "\"\xC0\x80\"",
-        "\"\xED\xA0\x80\"",
-        "\"\xF4\x90\x80\x80\"",
-        "\"\x80\"",
-        "\"\xFF\"",
-        "/",
-        "/ 1",
-        "1 /* open",
-        "1 # note",
-        std::string("1\0", 2),
-        std::string("1 // a\0b", 8),
-        std::string("/*\0*/1", 6),
-        "\v1",
-        nested(513),
-    };
+    constexpr std::string_view kRefused[] = {
+        "  ", "\xEF\xBB\xBF", "[1,]", "[,1]", "[1 2]", "{\"a\":1,}", "{a:1}", "{1:2}", "{\"a\"", "{\"a\":", "]", "1 2",
+        "{}}", "[-01]", "+1", "-", ".5", "1.", "1e", "1e+", "0x10", "NaN", "Infinity", "tru", "trueish", "nul", "'a'",
+        "\"\t\"", "\"\\x41\"", "\"\\u12", "\"\\", "/", "1 # note", "\v1",
+        // No UTF-8.
+        "\"\xC3\"", "\"\xC0\x80\"", "\"\xE0\x9F\xBF\"", "\"\xED\xA0\x80\"", "\"\xF4\x90\x80\x80\"", "\"\x80\"",
+        "\"\\uD834\"", "\"\\uD834\\u0041\"", std::string_view("1\0", 2), std::string_view("1 // a\0b", 8)};
+    const Traces traces;
     for (const std::string& text : accepted) {
         EXPECT_NE(read(text), nullptr);
+        // No part of an object or an array is a whole one.
+        const bool isContainer = text.back() == ']' || text.back() == '}';
+        for (size_t size = 0; isContainer && size < text.size(); ++size) {
+            read(std::string_view(text).substr(0, size), 7);
+        }
     }
-    const Traces traces;
-    for (const std::string& text : refused) {
+    for (const std::string_view text : kRefused) {
         read(text, 7);
     }
 }
@@ -137,6 +90,7 @@ TEST(JsonReader, NumbersKeepWhatTheyAre)
         {"0.30000000000000004", kFloat, 0, 0.30000000000000004},
         {"1e999", kFloat, 0, DBL_MAX},
         {"-1e99999999999999999999", kFloat, 0, -DBL_MAX},
+        {"0.01e+999", kFloat, 0, DBL_MAX},
         {"0.000e999", kFloat, 0, 0},
         {"1e9223372036854775807", kFloat, 0, DBL_MAX},
         {"1e-999", kFloat, 0, 0},
@@ -175,25 +129,9 @@ TEST(JsonReader, TextsAreResolved)
 
 TEST(JsonReader, ADoubledKeyTakesTheLastValueInTheFirstPlace)
 {
-    const Tree root = read(R"({"a": [1], "b": 2, "a": "3", "c": 4, "\u0061": {"x": 5}, "b": 6})");
-    EXPECT_EQ(write(root.get()), "{\n  \"a\": {\n    \"x\": 5\n  },\n  \"b\": 6,\n  \"c\": 4\n}\n");
-}
-
-TEST(JsonReader, HugeObjectsAreReadAndSearchedInOneGo)
-{
-    // Were either quadratic, this would be 10^10 comparisons and take minutes.
-    constexpr int kNumber = 200000;
-    std::string text = "{";
-    for (int index = 0; index < kNumber; ++index) {
-        text += numbered("\"key", index) + numbered("\": ", index) + ",";
-    }
-    text += "\"key7\": -1}";
-    const Tree root = read(text);
-    ASSERT_EQ(root->holder.pObject->number, static_cast<size_t>(kNumber));
-    EXPECT_EQ(QvJsonValue_asInteger(root->holder.pObject->pPairs[7].pValue), -1);
-    for (int index = kNumber - 1; index > 7; --index) {
-        ASSERT_EQ(QvJsonValue_asInteger(QvJsonValue_member2(root.get(), numbered("key", index).c_str())), index);
-    }
+    const Tree root =
+        read("{\"a\": [1], \"b\": 2 /* gone */, \"a\": 3, \"c\": 4, \"\\u0061\": {\"x\": 5} /* a */, \"b\": 6}");
+    EXPECT_EQ(write(root.get()), "{\n  \"a\": {\n    \"x\": 5\n  }, // a\n  \"b\": 6,\n  \"c\": 4\n}\n");
 }
 
 TEST(JsonReader, SyntaxErrorsTellWhatWasExpectedAndWhere)
@@ -252,34 +190,30 @@ TEST(JsonReader, CommentsGoToTheValuesTheyStandBy)
                            "  // d too\n"
                            "} // root\n"
                            "// end");
-    const auto above = [](QvJsonValue_t* pValue) { return std::string(pValue->pComment ? pValue->pComment : "-"); };
-    const auto behind = [](QvJsonValue_t* pValue) { return std::string(pValue->pComment2 ? pValue->pComment2 : "-"); };
-    const auto member = [&](const char* pKey) { return QvJsonValue_member(root.get(), pKey); };
-    EXPECT_EQ(above(root.get()), "for the root\nand\n* more");
-    EXPECT_EQ(behind(root.get()), "root\nend");
-    EXPECT_EQ(above(member("a")), "for a, as nothing stands before it");
-    EXPECT_EQ(behind(member("a")), "behind a");
-    EXPECT_EQ(above(member("b")), "above b\n\nkey\ncolon");
-    EXPECT_EQ(behind(member("b")), "-");
-    EXPECT_EQ(above(member("c")), "-");
-    EXPECT_EQ(behind(member("c")), "inside\nbehind");
-    EXPECT_EQ(behind(member("d")), "d\nd too");
-    EXPECT_EQ(behind(QvJsonValue_member(member("d"), "e")), "e");
-    const char* const expected[][2] = {{"-", "one"}, {"-", "-"}, {"three", "after"}, {"-", "last"}};
-    for (size_t index = 0; index < std::size(expected); ++index) {
-        EXPECT_EQ(above(QvJsonValue_item(member("b"), index)), expected[index][0]) << index;
-        EXPECT_EQ(behind(QvJsonValue_item(member("b"), index)), expected[index][1]) << index;
-    }
-}
-
-TEST(JsonReader, EveryCutOfADocumentIsRefused)
+    EXPECT_EQ(write(root.get()), R"(// for the root
+// and
+// * more
 {
-    const Traces traces;
-    const std::string text = "{\"a\": [1, -2.5e3, \"t\\u00e4\xC3\xA4\", true, null], /* note */ \"b\": {\"c\": {}}}";
-    ASSERT_NE(read(text), nullptr);
-    for (size_t size = 0; size < text.size(); ++size) {
-        read(std::string_view(text).substr(0, size), 7);
-    }
+  // for a, as nothing stands before it
+  "a": 1, // behind a
+  // above b
+  //
+  // key
+  // colon
+  "b": [
+    1, // one
+    2,
+    // three
+    3, // after
+    4 // last
+  ],
+  "c": {}, // inside behind
+  "d": {
+    "e": 5 // e
+  } // d d too
+} // root end
+)");
+    EXPECT_STREQ(QvJsonValue_member(root.get(), "d")->pComment2, "d\nd too");
 }
 
 TEST(JsonReader, BadArgumentsAndFilesThatCannotBeRead)

@@ -20,6 +20,7 @@ TEST(JsonValue, NamingAMemberMakesItOnceAndItCountsAsEmpty)
     EXPECT_EQ(QvJsonValue_member2(root.get(), "first"), pFirst);
     EXPECT_EQ(QvJsonValue_member2(root.get(), "firs"), nullptr);
     EXPECT_EQ(QvJsonValue_member2(root.get(), "first "), nullptr);
+    EXPECT_EQ(QvJsonValue_member2(root.get(), nullptr), nullptr);
     EXPECT_EQ(root->holder.pObject->number, 1U);
     EXPECT_NE(QvJsonValue_member(root.get(), ""), pFirst);
     EXPECT_EQ(QvJsonValue_member(root.get(), "")->type, QvJsonValueType_Null);
@@ -58,25 +59,14 @@ TEST(JsonValue, AnAddOfAKeyThatExistsReplacesTheValueInItsPlace)
     EXPECT_EQ(QvJsonValue_addValueToObject(root.get(), "class", &pList), 0);
     EXPECT_EQ(pList, pClass);
     EXPECT_STREQ(pClass->pComment2, "kept");
+    QvJsonValue_t* pText = make(QvJsonValueType_String).release();
+    EXPECT_STREQ(QvJsonValue_asString(pText), "");
+    pText->pComment = strdup("above");
+    pText->pComment2 = strdup("its own");
+    EXPECT_EQ(QvJsonValue_addValueToObject(root.get(), "class", &pText), 0);
+    EXPECT_STREQ(pClass->pComment, "above");
+    EXPECT_STREQ(pClass->pComment2, "its own");
     EXPECT_EQ(root->holder.pObject->number, 2U);
-}
-
-TEST(JsonValue, AValueIsFilledThroughTheSameVariableAfterItWasAdded)
-{
-    const Tree root = make(QvJsonValueType_Null);
-    QvJsonValue_t* pOuter = make(QvJsonValueType_Array).release();
-    ASSERT_EQ(QvJsonValue_addValueToObject(root.get(), "matrix", &pOuter), 0);
-    for (int row = 0; row < 40; ++row) {
-        QvJsonValue_t* pRow = make(QvJsonValueType_Array).release();
-        ASSERT_EQ(QvJsonValue_addValueToArray(pOuter, &pRow), 0);
-        EXPECT_EQ(pRow, QvJsonValue_item(pOuter, static_cast<size_t>(row)));
-        for (int column = 0; column < 20; ++column) {
-            ASSERT_EQ(QvJsonValue_addIntegerToArray(pRow, row * 20 + column), 0);
-        }
-    }
-    QvJsonValue_t* pMatrix = QvJsonValue_member(root.get(), "matrix");
-    ASSERT_EQ(QvJsonValue_size(pMatrix), 40U);
-    EXPECT_EQ(QvJsonValue_itemAsInteger(QvJsonValue_item(pMatrix, 7), 19), 7 * 20 + 19);
 }
 
 TEST(JsonValue, AFailedAddLeavesTheValueWithItsCaller)
@@ -94,6 +84,7 @@ TEST(JsonValue, AFailedAddLeavesTheValueWithItsCaller)
     EXPECT_EQ(QvJsonValue_addValueToObject(pValue, "key", &pValue), 13);
     EXPECT_EQ(QvJsonValue_addValueToObject(root.get(), "key", &pNone), 13);
     EXPECT_EQ(QvJsonValue_addValueToObject(root.get(), "key", nullptr), 13);
+    EXPECT_EQ(QvJsonValue_addValueToArray(root.get(), nullptr), 13);
     EXPECT_EQ(pValue, pBefore);
     EXPECT_TRUE(QvJsonValue_isEmpty(root.get()));
     EXPECT_EQ(QvJsonValue_asInteger(number.get()), 1);
@@ -109,6 +100,7 @@ TEST(JsonValue, AFailedAddLeavesTheValueWithItsCaller)
     EXPECT_EQ(QvJsonValue_delete(&pNone), 0);
     EXPECT_EQ(QvJsonValue_delete(nullptr), 13);
     EXPECT_EQ(QvJsonValue_create(static_cast<QvJsonValueType_t>(7), &pNone), 13);
+    EXPECT_EQ(QvJsonValue_create(QvJsonValueType_Null, nullptr), 13);
 }
 
 TEST(JsonValue, AsksOfAWrongKindGiveEmptyValuesAndChangeNothing)
@@ -178,10 +170,10 @@ TEST(JsonValue, WhatCountsAsEmpty)
 
 TEST(JsonValue, NumbersConvertAndTextsDont)
 {
-    const Tree root = read(R"([7, -2.9, true, "8", null, 1e300, -1e300, 0.0])");
-    const ssize_t integers[] = {7, -2, 1, 0, 0, INT64_MAX, INT64_MIN, 0};
-    const double floats[] = {7, -2.9, 1, 0, 0, 1e300, -1e300, 0};
-    const bool booleans[] = {true, true, true, false, false, true, true, false};
+    const Tree root = read(R"([7, -2.9, true, "8", null, 1e300, -1e300, 0.0, false])");
+    const ssize_t integers[] = {7, -2, 1, 0, 0, INT64_MAX, INT64_MIN, 0, 0};
+    const double floats[] = {7, -2.9, 1, 0, 0, 1e300, -1e300, 0, 0};
+    const bool booleans[] = {true, true, true, false, false, true, true, false, false};
     for (size_t index = 0; index < std::size(integers); ++index) {
         EXPECT_EQ(QvJsonValue_itemAsInteger(root.get(), index), integers[index]) << index;
         EXPECT_EQ(QvJsonValue_itemAsFloat(root.get(), index), floats[index]) << index;
@@ -189,8 +181,8 @@ TEST(JsonValue, NumbersConvertAndTextsDont)
         EXPECT_EQ(QvJsonValue_itemAsString(root.get(), index) != nullptr, index == 3) << index;
     }
     QvJsonValue_addFloatToArray(root.get(), std::nan(""));
-    EXPECT_EQ(QvJsonValue_itemAsInteger(root.get(), 8), 0);
-    EXPECT_FALSE(QvJsonValue_itemAsBoolean(root.get(), 8));
+    EXPECT_EQ(QvJsonValue_itemAsInteger(root.get(), 9), 0);
+    EXPECT_FALSE(QvJsonValue_itemAsBoolean(root.get(), 9));
     EXPECT_EQ(QvJsonValue_asInteger(nullptr), 0);
     EXPECT_EQ(QvJsonValue_asFloat(nullptr), 0);
     EXPECT_EQ(QvJsonValue_asString(nullptr), nullptr);

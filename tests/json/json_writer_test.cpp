@@ -5,23 +5,17 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <iterator>
 #include <limits>
 #include <random>
 #include <string>
 
+#include "common/files.h"
 #include "json_document.h"
 
 using namespace qv::test;
 
 namespace {
-
-std::string readFile(const std::string& filename)
-{
-    std::ifstream file(filename, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
 
 std::string printed(double value, int decimals)
 {
@@ -40,29 +34,13 @@ void setComment(char*& pComment, const char* pText)
 
 TEST(JsonWriter, ASmallTreeHasExactlyTheseBytes)
 {
-    const Tree root = make(QvJsonValueType_Object);
+    const Tree root = read(R"({
+        "version": {"text": "a \"quoted\" \\ / \n\u0001 \u007F", "half": 0.5},
+        "modes": [{"on": false, "rates": [{"fps": 30}]}, {"on": true, "rates": [{"fps": 31}]}],
+        "matrix": [[-0.0, -9223372036854775808], [-1.0, -9223372036854775808]],
+        "nothing": null, "object": {}, "list": []})");
     QvJsonValue_t* pVersion = QvJsonValue_member(root.get(), "version");
-    QvJsonValue_addStringToObject(pVersion, "text", "a \"quoted\" \\ / \n\x01 \x7F");
-    QvJsonValue_addFloatToObject(pVersion, "half", 0.5);
     QvJsonValue_addFloatToObject(pVersion, "notFinite", std::numeric_limits<double>::infinity());
-    QvJsonValue_t* pModes = QvJsonValue_member(root.get(), "modes");
-    for (int mode = 0; mode < 2; ++mode) {
-        QvJsonValue_t* pMode = QvJsonValue_item(pModes, static_cast<size_t>(mode));
-        QvJsonValue_addBooleanToObject(pMode, "on", mode == 1);
-        QvJsonValue_t* pRates = QvJsonValue_member(pMode, "rates");
-        QvJsonValue_addIntegerToObject(QvJsonValue_item(pRates, 0), "fps", 30 + mode);
-    }
-    QvJsonValue_t* pMatrix = QvJsonValue_member(root.get(), "matrix");
-    for (int row = 0; row < 2; ++row) {
-        QvJsonValue_addFloatToArray(QvJsonValue_item(pMatrix, static_cast<size_t>(row)), row == 0 ? -0.0 : -1);
-        QvJsonValue_addIntegerToArray(QvJsonValue_item(pMatrix, static_cast<size_t>(row)),
-                                      std::numeric_limits<ssize_t>::min());
-    }
-    QvJsonValue_member(root.get(), "nothing");
-    QvJsonValue_t* pEmpty = make(QvJsonValueType_Object).release();
-    QvJsonValue_addValueToObject(root.get(), "object", &pEmpty);
-    pEmpty = make(QvJsonValueType_Array).release();
-    QvJsonValue_addValueToObject(root.get(), "list", &pEmpty);
     EXPECT_EQ(write(root.get()), R"({
   "version": {
     "text": "a \"quoted\" \\ / \n\u0001 )"
@@ -120,16 +98,22 @@ TEST(JsonWriter, FloatsAreWhatPrintfWrites)
                 expected += (expected.empty() ? "[" : ", ") + printed(value, decimals);
             }
         };
-        for (int index = 0; index < 15000; ++index) {
+        for (int index = 0; index < 8000; ++index) {
             add(std::bit_cast<double>(random()));
             // Magnitudes around those of documents and of the limits, and exact ties.
             add(std::ldexp(static_cast<double>(static_cast<int64_t>(random())), -static_cast<int>(random() % 110)));
             add(static_cast<double>(random() % 2000001) / 128 - 7812.5);
             add(static_cast<float>(static_cast<int64_t>(random() % 8000001) - 4000000) / 1e6F);
+            // What lies beside a tie of six decimals, of any size.
+            const double tie =
+                (static_cast<double>(static_cast<int64_t>(random()) >> (20 + random() % 44)) + 0.5) / 1e6;
+            add(tie);
+            add(std::nextafter(tie, 0.0));
+            add(std::nextafter(tie, 1e300));
         }
         for (const double value :
-             {0.0, -0.0, 0.9999995, 0.99999949999999995, 999999.9999995, 0x1p43, 0x1p43 - 0.0009765625, 0x1p53, 5e-324,
-              1.7976931348623157e308, 5e-7, 4.9999999999999998e-7}) {
+             {0.0, -0.0, 0.9999995, 0.99999949999999995, 999999.9999995, 0x1p43, 0x1p43 - 0.0009765625, 0x1p53,
+              9.9999994, 99.9999995, 5e-324, 1.7976931348623157e308, 5e-7, 4.9999999999999998e-7}) {
             add(value);
             add(-value);
         }
@@ -193,54 +177,17 @@ TEST(JsonWriter, CommentsAreWrittenBack)
     EXPECT_STREQ(QvJsonValue_member(again.get(), "c")->pComment, "from\n*/ a\nprogram");
 }
 
-TEST(JsonWriter, TextsWithCommentsDontChangeAnyMore)
+TEST(JsonWriter, CommentsThatNoReaderHasMadeSettleWithTheFirstWriting)
 {
-    const std::string pieces[] = {"/*",   "*/",   "//", "\n", "\n",        " ", "\t",     "\r", "\v", "a", "\xC3\xA4",
-                                  "\xFF", "\x01", "*",  "/",  "{\"k\": 1", ",", "\"l\":", "[",  "1",  "]", "}"};
-    const std::string gaps[] = {"{", "\"a\"", ":", "[", "1", ",",     "{", "}", "]", ",", "\"b\"", ":",
-                                "{", "\"c\"", ":", "2", ",", "\"d\"", ":", "[", "]", "}", "}"};
-    std::mt19937 random(77);
-    size_t read = 0;
-    const Traces traces;
-    for (int round = 0; round < 5000; ++round) {
-        // A document with comments of all kinds between its tokens, some of them broken.
-        std::string text;
-        for (const std::string& token : gaps) {
-            text += token;
-            if (random() % 4 == 0) {
-                const bool isBlock = random() % 2 == 0;
-                text += isBlock ? " /*" : "//";
-                for (size_t number = random() % 4; number > 0; --number) {
-                    text += pieces[random() % std::size(pieces)];
-                }
-                text += isBlock ? "*/" : "\n";
-            }
-            text += random() % 3 == 0 ? "\n" : "";
-        }
-        QvJsonReaderHandle_t reader = 0;
-        QvJsonValue_t* pValue = nullptr;
-        ASSERT_EQ(QvJsonReader_open(&reader), 0);
-        const int status = QvJsonReader_parse(reader, text.data(), text.data() + text.size(), &pValue);
-        QvJsonReader_close(&reader);
-        if (status == 0) {
-            const Tree first(pValue);
-            const std::string written = write(first.get());
-            ASSERT_EQ(write(qv::test::read(written).get()), written) << text;
-            ++read;
-        }
-    }
-    EXPECT_GT(read, 2000U);
-
-    // Comments that no reader has made.
     for (const char* pComment : {"", "\n", " a ", "a\n", "\na", "a\n\n\tb\r\n", "\r", "a\rb", "\v", "*/", "\xFF "}) {
-        const Tree root = qv::test::read("[[], {\"a\": 1}]");
+        const Tree root = read("[[], {\"a\": 1}]");
         for (QvJsonValue_t* pValue : {root.get(), QvJsonValue_item(root.get(), 0), QvJsonValue_item(root.get(), 1),
                                       QvJsonValue_member(QvJsonValue_item(root.get(), 1), "a")}) {
             setComment(pValue->pComment, pComment);
             setComment(pValue->pComment2, pComment);
         }
         const std::string written = write(root.get());
-        EXPECT_EQ(write(qv::test::read(written).get()), written);
+        EXPECT_EQ(write(read(written).get()), written);
     }
 }
 
@@ -270,17 +217,16 @@ TEST(JsonWriter, ATreeDeeperThanTheReaderTakesIsRefused)
 TEST(JsonWriter, TheSampleDocumentIsSavedByteForByte)
 {
     const std::string sample = QV_SOURCE_DIR "/examples/documents/imx477.json";
-    const std::string copy = testing::TempDir() + "json_writer_test.json";
-    QvJsonReaderHandle_t reader = 0;
+    const ScratchFolder folder;
+    const std::string copy = folder / "copy.json";
+    const Reader reader;
     QvJsonWriterHandle_t writer = 0;
     QvJsonWriterOpenParam_t param = {6, 0, "  "};
     QvJsonValue_t* pValue = nullptr;
-    ASSERT_EQ(QvJsonReader_open(&reader), 0);
     ASSERT_EQ(QvJsonWriter_open(&param, &writer), 0);
-    ASSERT_EQ(QvJsonReader_load(reader, sample.c_str(), &pValue), 0);
+    ASSERT_EQ(QvJsonReader_load(reader.handle(), sample.c_str(), &pValue), 0);
     EXPECT_EQ(QvJsonWriter_save(writer, pValue, copy.c_str()), 0);
-    EXPECT_TRUE(readFile(copy) == readFile(sample));
-    std::remove(copy.c_str());
+    EXPECT_TRUE(contentOf(copy) == contentOf(sample));
 
     Traces traces;
     EXPECT_EQ(QvJsonWriter_save(writer, pValue, "/no/such/folder/file.json"), 3);
@@ -293,6 +239,5 @@ TEST(JsonWriter, TheSampleDocumentIsSavedByteForByte)
     EXPECT_EQ(QvJsonWriter_open(&param, nullptr), 13);
     EXPECT_EQ(QvJsonWriter_close(nullptr), 13);
     EXPECT_EQ(QvJsonWriter_close(&writer), 0);
-    EXPECT_EQ(QvJsonReader_close(&reader), 0);
     QvJsonValue_delete(&pValue);
 }
