@@ -1,10 +1,7 @@
 #include <sstream>
 
 #include <qv_common_c/common_buffer.h>
-#include <qv_database_c/database_auto_edge_enhance_2.h>
-#include <qv_database_c/database_auto_wide_dynamic_range_5_2_1.h>
 #include <qv_database_c/database_binary.h>
-#include <qv_database_c/database_sensor.h>
 
 #include "test_support.h"
 
@@ -59,27 +56,6 @@ TEST(Binary, EveryRecordStandsAtItsPlaceInBothDirections)
         EXPECT_EQ(image[offset + size - 1], static_cast<char>(101 + i)) << key;
         EXPECT_TRUE(image.compare(offset, size, &target.record<char>(key.c_str()), size) == 0) << key;
     }
-}
-
-TEST(Binary, FieldsDeepInsideLargeRecordsStandWhereTheLayoutPutsThem)
-{
-    const Database database;
-    auto& edges = database.record<QvDatabaseAutoEdgeEnhance_2_t>("AEE_2");
-    auto& ranges = database.record<QvDatabaseAutoWideDynamicRange_5_2_1_t>("AWDR_5_2_1");
-    edges.tables[19].dciCurve[19][64] = 0x1234;
-    edges.tableIdx = 0x5655545352515049;
-    ranges.tables[19].wdrColorWeight[19][2] = 77;
-    ranges.tableNumber = 20;
-    database.record<QvDatabaseSensor_t>("SS").connectPortInfos[1].name[0] = 'P';
-    const std::string image = database.savedText("image");
-    // A row of AEE_2 has 5644 bytes and begins behind 4; the curves begin at 3040 of it, 65 points of 2 bytes each.
-    EXPECT_EQ(image.substr(182884 + 4 + 19 * 5644 + 3040 + (19 * 65 + 64) * 2, 2), "\x34\x12");
-    EXPECT_EQ(image.substr(182884 + 112896, 8), "IPQRSTUV");
-    // A row of AWDR_5_2_1 has 2984 bytes and begins behind 4; the weights begin at 2920 of it, 3 bytes each.
-    EXPECT_EQ(image[385908 + 4 + 19 * 2984 + 2920 + 19 * 3 + 2], 77);
-    EXPECT_EQ(image[385908 + 59696], 20); // its counters stand the other way round
-    // 20 modes of 40 bytes from 16 on, 30 list entries of 3864 bytes from 844 on; the ports follow at 116768.
-    EXPECT_EQ(image[446202 + 116768 + 24 + 4], 'P');
 }
 
 TEST(Binary, AFileThatEndsEarlyKeepsWhatWasReadAndFails)
