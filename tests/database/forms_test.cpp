@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <set>
+#include <tuple>
 
 #include <qv_database_c/database_auto_exposure_statistics_2.h>
 #include <qv_database_c/database_catalog.h>
@@ -389,20 +390,15 @@ void expectTold(const Table& table, std::size_t depth, QvDatabaseCatalogCursor_t
         QvDatabaseCatalogField_t told{};
         told.size = sizeof told;
         ASSERT_EQ(QvDatabaseCatalog_next(&cursor, &told), 0) << row.key;
-        EXPECT_STREQ(told.pKey, row.key);
-        EXPECT_EQ(told.depth, depth) << row.key;
-        EXPECT_EQ(told.offset, row.offset) << row.key;
-        EXPECT_EQ(told.extents[0] * told.extents[1] * told.extents[2] * told.width,
-                  row.count == Count::Heap ? 0
-                                           : row.size() * (row.count == Count::Members ? row.table->rows.size() : 1))
+        const std::size_t number = row.count == Count::Members ? row.table->rows.size() : row.number();
+        EXPECT_EQ(told.extents[0] * told.extents[1] * told.extents[2], row.count == Count::Heap ? 0 : number)
             << row.key;
-        EXPECT_EQ(static_cast<int>(told.written), static_cast<int>(row.written)) << row.key;
-        EXPECT_EQ(told.isWrittenSigned, row.isWrittenSigned) << row.key;
-        EXPECT_EQ(static_cast<int>(told.direction), static_cast<int>(row.direction)) << row.key;
-        EXPECT_EQ(static_cast<int>(told.count), static_cast<int>(row.count)) << row.key;
-        EXPECT_EQ(told.isTwin, row.isTwin) << row.key;
-        EXPECT_EQ(told.counterOffset, row.counter.offset) << row.key;
-        EXPECT_EQ(told.counterWidth, row.counter.width) << row.key;
+        EXPECT_EQ(std::tuple(std::string(told.pKey), told.depth, told.offset, told.width, int{told.written},
+                             told.isWrittenSigned, int{told.direction}, int{told.count}, told.isTwin,
+                             told.counterOffset, told.counterWidth),
+                  std::tuple(std::string(row.key), depth, row.offset, row.width, static_cast<int>(row.written),
+                             row.isWrittenSigned, static_cast<int>(row.direction), static_cast<int>(row.count),
+                             row.isTwin, row.counter.offset, row.counter.width));
         if (row.table != nullptr) {
             expectTold(*row.table, depth + 1, cursor);
         }
