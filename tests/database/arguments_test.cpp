@@ -1,6 +1,5 @@
 // Every operation is called with each of its arguments missing: the answer is 13, whatever the others are.
 #include <tuple>
-#include <type_traits>
 
 #include <qv_common_c/qv_common.h>
 #include <qv_database_c/database_calibration.h>
@@ -14,7 +13,6 @@
 #include <qv_database_c/database_tuning.h>
 #include <qv_database_c/protocol_calibration.h>
 #include <qv_database_c/protocol_simulator_codecs.h>
-#include <qv_initialization/qv_initialization.h>
 
 #include "test_support.h"
 
@@ -93,16 +91,11 @@ TEST(Arguments, OfTheDatabase)
 TEST(Arguments, OfTheCatalog)
 {
     const Database database;
-    QvDatabaseCatalogCategory_t category{};
-    QvDatabaseCatalogCursor_t cursor{};
-    QvDatabaseCatalogField_t field{};
-    QvDatabaseCatalogPlace_t place{};
-    QvDatabaseCatalogValue_t value{};
-    category.size = sizeof category;
-    cursor.size = sizeof cursor;
-    field.size = sizeof field;
-    place.size = sizeof place;
-    value.size = sizeof value;
+    auto category = sized<QvDatabaseCatalogCategory_t>();
+    auto cursor = sized<QvDatabaseCatalogCursor_t>();
+    auto field = sized<QvDatabaseCatalogField_t>();
+    auto place = sized<QvDatabaseCatalogPlace_t>();
+    auto value = sized<QvDatabaseCatalogValue_t>();
     double number = 0;
     std::size_t length = 0;
     char text[8];

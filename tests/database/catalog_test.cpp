@@ -11,14 +11,6 @@ using namespace qv::test;
 
 namespace {
 
-template <class T>
-T sized()
-{
-    T record{};
-    record.size = sizeof record;
-    return record;
-}
-
 /// A field on a walk, with its path through the last element of each list and the place that the walk adds up.
 struct Leaf {
     std::string path; ///< behind the category

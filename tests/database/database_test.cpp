@@ -36,7 +36,6 @@ TEST(Database, OpeningPrintsTheBannerAndBadArgumentsPrintNothing)
     EXPECT_EQ(traces.take(), "info: ISP Version: QVP1200L_V2407\ninfo: Qv_frameworks Version Number: 6.8.25.2\n");
     EXPECT_EQ(QvDatabase_open(&param, &handle), 13);
     EXPECT_EQ(query(handle, ""), 13);
-    EXPECT_EQ(query(handle, nullptr), 13);
     EXPECT_EQ(query(handle, "MISC", &param), 13);
     EXPECT_EQ(QvDatabase_close(&handle), 0);
     EXPECT_EQ(handle, 0U);

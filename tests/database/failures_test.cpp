@@ -67,15 +67,8 @@ TEST(Failures, AResetEndsTheQueueAndTheValueThatTheRecordHolds)
 
 TEST(Failures, AQueueThatTheApplicationClosedDoesNotKeepTheDatabaseOpen)
 {
-    QvDatabaseOpenParam_t param{};
-    QvDatabaseHandle_t handle = 0;
-    const Traces traces;
-    ASSERT_EQ(QvDatabase_open(&param, &handle), 0);
-    void* pRam = nullptr;
-    ASSERT_EQ(QvDatabase_query(handle, "RAM", &pRam), 0);
-    EXPECT_EQ(QvDatabaseRam_reset(static_cast<QvDatabaseRam_t*>(pRam)), 0);
-    EXPECT_EQ(QvDatabase_close(&handle), 0);
-    EXPECT_EQ(handle, 0U);
+    const Database database; // closes at its end, and wants 0 of that
+    EXPECT_EQ(QvDatabaseRam_reset(&database.record<QvDatabaseRam_t>("RAM")), 0);
 }
 
 TEST(Failures, MetadataThatCannotBeReadTouchesNothing)

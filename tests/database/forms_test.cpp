@@ -387,8 +387,7 @@ TEST(Forms, RowsStandInsideTheirRecordsAndApart)
 void expectTold(const Table& table, std::size_t depth, QvDatabaseCatalogCursor_t& cursor)
 {
     for (const Field& row : table.rows) {
-        QvDatabaseCatalogField_t told{};
-        told.size = sizeof told;
+        auto told = sized<QvDatabaseCatalogField_t>();
         ASSERT_EQ(QvDatabaseCatalog_next(&cursor, &told), 0) << row.key;
         const std::size_t number = row.count == Count::Members ? row.table->rows.size() : row.number();
         EXPECT_EQ(told.extents[0] * told.extents[1] * told.extents[2], row.count == Count::Heap ? 0 : number)
@@ -413,10 +412,8 @@ TEST(Forms, AreWhatTheCatalogTells)
         for (const Form& form : forms()) {
             if (std::strcmp(form.document, QvDatabaseCatalog_document(document)) == 0) {
                 SCOPED_TRACE(std::string(form.document) + " " + form.key);
-                QvDatabaseCatalogCursor_t cursor{};
-                QvDatabaseCatalogField_t field{};
-                cursor.size = sizeof cursor;
-                field.size = sizeof field;
+                auto cursor = sized<QvDatabaseCatalogCursor_t>();
+                auto field = sized<QvDatabaseCatalogField_t>();
                 ASSERT_EQ(QvDatabaseCatalog_walk(document, form.key, &cursor), 0);
                 expectTold(*form.table, 0, cursor);
                 EXPECT_EQ(QvDatabaseCatalog_next(&cursor, &field), 8) << "more than there are rows";

@@ -73,16 +73,6 @@ TEST(Meta, WhatADocumentLacksKeepsItsValue)
     pMeta->frameCount = 0x0101010101010101;
     const std::vector<char> ones(sizeof *pMeta, 1);
     EXPECT_EQ(std::memcmp(pMeta.get(), ones.data(), ones.size()), 0);
-    EXPECT_EQ(parsed(QvDatabaseMeta_parse,
-                     R"({"integrationTimeRange": [{"max": 5}, {"min": 6}], "bufChainId": 4294967295,
-        "meanLuma": [{"totalMean": [7]}, 1, 2, 3, 4, 5, 6]})",
-                     *pMeta),
-              0);
-    EXPECT_EQ(pMeta->integrationTimeRange[0].max + pMeta->integrationTimeRange[1].min, 11U);
-    EXPECT_EQ(pMeta->integrationTimeRange[2].max, 0x01010101U);
-    EXPECT_EQ(pMeta->bufChainId, -1);
-    EXPECT_EQ(pMeta->meanLuma[0].totalMean[0], 7U);
-    EXPECT_EQ(QvDatabaseMeta_parse(nullptr, pMeta.get()), 13);
 }
 
 TEST(Meta, TheContentOfAFileTellsItsForm)

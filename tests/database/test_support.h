@@ -71,6 +71,15 @@ std::string recordOf(QvDatabaseHandle_t handle, const std::string& key);
 /// All records, one behind the other, but for those that hold addresses.
 std::string recordsOf(QvDatabaseHandle_t handle);
 
+/// A struct of the catalog that tells its size.
+template <class T>
+T sized()
+{
+    T record{};
+    record.size = sizeof record;
+    return record;
+}
+
 /// A folder of its own for each test, removed at the end.
 class TemporaryFolder {
 public:

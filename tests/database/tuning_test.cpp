@@ -65,23 +65,4 @@ TEST(Tuning, NoMemberOfARealDocumentIsPassedOver)
     EXPECT_TRUE(undated(other.savedText()) == undated(saved));
 }
 
-TEST(Tuning, AnImageCarriesAllOfARealDocumentButWhatItHasNoPlaceFor)
-{
-    const Database database;
-    const Database other;
-    EXPECT_EQ(database.load(sample("imx477.json")), 0);
-    EXPECT_EQ(other.loadText(database.savedText("image"), "image"), 0);
-    std::string texts[2];
-    for (const Database* pDatabase : {&database, &other}) {
-        const JsonValue document = parseJson(pDatabase->savedText());
-        for (const char* pKey : {"AGE", "DUMP"}) { // an image has no place for them
-            QvJsonValue_t* pMember = QvJsonValue_member(QvJsonValue_member(document.get(), "tuning"), pKey);
-            EXPECT_EQ(QvJsonValue_isEmpty(pMember), false) << pKey;
-            QvJsonValue_delete(&pMember);
-        }
-        texts[pDatabase == &other ? 1 : 0] = comparable(jsonText(document.get()));
-    }
-    EXPECT_TRUE(texts[0] == texts[1]);
-}
-
 } // namespace
