@@ -1,17 +1,18 @@
 // Every operation is called with each of its arguments missing: the answer is 13, whatever the others are.
 #include <tuple>
-#include <type_traits>
 
 #include <qv_common_c/qv_common.h>
 #include <qv_database_c/database_calibration.h>
 #include <qv_database_c/database_catalog.h>
+#include <qv_database_c/database_color_correction_matrix_1_1.h>
+#include <qv_database_c/database_lens_shading_correction_4.h>
 #include <qv_database_c/database_meta.h>
+#include <qv_database_c/database_ram.h>
 #include <qv_database_c/database_setting.h>
 #include <qv_database_c/database_text.h>
 #include <qv_database_c/database_tuning.h>
 #include <qv_database_c/protocol_calibration.h>
 #include <qv_database_c/protocol_simulator_codecs.h>
-#include <qv_initialization/qv_initialization.h>
 
 #include "test_support.h"
 
@@ -48,6 +49,10 @@ TEST(Arguments, OfTheDatabase)
     const auto pCalibration = std::make_unique<QvDatabaseCalibration_t>();
     QvDatabaseMeta_t meta{};
     QvDatabaseSetting_t setting{};
+    QvDatabaseRam_t ram{};
+    QvDatabaseColorCorrectionMatrix_1_1_t matrix{};
+    QvDatabaseLensShadingCorrection_4_t shading{};
+    const QvJsonWriterHandle_t writer = 1; // nobody gets as far as to use it
     QV_REFUSED(QvDatabase_open, &param, &none);
     EXPECT_EQ(QvDatabase_close(nullptr), 13);
     EXPECT_EQ(QvDatabase_close(&none), 13);
@@ -71,24 +76,26 @@ TEST(Arguments, OfTheDatabase)
     QV_REFUSED(QvDatabaseProtocolCalibration_serialize, pCalibration.get(), value.get());
     QV_REFUSED(QvDatabaseProtocolCalibrationBinary_parse, &buffer, pCalibration.get());
     QV_REFUSED(QvDatabaseProtocolCalibrationBinary_serialize, pCalibration.get(), &buffer);
+    QV_REFUSED(QvDatabaseColorCorrectionMatrix_1_1_parse2, &buffer, &matrix);
+    QV_REFUSED(QvDatabaseLensShadingCorrection_4_parse2, &buffer, &shading);
+    QV_REFUSED(QvDatabaseMeta_serialize2, &meta, writer, &buffer);
+    QV_REFUSED(QvDatabaseRam_reset, &ram);
     QV_REFUSED(QvDatabaseSetting_parse, value.get(), &setting);
     QV_REFUSED(QvDatabaseSetting_serialize, &setting, value.get());
     QV_REFUSED(QvDatabaseSetting_reset, &setting);
+    EXPECT_EQ(QvDatabaseSetting_parse(value.get(), &setting), 0) << "it belongs to no document";
+    EXPECT_EQ(QvDatabaseSetting_serialize(&setting, value.get()), 0);
+    EXPECT_TRUE(QvJsonValue_isEmpty(value.get()));
 }
 
 TEST(Arguments, OfTheCatalog)
 {
     const Database database;
-    QvDatabaseCatalogCategory_t category{};
-    QvDatabaseCatalogCursor_t cursor{};
-    QvDatabaseCatalogField_t field{};
-    QvDatabaseCatalogPlace_t place{};
-    QvDatabaseCatalogValue_t value{};
-    category.size = sizeof category;
-    cursor.size = sizeof cursor;
-    field.size = sizeof field;
-    place.size = sizeof place;
-    value.size = sizeof value;
+    auto category = sized<QvDatabaseCatalogCategory_t>();
+    auto cursor = sized<QvDatabaseCatalogCursor_t>();
+    auto field = sized<QvDatabaseCatalogField_t>();
+    auto place = sized<QvDatabaseCatalogPlace_t>();
+    auto value = sized<QvDatabaseCatalogValue_t>();
     double number = 0;
     std::size_t length = 0;
     char text[8];
@@ -119,21 +126,9 @@ TEST(Arguments, OfTheCatalog)
     }
 }
 
+// What the tests of the siblings' own operations leave out.
 TEST(Arguments, OfTheSiblings)
 {
-    QvCommonMapOpenParam_t mapParam{};
-    QvCommonMapHandle_t map = 0;
-    QvCommonMapSlot_t slot{};
-    QvCommonMapSlot_t* pSlot = &slot;
-    QV_REFUSED(QvCommonMap_open, &mapParam, &map);
-    ASSERT_EQ(QvCommonMap_open(&mapParam, &map), 0);
-    EXPECT_EQ(QvCommonMap_open(&mapParam, &map), 13);
-    QV_REFUSED(QvCommonMap_add, map, "key", &pSlot);
-    QV_REFUSED(QvCommonMap_get, map, "key", &pSlot);
-    EXPECT_EQ(QvCommonMap_close(&map), 0);
-    EXPECT_EQ(QvCommonMap_close(&map), 13);
-    EXPECT_EQ(QvCommonMap_close(nullptr), 13);
-
     QvCommonDQueueHandle_t queue = 0;
     void* pElement = &queue;
     EXPECT_EQ(QvCommonDQueue_open(nullptr, nullptr), 13);
@@ -153,26 +148,15 @@ TEST(Arguments, OfTheSiblings)
     QV_REFUSED(QvCommonBuffer_save2, pBuffer, "x", 0U);
     EXPECT_EQ(QvCommonBuffer_delete(&pBuffer), 0);
 
-    QvCommonTracerOpenParam_t tracerParam{};
-    QvCommonTracerHandle_t tracer = 0;
-    QV_REFUSED(QvCommonTracer_open, &tracerParam, &tracer);
-    EXPECT_EQ(QvCommonTracer_close(&tracer), 13);
-
     QvJsonReaderHandle_t reader = 0;
-    QvJsonValue_t* pValue = nullptr;
-    EXPECT_EQ(QvJsonReader_open(nullptr), 13);
     ASSERT_EQ(QvJsonReader_open(&reader), 0);
-    const char* pText = "1";
-    QV_REFUSED(QvJsonReader_parse, reader, pText, pText + 1, &pValue);
-    EXPECT_EQ(QvJsonReader_parse(reader, pText + 1, pText, &pValue), 13);
-    QV_REFUSED(QvJsonReader_load, reader, "x", &pValue);
     const JsonValue tree = parseJson("{}");
+    QvJsonValue_t* pValue = nullptr;
+    QV_REFUSED(QvJsonReader_load, reader, "x", &pValue);
     pValue = tree.get();
-    EXPECT_EQ(QvJsonReader_parse(reader, pText, pText + 1, &pValue), 13);
     EXPECT_EQ(QvJsonReader_load(reader, "x", &pValue), 13);
     QV_REFUSED(QvJsonPath, tree.get(), "a", &pValue);
     EXPECT_EQ(QvJsonReader_close(&reader), 0);
-    EXPECT_EQ(QvJsonReader_close(nullptr), 13);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
-#include <cctype>
 #include <cstring>
 #include <numeric>
+#include <regex>
 #include <sstream>
 #include <tuple>
 
@@ -34,15 +34,6 @@ protected:
     QvDatabaseCalibration_t& clb = *pRecord;
 };
 
-std::string repeated(const std::string& item, std::size_t number)
-{
-    std::string text = item;
-    for (std::size_t i = 1; i < number; ++i) {
-        text += ", " + item;
-    }
-    return "[" + text + "]";
-}
-
 template <std::size_t N>
 std::vector<float> list(const float (&values)[N])
 {
@@ -68,7 +59,7 @@ TEST_F(Calibration, ListsAreCountedInEightBitsFirstAndComparedThen)
         for (const std::size_t number :
              {capacity, capacity + 1, std::size_t{255}, std::size_t{256}, std::size_t{257}}) {
             clb = {};
-            EXPECT_EQ(read(pBefore + repeated("{}", number) + pAfter), number % 256 <= capacity ? 0 : 6) << pBefore;
+            EXPECT_EQ(read(pBefore + listOf(number, "{}") + pAfter), number % 256 <= capacity ? 0 : 6) << pBefore;
             EXPECT_EQ(reinterpret_cast<unsigned char*>(&clb)[counter], number % 256) << pBefore << number;
             EXPECT_FALSE(written().empty()); // however large the counter, it reads nothing behind the record
         }
@@ -81,18 +72,6 @@ TEST_F(Calibration, ListsAreCountedInEightBitsFirstAndComparedThen)
     QvJsonValue_t* pSensor = QvJsonValue_member(value.get(), "sensor");
     EXPECT_EQ(QvJsonValue_size(QvJsonValue_member(pSensor, "LSC")), 8U);
     EXPECT_EQ(QvJsonValue_size(QvJsonValue_member(pSensor, "CC")), 15U);
-}
-
-TEST_F(Calibration, AListThatIsTooLongEndsTheReadingBeforeItsItems)
-{
-    EXPECT_EQ(read(R"({"header": {"creator": "me"}, "sensor": {"BLS": [{"name": "b"}], "CC": )" +
-                   repeated(R"({"name": "n"})", 15) + R"(, "DPF": [{}]}, "system": {"AFPS": {"aFpsDefault": "s"}}})"),
-              6);
-    EXPECT_EQ(std::string(clb.header.creator) + clb.sensor.bls[0].name, "meb");
-    EXPECT_EQ(std::string(clb.sensor.cc[0].name) + clb.system.afpsDefault, "");
-    EXPECT_EQ(clb.sensor.dpfNumber, 0);
-    EXPECT_EQ(readSensor("\"CC\": " + repeated(R"({"name": "n"})", 257)), 0);
-    EXPECT_EQ(std::string(clb.sensor.cc[0].name) + clb.sensor.cc[1].name, "n");
 }
 
 TEST_F(Calibration, BayerNoiseIsReadAsOftenAsBlackLevelsAre)
@@ -117,33 +96,10 @@ TEST_F(Calibration, TextsThatFillTheirFieldRunOnButNotPastTheRecord)
     expectWritten("\"creator\": \"" + fifty + "imx477\"|\"aFpsDefault\": \"" + fifty + "\\u0001Z\"");
 }
 
-TEST_F(Calibration, EachKeyGoesOutInItsOwnForm)
-{
-    clb.sensor.awb.sensorGains = clb.sensor.bls[0].sensorGains = 0.5F;
-    const std::string text = R"("AF": {"tbd": -1}, "AWB": {"sensorGains": 1, "SensorGains": 1, "illumination": [
-        {"aLSC": [{"resolution": "r0", "LSC_PROFILE_LIST": "p0"}, {"resolution": "r1"}]}, {"aLSC": [], "awbType": "A"}]},
-        "BLS": [{"blsData": [-256, 1, 2, 3], "bitWidth": 255, "SensorGains": 1}],
-        "CAC": [{"x_offset": -3, "y_offset": 65522}], "CC": [{"SensorGains": 5}], "DPF": [{"nll_coeff_n": [-5]}],
-        "LSC": [{"resolution": "own", "LSC_Xo": -15, "LSC_SECT_SIZE_X": [65535], "LSC_SAMPLES_red": [[40000]],
-        "LSC_SAMPLES_greenR": [[40001]], "LSC_SAMPLES_greenB": [[40002]], "LSC_SAMPLES_blue": [[40003]],
-        "center": [-7, 8], "off_center": 40000, "radial_gain": [[40000, 65535]]}])";
-    EXPECT_EQ(read(R"({"header": {"resolution": [{"width": 65535, "height": -2}]}, "sensor": {)" + text + "}}"), 0);
-    EXPECT_EQ(clb.sensor.lsc[0].sampleRed[0][0], 40000);
-    EXPECT_EQ(clb.sensor.awb.sensorGains + clb.sensor.bls[0].sensorGains, 1.0F);
-    EXPECT_STREQ(clb.sensor.awb.illuminations[1].awbType, "A");
-    expectWritten(R"("width": 65535,|"height": 65534,|"tbd": -1|"blsData": [-256, 1, 2, 3]|"bitWidth": 255|)"
-                  R"("x_offset": 65533,|"y_offset": 65522,|"SensorGains": 5.0|[-5, 0,|"LSC_Xo": -15,|"globals": null,|)"
-                  R"("LSC_SECT_SIZE_X": [-1, 0,|"LSC_SAMPLES_red": [[-25536, 0,|"LSC_SAMPLES_greenR": [[-25535, 0,|)"
-                  R"("LSC_SAMPLES_greenB": [[-25534, 0,|"LSC_SAMPLES_blue": [[-25533, 0,|"center": [-7, 8],|)"
-                  R"("off_center": 40000,|"radial_gain": [[40000, 65535, 0,|"aLSC": [{)"
-                  "\n              \"resolution\": \"r0\",\n              \"LSC_PROFILE_LIST\": \"p0\"\n"
-                  "            }],");
-}
-
 TEST_F(Calibration, ListsLongerThanTheirFieldAreCutButRowsRunOn)
 {
-    const std::string many = repeated("7", 3000);
-    const std::string grid = repeated(repeated("9", 140), 40);
+    const std::string many = listOf(3000, "7");
+    const std::string grid = listOf(40, listOf(140, "9"));
     EXPECT_EQ(readSensor(R"("AWB": {"globals": [{"PCAMatrix": [[1, 2], [3, 4], [5, 6], [7, 8]], "afRg2": )" + many +
                          R"(, "IIR": {}}], "illumination": [{"manualccMatrix": [[1, 2, 3, 4], [5, 6], [7]], "tau": )" +
                          many + R"(}]}, "BLS": [{"blsData": )" + many + R"(}], "DPF": [{"nll_coeff_n": )" + many +
@@ -160,7 +116,7 @@ TEST_F(Calibration, ListsLongerThanTheirFieldAreCutButRowsRunOn)
     EXPECT_EQ(lsc[0].sampleBlue[32][32] + lsc[0].radialGain[3][128] + lsc[0].sectSizeX[31], 9 + 9 + 7);
     expectWritten("[[1.000000, 2.000000], [3.000000, 4.000000], [5.000000, 6.000000]]");
 
-    EXPECT_EQ(readSensor(R"("CC": [{"ccMatrix": )" + repeated("[1, 1, 1]", 10000) + "}]"), 0);
+    EXPECT_EQ(readSensor(R"("CC": [{"ccMatrix": )" + listOf(10000, "[1, 1, 1]") + "}]"), 0);
     float last = 0;
     std::memcpy(&last, reinterpret_cast<char*>(&clb + 1) - sizeof last, sizeof last);
     EXPECT_EQ(last, 1.0F) << "rows run on to the end of the record";
@@ -188,25 +144,14 @@ TEST_F(Calibration, RawImagesFollowEachOtherInABuffer)
     EXPECT_EQ(buffer.offset, 2 * 89736U);
 }
 
-TEST_F(Calibration, TheSampleIsReportedAndSurvivesASaveOverAnotherOne)
+TEST_F(Calibration, TheSampleSurvivesASaveOverAnotherOne)
 {
-    const auto infoOf = [this](const Database& database) {
-        traces.clear();
-        EXPECT_EQ(QvDatabase_info(database.handle()), 0);
-        return std::accumulate(traces.lines().begin(), traces.lines().end(), std::string(),
-                               [](const std::string& all, const TraceLine& line) { return all + line.text + " "; });
-    };
     const auto sections = [](const std::string& document) { // from "header" up to what follows "system"
         return document.substr(document.find("\"header\""), document.find("\"tuning\"") - document.find("\"header\""));
     };
     const Database first;
     const Database second;
-    EXPECT_EQ(infoOf(first), "info: header/resolution: 0 info: awb/global: 0 info: awb/illumination: 0 info: bls: 0 "
-                             "info: bnr: 0 info: cac: 0 info: cc: 0 info: dpf: 0 info: lsc: 0 ");
     ASSERT_EQ(first.load(sample("imx477.json")), 0);
-    EXPECT_EQ(infoOf(first), "info: header/resolution: 1 info: header/resolution[0]/framerate: 3 info: awb/global: 1 "
-                             "info: awb/illumination: 7 info: bls: 1 info: bnr: 1 info: cac: 1 info: cc: 12 "
-                             "info: dpf: 1 info: lsc: 8 ");
     auto& loaded = second.record<QvDatabaseCalibration_t>("CLB");
     std::memset(&loaded.sensor, 1, sizeof loaded.sensor);
     EXPECT_EQ(second.loadText(R"({"sensor": {"AF": {"tbd": 5}}})"), 0);
@@ -216,87 +161,47 @@ TEST_F(Calibration, TheSampleIsReportedAndSurvivesASaveOverAnotherOne)
     EXPECT_TRUE(loaded.isLoaded);
 }
 
-/// What a calibration text came to: status, record and traces, without the lines of the levels above the parser.
-struct Outcome {
-    int status;
-    std::string record;
-    std::vector<std::string> traces;
-
-    bool operator==(const Outcome&) const = default;
-};
-
-std::vector<std::string> parserTraces(const Traces& traces)
+/// What is traced below the levels that only a load goes through.
+std::string parserTraces(Traces& traces)
 {
-    std::vector<std::string> lines;
-    for (const TraceLine& line : traces.lines()) {
-        if (line.text.find("database_text.cpp") == std::string::npos &&
-            line.text.find("qv_database.cpp") == std::string::npos) {
-            lines.push_back(line.text);
-        }
-    }
-    return lines;
+    return std::regex_replace(traces.take(), std::regex(".*(database_text|qv_database)\\.cpp.*\n"), "");
 }
 
 // A load walks the tree that it has; the parser of texts makes one of its own. Both are the same to their callers.
 TEST(CalibrationText, ALoadGivesWhatTheParserOfTextsGives)
 {
-    std::vector<std::string> texts = {
-        readFile(sample("imx477.json")),
-        R"({"header": {"creator": "x"}, "sensor": {"BLS": [{"name": "a"}], "BNR": [{}]}, "system": {"AFPS": {}}})",
-        R"({"header": {"creator": 5, "resolution": 7}, "sensor": [1, 2], "system": "x"})",
-        R"({"header": {"resolution": {"a": 1}}, "sensor": {"AWB": 1, "CC": "x", "LSC": [[], 5, null]}})",
-        R"({"header": [1], "sensor": {"CC": [{"ccMatrix": [[1], 2, "x"], "wb": 3, "name": [5]}]}})",
+    const JsonValue document = parseJson(readFile(sample("imx477.json")));
+    for (const char* pKey : {"version", "tuning"}) { // their traces would stand between
+        QvJsonValue_t* pMember = QvJsonValue_member(document.get(), pKey);
+        QvJsonValue_delete(&pMember);
+    }
+    const std::pair<std::string, int> cases[] = {
+        {jsonText(document.get()), 0},
+        {R"({"header": {"creator": "x"}, "sensor": {"BLS": [{"name": "a"}], "BNR": [{}]}, "system": {"AFPS": {}}})", 0},
+        {R"({"header": {"creator": 5, "resolution": 7}, "sensor": [1, 2], "system": "x"})", 0},
+        {R"({"header": {"resolution": {"a": 1}}, "sensor": {"AWB": 1, "CC": "x", "LSC": [[], 5, null]}})", 0},
+        {R"({"header": [1], "sensor": {"CC": [{"ccMatrix": [[1], 2, "x"], "wb": 3, "name": [5]}]}})", 0},
+        {R"({"header": {"resolution": )" + listOf(6, "{}") + "}}", 6},
+        {R"({"header": {"resolution": [{"framerate": )" + listOf(6, "{}") + "}]}}", 6},
+        {R"({"header": {"creator": "x"}, "sensor": {"AWB": {"illumination": )" + listOf(255, R"({"name": "n"})") +
+             "}}}",
+         6},
+        {R"({"header": {"creator": "x"}, "sensor": {"LSC": )" + listOf(256, R"({"name": "n"})") + "}}", 0},
     };
-    for (const auto& [before, behind] : std::initializer_list<std::pair<const char*, const char*>>{
-             {R"("resolution": )", ""}, {R"("resolution": [{"framerate": )", "}]"}}) {
-        texts.push_back(std::string(R"({"header": {)") + before + repeated("{}", 6) + behind + "}}");
-    }
-    for (const char* pList : {"BLS", "BNR", "CAC", "CC", "DPF", "LSC", "globals", "illumination"}) {
-        const bool isInAwb = std::islower(*pList) != 0;
-        for (const std::size_t number : {15U, 255U, 256U}) {
-            const std::string members = std::string("\"") + pList + "\": " + repeated(R"({"name": "n"})", number);
-            texts.push_back(R"({"header": {"creator": "x"}, "sensor": {)" +
-                            (isInAwb ? "\"AWB\": {" + members + "}" : members) + "}}");
-        }
-    }
-    std::size_t failures = 0;
-    std::size_t traces = 0;
-    for (const std::string& text : texts) {
+    for (const auto& [text, status] : cases) {
+        SCOPED_TRACE(text.substr(0, 80));
         const Database database;
         auto& record = database.record<QvDatabaseCalibration_t>("CLB");
-        const auto recordBytes = [&] { return std::string(reinterpret_cast<const char*>(&record), sizeof record); };
-        // Without the other members, whose traces would stand between.
-        const JsonValue document = parseJson(text);
-        for (const char* pKey : {"version", "tuning"}) {
-            QvJsonValue_t* pMember = QvJsonValue_member(document.get(), pKey);
-            QvJsonValue_delete(&pMember);
-        }
-        const std::string calibration = jsonText(document.get());
-
-        Outcome parsedText{};
-        {
-            const Traces lines;
-            EXPECT_EQ(QvDatabaseProtocolCalibration_reset(&record), 0);
-            parsedText.status = QvDatabaseProtocolCalibration_parse(calibration.c_str(), &record);
-            parsedText.record = recordBytes();
-            parsedText.traces = parserTraces(lines);
-        }
-        Outcome loaded{};
-        {
-            const Traces lines;
-            loaded.status = database.loadText(calibration);
-            EXPECT_EQ(record.isLoaded, loaded.status == 0) << text.substr(0, 80);
-            record.isLoaded = false;
-            loaded.record = recordBytes();
-            loaded.traces = parserTraces(lines);
-        }
-        EXPECT_TRUE(parsedText == loaded) << text.substr(0, 80) << ": " << parsedText.status << " and " << loaded.status
-                                          << ", " << parsedText.traces.size() << " and " << loaded.traces.size();
-        failures += parsedText.status == 6 ? 1U : 0U;
-        traces += parsedText.traces.size();
+        Traces traces;
+        EXPECT_EQ(QvDatabaseProtocolCalibration_parse(text.c_str(), &record), status);
+        const std::string bytes = recordOf(database.handle(), "CLB");
+        const std::string lines = parserTraces(traces);
+        EXPECT_EQ(database.loadText(text), status);
+        EXPECT_EQ(record.isLoaded, status == 0);
+        record.isLoaded = false;
+        EXPECT_TRUE(recordOf(database.handle(), "CLB") == bytes);
+        EXPECT_EQ(parserTraces(traces), lines);
     }
-    EXPECT_GE(failures, 15U);
-    EXPECT_GE(traces, 200U);
 }
 
 TEST(CalibrationText, TheScannerTakesWhatStandsBetweenTheFirstBrackets)
@@ -371,8 +276,14 @@ TEST(CalibrationText, MatrixAndShadingComeOutOfTheSample)
     EXPECT_EQ(std::vector<int>(pLsc->xSize, pLsc->xSize + 4), (std::vector<int>{4464, 65535, 12, 127}));
     EXPECT_EQ(pLsc->ySize[0] + pLsc->matrix[0][0] + pLsc->matrix[1][0] * 10 + pLsc->matrix[3][0] * 100, 95 + 421);
     EXPECT_FALSE(ccm.enable || ccm.overrideCaliEn || pLsc->enable || pLsc->overrideCaliEn);
-    EXPECT_EQ(QvDatabaseColorCorrectionMatrix_1_1_parse2(nullptr, &ccm), 13);
-    EXPECT_EQ(QvDatabaseLensShadingCorrection_4_parse2(&buffer, nullptr), 13);
+
+    odd.erase(odd.find("[4]"), 1); // a table that is missing keeps those before it
+    *pLsc = {};
+    const Traces traces;
+    EXPECT_EQ(QvDatabaseLensShadingCorrection_4_parse2(&buffer, pLsc.get()), 15);
+    EXPECT_EQ(pLsc->matrix[0][0] * 100 + pLsc->matrix[1][0] * 10 + pLsc->matrix[2][0], 123);
+    EXPECT_EQ(pLsc->matrix[3][0], 0);
+    EXPECT_EQ(traces.count(QvCommonTracerLevel_Error, "key or bracket not found(15)"), 2U);
 }
 
 } // namespace

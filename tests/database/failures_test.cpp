@@ -1,6 +1,5 @@
 #include <qv_database_c/database_calibration.h>
 #include <qv_database_c/database_green_equilibration.h>
-#include <qv_database_c/database_lens_shading_correction_4.h>
 #include <qv_database_c/database_meta.h>
 #include <qv_database_c/database_ram.h>
 
@@ -30,22 +29,8 @@ TEST(Failures, ACalibrationListOverCapacityKeepsWhatWasReadBeforeIt)
     EXPECT_EQ(green.threshold, 8.5F);
     EXPECT_EQ(traces.count(QvCommonTracerLevel_Error, "calibration_textParse: too short or over capacity(6)"), 1U);
     EXPECT_EQ(traces.count(QvCommonTracerLevel_Error, "QvDatabase_load: too short or over capacity(6)"), 1U);
-}
-
-TEST(Failures, ACountLeftTooLargeIsFollowedInsideTheRecordOnly)
-{
-    const Database database;
-    auto& calibration = database.record<QvDatabaseCalibration_t>("CLB");
-    std::string sections = "{}";
-    for (int i = 1; i < 255; ++i) {
-        sections += ",{}";
-    }
-    const Traces traces(QvCommonTracerLevel_Error);
-    EXPECT_EQ(database.loadText(R"({"header": {"creator": "me"}, "sensor": {"LSC": [)" + sections + "]}}"), 6);
-    EXPECT_EQ(calibration.sensor.lscNumber, 255);
-    const JsonValue document = parseJson(database.savedText()); // would read some 2 MB past the record
-    QvJsonValue_t* pSections = QvJsonValue_member(QvJsonValue_member(document.get(), "sensor"), "LSC");
-    EXPECT_EQ(QvJsonValue_size(pSections), 8U);
+    // What it left is written and told of as far as the record goes.
+    EXPECT_NE(database.savedText().find("\"creator\": \"me\""), std::string::npos);
     EXPECT_EQ(QvDatabase_info(database.handle()), 0);
 }
 
@@ -70,34 +55,20 @@ TEST(Failures, AnImageOfAnythingSavesAsADocumentOfBoundedSize)
     EXPECT_LT(database.savedText().size(), 50'000'000U);
 }
 
-TEST(Failures, AShadingTableThatIsMissingKeepsThoseBeforeIt)
+TEST(Failures, AResetEndsTheQueueAndTheValueThatTheRecordHolds)
 {
-    QvDatabaseLensShadingCorrection_4_t record{};
-    std::string text = "LSC_SECT_SIZE_X [1] LSC_SECT_SIZE_Y [2] LSC_SAMPLES_red [3] LSC_SAMPLES_greenAtRedLine [4] "
-                       "LSC_SAMPLES_greenAtBlueLine [5] LSC_SAMPLES_blue 6]";
-    QvCommonBuffer_t buffer{};
-    buffer.pBegin = text.data();
-    buffer.size = text.size();
-    const Traces traces;
-    EXPECT_EQ(QvDatabaseLensShadingCorrection_4_parse2(&buffer, &record), 15);
-    EXPECT_EQ(record.xSize[0] * 10000 + record.ySize[0] * 1000 + record.matrix[0][0] * 100 + record.matrix[1][0] * 10 +
-                  record.matrix[2][0],
-              12345);
-    EXPECT_EQ(record.matrix[3][0], 0);
-    EXPECT_EQ(traces.count(QvCommonTracerLevel_Error, "key or bracket not found(15)"), 2U);
+    QvDatabaseRam_t ram{};
+    ASSERT_EQ(QvCommonBufferQueue_open(nullptr, &ram.hBufferQueueFile), 0);
+    ram.pJSensorQuery = parseJson("[1]").release();
+    EXPECT_EQ(QvDatabaseRam_reset(&ram), 0);
+    EXPECT_EQ(ram.hBufferQueueFile, 0U);
+    EXPECT_EQ(ram.pJSensorQuery, nullptr);
 }
 
 TEST(Failures, AQueueThatTheApplicationClosedDoesNotKeepTheDatabaseOpen)
 {
-    QvDatabaseOpenParam_t param{};
-    QvDatabaseHandle_t handle = 0;
-    const Traces traces;
-    ASSERT_EQ(QvDatabase_open(&param, &handle), 0);
-    void* pRam = nullptr;
-    ASSERT_EQ(QvDatabase_query(handle, "RAM", &pRam), 0);
-    EXPECT_EQ(QvDatabaseRam_reset(static_cast<QvDatabaseRam_t*>(pRam)), 0);
-    EXPECT_EQ(QvDatabase_close(&handle), 0);
-    EXPECT_EQ(handle, 0U);
+    const Database database; // closes at its end, and wants 0 of that
+    EXPECT_EQ(QvDatabaseRam_reset(&database.record<QvDatabaseRam_t>("RAM")), 0);
 }
 
 TEST(Failures, MetadataThatCannotBeReadTouchesNothing)

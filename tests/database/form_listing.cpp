@@ -11,84 +11,40 @@ using namespace qv::database;
 
 std::string elementText(const Field& field, Element element, bool isSigned)
 {
-    const std::string width = std::to_string(field.width);
     switch (element) {
     case Element::Bool:
         return "bool";
     case Element::Integer:
-        return std::string(isSigned ? "int" : "uint").append(std::to_string(field.width * 8));
+        return (isSigned ? "int" : "uint") + std::to_string(field.width * 8);
     case Element::Float:
         return "float";
     case Element::Double:
         return "double";
-    case Element::Text:
-        return std::string("text(").append(width).append(")");
-    case Element::Record:
-        return std::string("record(").append(width).append(")");
+    default:
+        return (element == Element::Text ? "text(" : "record(") + std::to_string(field.width) + ")";
     }
-    return "?";
-}
-
-std::string extentText(const Field& field)
-{
-    std::string text;
-    for (int i = 0; i < field.rank; ++i) {
-        text.append("[").append(std::to_string(field.extents[i])).append("]");
-    }
-    return text;
-}
-
-std::string counterText(const char* pWord, Counter counter)
-{
-    char text[64];
-    std::snprintf(text, sizeof text, " %s uint%d@%u", pWord, counter.width * 8, counter.offset);
-    return text;
 }
 
 std::string noteText(const Field& field)
 {
-    std::string text;
-    switch (field.count) {
-    case Count::One:
-        break;
-    case Count::Members:
-        text += " list-of-members";
-        break;
-    case Count::Fixed:
-        text += field.rank == 0 ? " first-item" : " fixed";
-        break;
-    case Count::Whole:
-        text += " written-whole";
-        break;
-    case Count::Counted:
-        text += counterText("counted-by", field.counter);
-        break;
-    case Count::Measured:
-        text += counterText("measured-into", field.counter);
-        break;
-    case Count::Schedule:
-        text += counterText("schedule", field.counter);
-        break;
-    case Count::Heap:
-        text += counterText("heap", field.counter);
-        break;
+    constexpr const char* kCounts[] = {
+        "", " list-of-members", " fixed", " written-whole", " counted-by", " measured-into", " schedule", " heap"};
+    constexpr const char* kDirections[] = {"", " read-only", " write-only", " read-while-writing"};
+    const auto counterText = [](Counter counter) {
+        return " uint" + std::to_string(counter.width * 8) + "@" + std::to_string(counter.offset);
+    };
+    const bool isFirstItem = field.count == Count::Fixed && field.rank == 0;
+    std::string text = isFirstItem ? " first-item" : kCounts[static_cast<std::size_t>(field.count)];
+    if (field.count >= Count::Counted) {
+        text += counterText(field.counter);
     }
     if (field.bound.width != 0) {
-        text += counterText("read-up-to", field.bound);
+        text += " read-up-to" + counterText(field.bound);
     }
     if (field.columns != 0) {
-        text.append(" rows-of-").append(std::to_string(field.columns));
+        text += " rows-of-" + std::to_string(field.columns);
     }
-    if (field.isTwin) {
-        text += " twin";
-    } else if (field.direction == Direction::ReadOnly) {
-        text += " read-only";
-    } else if (field.direction == Direction::WriteOnly) {
-        text += " write-only";
-    } else if (field.direction == Direction::ReadWhileWriting) {
-        text += " read-while-writing";
-    }
-    return text;
+    return text + (field.isTwin ? " twin" : kDirections[static_cast<std::size_t>(field.direction)]);
 }
 
 void listTable(const Table& table, int depth, std::string& out)
@@ -96,9 +52,12 @@ void listTable(const Table& table, int depth, std::string& out)
     for (const Field& field : table.rows) {
         char line[256];
         const std::string key = std::string(static_cast<std::size_t>(depth) * 2, ' ') + field.key;
-        const Element written = field.count == Count::Members ? Element::Record : field.written;
-        std::snprintf(line, sizeof line, "%-36s %-16s %-12s @%-6u %6zu%s", key.c_str(),
-                      (elementText(field, written, field.isWrittenSigned) + extentText(field)).c_str(),
+        const Element element = field.count == Count::Members ? Element::Record : field.written;
+        std::string written = elementText(field, element, field.isWrittenSigned);
+        for (int i = 0; i < field.rank; ++i) {
+            written += "[" + std::to_string(field.extents[i]) + "]";
+        }
+        std::snprintf(line, sizeof line, "%-36s %-16s %-12s @%-6u %6zu%s", key.c_str(), written.c_str(),
                       elementText(field, field.element, field.isSigned).c_str(), field.offset, field.size(),
                       noteText(field).c_str());
         out += line;

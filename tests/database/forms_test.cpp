@@ -7,15 +7,19 @@
 #include <cstdlib>
 #include <cstring>
 #include <set>
+#include <tuple>
 
+#include <qv_database_c/database_auto_exposure_statistics_2.h>
+#include <qv_database_c/database_catalog.h>
 #include <qv_database_c/database_dump.h>
+#include <qv_database_c/database_histogram.h>
 #include <qv_initialization/initialization_member.h>
 
 #include "database/form_listing.h"
+#include "database/made_up_forms.h"
 #include "database/test_support.h"
 #include "database_forms.h"
 #include "database_registry.h"
-#include "database_walk.h"
 #include "protocol_initialization.h"
 
 namespace qv::test {
@@ -49,50 +53,10 @@ bool isSection(const Form& form)
     return std::strcmp(form.document, "initialization") == 0;
 }
 
-// Kinds of rows that the walk knows and no form has.
-namespace kinds {
-struct Kinds {
-    std::int32_t cube[2][3][2];
-    float floats[2][2][2];
-    std::int8_t small[3];
-    std::int8_t smallGrid[2][2];
-    double pair[2];
-};
-QV_RECORD(Kinds);
-constexpr Field kRows[] = {
-    QV_FIELD(cube), QV_FIELD(floats), QV_FIELD(small), QV_FIELD(smallGrid), QV_FIELD(pair),
-};
-constexpr auto kTable = QV_TABLE("kinds", kRows);
-} // namespace kinds
-
-namespace kindsInside {
-struct Inside {
-    kinds::Kinds list[2];
-    std::uint8_t number;
-};
-QV_RECORD(Inside);
-constexpr Field kRows[] = {
-    QV_OBJECT(list, kinds::kTable).measuredInto(QV_COUNTER(number)),
-};
-constexpr auto kTable = QV_TABLE("inside", kRows);
-} // namespace kindsInside
-
-namespace kindsOnHeap {
-struct OnHeap {
-    kindsInside::Inside* pList;
-    std::size_t number;
-};
-QV_RECORD(OnHeap);
-constexpr Field kRows[] = {
-    QV_HEAP_KEY(pList, "list", kindsInside::kTable, QV_COUNTER(number)),
-};
-constexpr auto kTable = QV_TABLE("onHeap", kRows);
-} // namespace kindsOnHeap
-
-/// All forms but the one that points at a list on the heap, and one that is made up.
+/// All forms but the one that points at a list on the heap, and those that are made up.
 std::vector<Form> plainForms()
 {
-    std::vector<Form> plain{{"kinds", "kinds", &kinds::kTable}};
+    std::vector<Form> plain{{"made up", "kinds", &kinds::kTable}, {"made up", "nested", &nested::kTable}};
     std::ranges::copy_if(forms(), std::back_inserter(plain),
                          [](const Form& form) { return form.table->rows[0].count != Count::Heap; });
     return plain;
@@ -208,15 +172,6 @@ TEST(Forms, CarryTheFieldsOfTheirRowsAndTouchNoOtherByte)
     EXPECT_EQ(traces.count(QvCommonTracerLevel_Error), 0U);
 }
 
-std::string list(const std::string& item, std::size_t number)
-{
-    std::string text = "[" + item;
-    for (std::size_t i = 1; i < number; ++i) {
-        text += "," + item;
-    }
-    return text + "]";
-}
-
 constexpr std::size_t kWrongs = 8;
 constexpr std::size_t kTooLong = 7; // the last of them
 
@@ -231,10 +186,10 @@ std::string wrongValue(const Field& field, std::size_t wrong)
     if (wrong == kTooLong) {
         std::string value = field.written == Element::Text ? text : "-2.5";
         for (std::size_t i = field.rank; i-- > 0;) {
-            value = list(value, field.extents[i] + 2U);
+            value = listOf(field.extents[i] + 2U, value);
         }
         if (field.columns != 0) {
-            value = std::string("[[],[],").append(list("-2.5", 9000)).append("]"); // beyond any record
+            value = std::string("[[],[],").append(listOf(9000, "-2.5")).append("]"); // beyond any record
         }
         return value;
     }
@@ -255,10 +210,10 @@ std::string wrongDocument(const Table& table, std::size_t wrong, Lists lists)
             value = wrongDocument(*field.table, wrong, lists);
             if (field.count != Count::One) {
                 const std::size_t number = field.extents[0] + 2U;
-                value = list(value, number);
+                value = listOf(number, value);
                 if (lists == Lists::BeyondCounter) {
                     value.back() = ',';
-                    value += list("{}", 257 - number).substr(1);
+                    value += listOf(257 - number, "{}").substr(1);
                 }
             }
         }
@@ -345,17 +300,17 @@ TEST(Forms, ListOnTheHeapTakesTheDocumentsLength)
 
 TEST(Forms, AListOnTheHeapEndsWithTheItemThatFails)
 {
-    kindsOnHeap::OnHeap record{};
+    onHeap::OnHeap record{};
     const Traces traces;
-    const JsonValue document = parseJson(R"({"list": [{"list": [{"pair": [1]}]}, {"list": [{}, {}, {}]},
-                                                      {"list": [{"pair": [2]}]}]})");
-    EXPECT_EQ(readTable(kindsOnHeap::kTable, document.get(), &record), 6);
+    const JsonValue document = parseJson(R"({"list": [{"measured": [{"value": 1}]}, {"measured": [{}, {}, {}]},
+                                                      {"measured": [{"value": 2}]}]})");
+    EXPECT_EQ(readTable(onHeap::kTable, document.get(), &record), 6);
     ASSERT_EQ(record.number, 3U);
-    EXPECT_EQ(record.pList[0].list[0].pair[0], 1.0);
-    EXPECT_EQ(record.pList[1].number, 3);
-    EXPECT_EQ(record.pList[2].number, 0);
+    EXPECT_EQ(record.pList[0].measured[0].value, 1.0F);
+    EXPECT_EQ(record.pList[1].measuredNumber, 3);
+    EXPECT_EQ(record.pList[2].measuredNumber, 0);
     const JsonValue written = parseJson("{}");
-    EXPECT_EQ(writeTable(kindsOnHeap::kTable, &record, written.get()), 0);
+    EXPECT_EQ(writeTable(onHeap::kTable, &record, written.get()), 0);
     EXPECT_EQ(QvJsonValue_size(QvJsonValue_member(written.get(), "list")), 3U);
     std::free(record.pList);
 }
@@ -372,6 +327,26 @@ TEST(Registry, AResetWritesEveryByteOfARecordThatIsNotZeroedFirst)
         EXPECT_EQ(category.reset(other.get()), 0) << category.key;
         EXPECT_EQ(std::memcmp(one.get(), other.get(), category.size), 0) << category.key;
     }
+}
+
+TEST(Registry, CodecsRefuseARecordOrAValueThatIsNull)
+{
+    const JsonValue value = parseJson("{}");
+    for (const Category& category : categories()) {
+        const std::string key = category.key;
+        const Block record = filled(category.size, 0);
+        EXPECT_TRUE(category.isResetUnguarded || category.reset(nullptr) == 13) << key;
+        for (const Codec& codec : {category.tuning, category.simulator}) {
+            if (codec.parse != nullptr && key != "C_MODEL" && key != "TM") { // those two test nothing
+                EXPECT_EQ(codec.parse(nullptr, record.get()), 13) << key;
+                EXPECT_EQ(codec.parse(value.get(), nullptr), 13) << key;
+                EXPECT_EQ(codec.serialize(nullptr, value.get()), 13) << key;
+                EXPECT_EQ(codec.serialize(record.get(), nullptr), 13) << key;
+            }
+        }
+    }
+    EXPECT_EQ(QvDatabaseHistogram_statistics(nullptr, value.get()), 13);
+    EXPECT_EQ(QvDatabaseAutoExposureStatistics_2_statistics(nullptr, value.get()), 13);
 }
 
 void expectSound(const Table& table, const std::string& where)
@@ -406,6 +381,47 @@ TEST(Forms, RowsStandInsideTheirRecordsAndApart)
     for (const Form& form : forms()) {
         expectSound(*form.table, std::string(form.document) + "." + form.key);
     }
+}
+
+/// From here on the catalog gives the rows of a table, each with those of its record behind it.
+void expectTold(const Table& table, std::size_t depth, QvDatabaseCatalogCursor_t& cursor)
+{
+    for (const Field& row : table.rows) {
+        auto told = sized<QvDatabaseCatalogField_t>();
+        ASSERT_EQ(QvDatabaseCatalog_next(&cursor, &told), 0) << row.key;
+        const std::size_t number = row.count == Count::Members ? row.table->rows.size() : row.number();
+        EXPECT_EQ(told.extents[0] * told.extents[1] * told.extents[2], row.count == Count::Heap ? 0 : number)
+            << row.key;
+        EXPECT_EQ(std::tuple(std::string(told.pKey), told.depth, told.offset, told.width, int{told.written},
+                             told.isWrittenSigned, int{told.direction}, int{told.count}, told.isTwin,
+                             told.counterOffset, told.counterWidth),
+                  std::tuple(std::string(row.key), depth, row.offset, row.width, static_cast<int>(row.written),
+                             row.isWrittenSigned, static_cast<int>(row.direction), static_cast<int>(row.count),
+                             row.isTwin, row.counter.offset, row.counter.width));
+        if (row.table != nullptr) {
+            expectTold(*row.table, depth + 1, cursor);
+        }
+    }
+}
+
+TEST(Forms, AreWhatTheCatalogTells)
+{
+    std::size_t number = 0;
+    for (int i = QvDatabaseCatalogDocument_Tuning; i < QvDatabaseCatalogDocument_Sum; ++i) {
+        const auto document = static_cast<QvDatabaseCatalogDocument_t>(i);
+        for (const Form& form : forms()) {
+            if (std::strcmp(form.document, QvDatabaseCatalog_document(document)) == 0) {
+                SCOPED_TRACE(std::string(form.document) + " " + form.key);
+                auto cursor = sized<QvDatabaseCatalogCursor_t>();
+                auto field = sized<QvDatabaseCatalogField_t>();
+                ASSERT_EQ(QvDatabaseCatalog_walk(document, form.key, &cursor), 0);
+                expectTold(*form.table, 0, cursor);
+                EXPECT_EQ(QvDatabaseCatalog_next(&cursor, &field), 8) << "more than there are rows";
+                ++number;
+            }
+        }
+    }
+    EXPECT_EQ(number, 104U);
 }
 
 TEST(Forms, MatchTheCheckedInListing)

@@ -68,54 +68,41 @@ struct Carried {
     std::vector<bool> bytes;
     bool isCarried = false; ///< by a codec at all, be it in one direction
     bool isWritten = false;
-
-    void mark(std::size_t offset, std::size_t length)
-    {
-        for (std::size_t i = 0; i < length; ++i) {
-            bytes[offset + i] = true;
-        }
-    }
-
-    void add(QvDatabaseCatalogDocument_t document, const char* pKey)
-    {
-        QvDatabaseCatalogCategory_t category{};
-        category.size = sizeof category;
-        for (std::size_t i = 0; QvDatabaseCatalog_category(document, i, &category) == 0; ++i) {
-            if (std::strcmp(category.pKey, pKey) == 0) {
-                isCarried = true;
-                isWritten = isWritten || category.isWritten;
-                addFields(document, pKey);
-            }
-        }
-    }
-
-private:
-    void addFields(QvDatabaseCatalogDocument_t document, const char* pKey)
-    {
-        std::size_t oneWay = SIZE_MAX; // depth of the record that is carried in one direction alone, and all in it
-        walk(document, pKey, [&](const QvDatabaseCatalogField_t& field, const std::vector<std::size_t>& places) {
-            if (field.depth <= oneWay) {
-                oneWay = field.direction == QvDatabaseCatalogDirection_Both ? SIZE_MAX : field.depth;
-            }
-            if (oneWay != SIZE_MAX) {
-                return;
-            }
-            const bool isHeap = field.count == QvDatabaseCatalogCount_Heap;
-            const bool isCountHeld = isHeap || field.count == QvDatabaseCatalogCount_Measured ||
-                                     field.count == QvDatabaseCatalogCount_Schedule;
-            for (const std::size_t place : places) {
-                if (isCountHeld) {
-                    mark(place + field.counterOffset, field.counterWidth);
-                }
-                if (isHeap) {
-                    mark(place + field.offset, sizeof(void*));
-                } else if (field.element != QvDatabaseCatalogElement_Record) {
-                    mark(place + field.offset, lengthOf(field));
-                }
-            }
-        });
-    }
 };
+
+void add(QvDatabaseCatalogDocument_t document, const char* pKey, Carried& carried)
+{
+    QvDatabaseCatalogCategory_t category{};
+    category.size = sizeof category;
+    for (std::size_t i = 0; QvDatabaseCatalog_category(document, i, &category) == 0; ++i) {
+        if (std::strcmp(category.pKey, pKey) == 0) {
+            carried.isCarried = true;
+            carried.isWritten = carried.isWritten || category.isWritten;
+        }
+    }
+    const auto mark = [&](std::size_t offset, std::size_t length) {
+        std::fill_n(carried.bytes.begin() + static_cast<std::ptrdiff_t>(offset), length, true);
+    };
+    std::size_t oneWay = SIZE_MAX; // depth of the record that is carried in one direction alone, and all in it
+    walk(document, pKey, [&](const QvDatabaseCatalogField_t& field, const std::vector<std::size_t>& places) {
+        if (field.depth <= oneWay) {
+            oneWay = field.direction == QvDatabaseCatalogDirection_Both ? SIZE_MAX : field.depth;
+        }
+        if (oneWay != SIZE_MAX) {
+            return;
+        }
+        for (const std::size_t place : places) {
+            if (field.count >= QvDatabaseCatalogCount_Measured) { // or a schedule, or on the heap
+                mark(place + field.counterOffset, field.counterWidth);
+            }
+            if (field.count == QvDatabaseCatalogCount_Heap) {
+                mark(place + field.offset, sizeof(void*));
+            } else if (field.element != QvDatabaseCatalogElement_Record) {
+                mark(place + field.offset, lengthOf(field));
+            }
+        }
+    });
+}
 
 /// The cell of one category and file: what is lacking while that is little, else how much is there.
 std::string cellOf(const Carried& carried, const char* pKey)
@@ -175,7 +162,7 @@ int main()
         for (const File& file : kFiles) {
             Carried carried{std::vector<bool>(pCategory->size)};
             for (const QvDatabaseCatalogDocument_t document : file.documents) {
-                carried.add(document, pCategory->pKey);
+                add(document, pCategory->pKey, carried);
             }
             std::printf("| %s", cellOf(carried, pCategory->pKey).c_str());
         }

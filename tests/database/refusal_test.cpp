@@ -19,8 +19,8 @@
 #include <qv_database_c/protocol_calibration.h>
 #include <qv_initialization/qv_initialization.h>
 
+#include "database/made_up_forms.h"
 #include "database/test_support.h"
-#include "database_walk.h"
 
 using namespace qv::database;
 using namespace qv::test;
@@ -247,61 +247,21 @@ TEST_F(Refusals, OfLoads)
                         .result = [this] { return recordsOf(handle_); }});
 }
 
-// Lists within lists, of kinds that no form has inside one another.
-namespace row {
-struct Row {
-    float value;
-};
-QV_RECORD(Row);
-constexpr Field kRows[] = {
-    QV_FIELD(value),
-};
-constexpr auto kTable = QV_TABLE("row", kRows);
-} // namespace row
-
-namespace inner {
-struct Inner {
-    row::Row rows[2];
-    std::uint8_t number;
-};
-QV_RECORD(Inner);
-constexpr Field kRows[] = {
-    QV_OBJECT(rows, row::kTable).scheduledBy(QV_COUNTER(number)),
-};
-constexpr auto kTable = QV_TABLE("inner", kRows);
-} // namespace inner
-
-namespace outer {
-struct Outer {
-    inner::Inner schedule[2];
-    inner::Inner list[2];
-    std::uint8_t number;
-};
-QV_RECORD(Outer);
-constexpr Field kRows[] = {
-    QV_OBJECT(list, inner::kTable),
-    QV_OBJECT(schedule, inner::kTable).scheduledBy(QV_COUNTER(number)),
-};
-constexpr auto kTable = QV_TABLE("outer", kRows);
-} // namespace outer
-
 TEST_F(Refusals, OfListsWithinLists)
 {
-    const outer::Outer record{{{{}, 2}, {{}, 1}}, {{{}, 1}, {{}, 2}}, 2};
+    const lists::Lists one{{}, {}, 2, 1};
+    const nested::Nested record{{one, one}, {one, one}, 2};
     JsonValue value;
-    refuseEach("lists", {.run = [&] { return writeTable(outer::kTable, &record, value.get()); },
+    refuseEach("lists", {.run = [&] { return writeTable(nested::kTable, &record, value.get()); },
                          .prepare = [&] { value = parseJson("{}"); }});
     QvDatabaseRectangle_t rectangles[2] = {};
-    refuseEach("objects",
-               {.run =
-                    [&] {
-                        const auto write = [](char* pData, QvJsonValue_t* pValue) {
-                            return QvDatabaseRectangle_serialize(reinterpret_cast<QvDatabaseRectangle_t*>(pData),
-                                                                 pValue);
-                        };
-                        return QvDatabaseAccess_objects_(value.get(), rectangles, sizeof *rectangles, 2, "list", write);
-                    },
-                .prepare = [&] { value = parseJson("{}"); }});
+    const auto write = [](char* pData, QvJsonValue_t* pValue) {
+        return QvDatabaseRectangle_serialize(reinterpret_cast<QvDatabaseRectangle_t*>(pData), pValue);
+    };
+    const auto writeAll = [&] {
+        return QvDatabaseAccess_objects_(value.get(), rectangles, sizeof *rectangles, 2, "list", write);
+    };
+    refuseEach("objects", {.run = writeAll, .prepare = [&] { value = parseJson("{}"); }});
 }
 
 TEST_F(Refusals, OfSaves)
@@ -310,35 +270,35 @@ TEST_F(Refusals, OfSaves)
     void* pData = nullptr;
     ASSERT_EQ(QvDatabase_query(handle_, "SS", &pData), 0);
     std::memset(pData, 'x', sizeof(QvDatabaseSensor_t)); // texts without an end
-    for (const auto form : {QvDatabaseSettingProtocol_Standard, QvDatabaseSettingProtocol_Simulator}) {
+    constexpr auto kStandard = QvDatabaseSettingProtocol_Standard;
+    constexpr auto kSimulator = QvDatabaseSettingProtocol_Simulator;
+    constexpr std::pair<QvDatabaseSettingProtocol_t, const char*> kForms[] = {
+        {kStandard, "all.json"}, {kStandard, "all.ini"},   {kStandard, "all.bin"},
+        {kStandard, "meta"},     {kSimulator, "all.json"}, {kSimulator, "meta"},
+    };
+    for (const auto& [form, pName] : kForms) {
         protocol() = form;
-        for (const char* pName : {"all.json", "all.ini", "all.bin", "meta"}) {
-            const fs::path file = folder_ / pName;
-            if (form == QvDatabaseSettingProtocol_Simulator && !file.filename().string().ends_with("json") &&
-                file.filename() != "meta") {
-                continue; // the same in both
-            }
-            const auto save = std::strcmp(pName, "meta") == 0 ? &QvDatabase_metaSave : &QvDatabase_save;
-            refuseEach(pName, {.run = [&] { return save(handle_, file.c_str()); },
-                               .statuses = {13},
-                               .result = [&] { return undated(readFile(file)); },
-                               .keepsResult = true});
-        }
+        const fs::path file = folder_ / pName;
+        const auto save = std::strcmp(pName, "meta") == 0 ? &QvDatabase_metaSave : &QvDatabase_save;
+        refuseEach(pName, {.run = [&] { return save(handle_, file.c_str()); },
+                           .statuses = {13},
+                           .result = [&] { return undated(readFile(file)); },
+                           .keepsResult = true});
     }
     const auto pCalibration = std::make_unique<QvDatabaseCalibration_t>();
-    refuseEach("calibration image", {.run = [&] {
-                   QvCommonBuffer_t buffer{};
-                   const int status = QvDatabaseProtocolCalibrationBinary_serialize(pCalibration.get(), &buffer);
-                   QvCommonBuffer_clear(&buffer);
-                   return status;
-               }});
+    const auto calibrationImage = [&] {
+        QvCommonBuffer_t buffer{};
+        const int status = QvDatabaseProtocolCalibrationBinary_serialize(pCalibration.get(), &buffer);
+        QvCommonBuffer_clear(&buffer);
+        return status;
+    };
+    refuseEach("calibration image", {.run = calibrationImage});
     std::string image(564730, 0);
-    refuseEach("image in a buffer", {.run =
-                                         [&] {
-                                             QvCommonBuffer_t buffer{image.data(), 0, image.size(), nullptr, false};
-                                             return QvDatabaseBinary_serialize(handle_, &buffer, nullptr);
-                                         },
-                                     .statuses = {13}});
+    const auto imageInBuffer = [&] {
+        QvCommonBuffer_t buffer{image.data(), 0, image.size(), nullptr, false};
+        return QvDatabaseBinary_serialize(handle_, &buffer, nullptr);
+    };
+    refuseEach("image in a buffer", {.run = imageInBuffer, .statuses = {13}});
     refuseEach("info", {.run = [this] { return QvDatabase_info(handle_); }, .statuses = {13}});
     refuseEach("reset", {.run = [this] { return QvDatabase_reset(handle_); }, .statuses = {13}});
 }

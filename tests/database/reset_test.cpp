@@ -1,7 +1,4 @@
-#include <algorithm>
 #include <cstring>
-#include <iterator>
-#include <sstream>
 
 #include <qv_database_c/database_dump.h>
 #include <qv_database_c/database_focus_control.h>
@@ -14,49 +11,37 @@ using namespace qv::test;
 
 namespace {
 
+/// The 37 categories that a reset takes back; of the other 21 it touches no byte.
 constexpr const char* kReset =
-    "2DNR_5_2 3DNR_2_1 A2DNR_5_2 A3DNR_2_1 ABLS ACNR_2_2 ACP_1_2 ADMSC_2 AEE_2 ADPCC AE_3 AES_2 AF_3 AFM AGC_2 AGE "
+    " 2DNR_5_2 3DNR_2_1 A2DNR_5_2 A3DNR_2_1 ABLS ACNR_2_2 ACP_1_2 ADMSC_2 AEE_2 ADPCC AE_3 AES_2 AF_3 AFM AGC_2 AGE "
     "AWB_3 AWDR_5_2_1 BLS CCM_1_1 CNR_2_2 CP_1_2 CPD_1_1 DPCC DMSC_2 DVC DG EE_2 GC_2 GE LSC_4 MISC RGBIR_1_1 SS TM "
-    "WB_1_1 WDR_5_2_1";
-constexpr const char* kKept = "CLB ST RAM DUMP MT MD IPT OPT TL ISP RGT C_MODEL 3AI_2 ACCM_1_1 ALSC_4 AWM EC_2 FC "
-                              "HDR_2_1 HTG HTG_2";
-
-std::vector<std::string> words(const char* pText)
-{
-    std::istringstream text(pText);
-    return {std::istream_iterator<std::string>(text), {}};
-}
-
-std::string bytes(const Database& database, const std::string& key)
-{
-    std::size_t index = 0;
-    while (QvDatabase_category(index)->pKey != key) {
-        ++index;
-    }
-    return {&database.record<char>(key.c_str()), QvDatabase_category(index)->size};
-}
+    "WB_1_1 WDR_5_2_1 ";
 
 TEST(Reset, TakesItsOwnCategoriesBackToDefaultsAndLeavesTheOthers)
 {
     const Database fresh;
     const Database database;
-    std::vector<std::string> keys = words(kReset);
-    ASSERT_EQ(keys.size(), 37U);
-    std::ranges::copy(words(kKept), std::back_inserter(keys));
-    ASSERT_EQ(keys.size(), 58U);
-    std::vector<char*> places;
-    std::vector<std::string> scribbled;
-    for (const std::string& key : keys) {
-        // RAM begins with a handle that closing uses.
-        const std::size_t skipped = key == "RAM" ? 8 : 0;
-        places.push_back(&database.record<char>(key.c_str()));
-        std::memset(places.back() + skipped, 0x41, bytes(fresh, key).size() - skipped);
-        scribbled.push_back(bytes(database, key));
+    struct Record {
+        std::string key;
+        char* pPlace;
+        std::string expected;
+    };
+    std::vector<Record> records;
+    std::size_t resets = 0;
+    for (std::size_t i = 0; const QvDatabaseCategory_t* pCategory = QvDatabase_category(i); ++i) {
+        const std::string key = pCategory->pKey;
+        const std::size_t skipped = key == "RAM" ? 8 : 0; // it begins with a handle that closing uses
+        char* pPlace = &database.record<char>(pCategory->pKey);
+        std::memset(pPlace + skipped, 0x41, pCategory->size - skipped);
+        const bool isReset = countOf(kReset, " " + key + " ") == 1;
+        resets += isReset ? 1U : 0U;
+        records.push_back({key, pPlace, recordOf(isReset ? fresh.handle() : database.handle(), key)});
     }
+    EXPECT_EQ(resets, 37U);
     EXPECT_EQ(QvDatabase_reset(database.handle()), 0);
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        EXPECT_EQ(places[i], &database.record<char>(keys[i].c_str())) << "a caller's pointer to " << keys[i];
-        EXPECT_TRUE(bytes(database, keys[i]) == (i < 37 ? bytes(fresh, keys[i]) : scribbled[i])) << keys[i];
+    for (const auto& [key, pPlace, expected] : records) {
+        EXPECT_EQ(pPlace, &database.record<char>(key.c_str())) << "a caller's pointer to " << key;
+        EXPECT_TRUE(recordOf(database.handle(), key) == expected) << key;
     }
     database.record<QvDatabaseDump_t>("DUMP") = {}; // it holds no array to release
 }

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
+#include <optional>
 
 #include <qv_database_c/database_dump.h>
 
@@ -34,33 +35,22 @@ std::size_t Traces::count(QvCommonTracerLevel_t level, const std::string& text) 
     }));
 }
 
-namespace {
-
-/// The banner of each open database would bury what tests print.
-struct QuietBanner {
-    QuietBanner()
-    {
-        if (hTracer == 0) {
-            QvCommonTracerOpenParam_t param{};
-            param.level = QvCommonTracerLevel_Warning;
-            QvCommonTracer_open(&param, &hTracer);
-            isMine = true;
-        }
+std::string Traces::take()
+{
+    std::string text;
+    for (const TraceLine& line : lines_) {
+        text += line.text + "\n";
     }
-    ~QuietBanner()
-    {
-        if (isMine) {
-            QvCommonTracer_close(&hTracer);
-        }
-    }
-    bool isMine = false;
-};
-
-} // namespace
+    lines_.clear();
+    return text;
+}
 
 Database::Database()
 {
-    QuietBanner quiet;
+    std::optional<Traces> quiet; // the banner of each open database would bury what tests print
+    if (hTracer == 0) {
+        quiet.emplace(QvCommonTracerLevel_Warning);
+    }
     QvDatabaseOpenParam_t param{};
     EXPECT_EQ(QvDatabase_open(&param, &handle_), 0);
 }
@@ -88,14 +78,24 @@ std::string Database::savedText(const std::string& name) const
     return readFile(folder / name);
 }
 
+std::string recordOf(QvDatabaseHandle_t handle, const std::string& key)
+{
+    void* pData = nullptr;
+    for (std::size_t i = 0; const QvDatabaseCategory_t* pCategory = QvDatabase_category(i); ++i) {
+        if (pCategory->pKey == key && QvDatabase_query(handle, pCategory->pKey, &pData) == 0) {
+            return {static_cast<const char*>(pData), pCategory->size};
+        }
+    }
+    return "";
+}
+
 std::string recordsOf(QvDatabaseHandle_t handle)
 {
     std::string text;
     for (std::size_t i = 0; const QvDatabaseCategory_t* pCategory = QvDatabase_category(i); ++i) {
         const std::string key = pCategory->pKey;
-        void* pData = nullptr;
-        if (key != "RAM" && key != "DUMP" && QvDatabase_query(handle, pCategory->pKey, &pData) == 0) {
-            text.append(static_cast<const char*>(pData), pCategory->size);
+        if (key != "RAM" && key != "DUMP") {
+            text += recordOf(handle, key);
         }
     }
     return text;
@@ -139,6 +139,33 @@ std::string jsonText(QvJsonValue_t* pValue)
     std::string text = pText == nullptr ? "" : pText;
     std::free(pText);
     return text;
+}
+
+std::string keysOf(QvJsonValue_t* pObject)
+{
+    std::string keys;
+    for (std::size_t i = 0; i < pObject->holder.pObject->number; ++i) {
+        keys += std::string(pObject->holder.pObject->pPairs[i].pKey) + " ";
+    }
+    return keys;
+}
+
+std::string listOf(std::size_t number, const std::string& item, std::string begin)
+{
+    for (std::size_t i = countOf(begin, ","); i < number; ++i) {
+        begin += item + ",";
+    }
+    begin.back() = ']';
+    return "[" + begin;
+}
+
+std::size_t countOf(const std::string& text, const std::string& part)
+{
+    std::size_t number = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1)) {
+        ++number;
+    }
+    return number;
 }
 
 std::string readFile(const std::filesystem::path& file)

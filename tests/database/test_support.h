@@ -30,6 +30,8 @@ public:
     /// How many lines of a level hold a text.
     std::size_t count(QvCommonTracerLevel_t level, const std::string& text = "") const;
     void clear() { lines_.clear(); }
+    /// The lines so far, each with its end; none is left.
+    std::string take();
 
 private:
     std::vector<TraceLine> lines_;
@@ -64,8 +66,19 @@ private:
     QvDatabaseHandle_t handle_ = 0;
 };
 
+/// The bytes of a record.
+std::string recordOf(QvDatabaseHandle_t handle, const std::string& key);
 /// All records, one behind the other, but for those that hold addresses.
 std::string recordsOf(QvDatabaseHandle_t handle);
+
+/// A struct of the catalog that tells its size.
+template <class T>
+T sized()
+{
+    T record{};
+    record.size = sizeof record;
+    return record;
+}
 
 /// A folder of its own for each test, removed at the end.
 class TemporaryFolder {
@@ -90,6 +103,12 @@ using JsonValue = std::unique_ptr<QvJsonValue_t, DeleteValue>;
 JsonValue parseJson(const std::string& text);
 /// A tree as text, with the decimals and the indent that the database writes.
 std::string jsonText(QvJsonValue_t* pValue);
+/// The keys of an object, each with a blank behind it.
+std::string keysOf(QvJsonValue_t* pObject);
+/// A list as text: what it begins with, filled up to a number of items with one and the same.
+std::string listOf(std::size_t number, const std::string& item, std::string begin = "");
+/// How often a text holds another one.
+std::size_t countOf(const std::string& text, const std::string& part);
 
 /// What a serializer writes into an empty object.
 template <class Record>
