@@ -1,10 +1,14 @@
 // Whatever a text holds, reading, searching, writing and releasing it costs in proportion to its size. What is counted
 // is steps, not seconds: the libraries are compiled into this program so that every branch they take comes by here, and
 // their allocations and copies count by the byte.
+#include <algorithm>
+#include <array>
+#include <bit>
 #include <cstdint>
 #include <cstdlib>
 #include <functional>
 #include <new>
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -145,6 +149,80 @@ std::function<std::string(size_t)> repeated(std::string head, std::string piece,
     };
 }
 
+// Keys that somebody has chosen so that the hash of the C++ library is one and the same for all. That hash takes eight
+// bytes at a time and can be undone, so for any two pairs of words there is a last word that brings both to one state.
+class ChosenKeys {
+public:
+    ChosenKeys()
+    {
+        uint64_t state = 0xC70F6907 ^ (kUnits * 2 * sizeof(uint64_t) * kFactor);
+        for (std::array<uint64_t, 4>& unit : units_) {
+            do {
+                unit = {letters(), letters(), letters(), 0};
+                const uint64_t difference = enter(state, unit[0]) ^ enter(state, unit[2]);
+                unit[3] = unmix(mix(unit[1]) ^ difference);
+            } while (!isPlain(unit[3]));
+            state = enter(enter(state, unit[0]), unit[1]);
+        }
+    }
+
+    std::string key(size_t number) const
+    {
+        std::string key;
+        for (const std::array<uint64_t, 4>& unit : units_) {
+            key.append(reinterpret_cast<const char*>(&unit[number % 2 * 2]), 2 * sizeof(uint64_t));
+            number /= 2;
+        }
+        return key;
+    }
+
+private:
+    static constexpr size_t kUnits = 12;
+    static constexpr uint64_t kFactor = 0xC6A4A7935BD1E995;
+
+    static uint64_t mix(uint64_t word) { return (word * kFactor ^ (word * kFactor) >> 47) * kFactor; }
+    static uint64_t unmix(uint64_t word)
+    {
+        uint64_t inverse = kFactor;
+        for (int step = 0; step < 6; ++step) {
+            inverse *= 2 - kFactor * inverse;
+        }
+        word *= inverse;
+        return (word ^ word >> 47) * inverse;
+    }
+    static uint64_t enter(uint64_t state, uint64_t word) { return (state ^ mix(word)) * kFactor; }
+
+    uint64_t letters()
+    {
+        std::array<char, 8> bytes = {};
+        for (char& byte : bytes) {
+            byte = static_cast<char>('a' + random_() % 26);
+        }
+        return std::bit_cast<uint64_t>(bytes);
+    }
+    static bool isPlain(uint64_t word)
+    {
+        const auto bytes = std::bit_cast<std::array<char, 8>>(word);
+        return std::all_of(bytes.begin(), bytes.end(),
+                           [](char byte) { return byte > ' ' && byte < 0x7F && byte != '"' && byte != '\\'; });
+    }
+
+    std::mt19937 random_{3};
+    std::array<std::array<uint64_t, 4>, kUnits> units_ = {};
+};
+
+std::string textOfChosenKeys(size_t size)
+{
+    static const ChosenKeys keys;
+    const std::hash<std::string> hash;
+    EXPECT_EQ(hash(keys.key(0)), hash(keys.key(1000))) << "the keys aren't chosen well";
+    std::string text = "{\"\": 0";
+    for (size_t number = 0; text.size() < size; ++number) {
+        text += ", \"" + keys.key(number) + "\": 1";
+    }
+    return text + "}";
+}
+
 class Growth : public testing::Test {
 protected:
     Growth()
@@ -169,6 +247,7 @@ TEST_F(Growth, JsonTexts)
         {"objects", repeated("[{}", ", {\"a\": {\"b\": 1}}", "]")},
         {"nested", repeated("[0", "," + std::string(500, '[') + std::string(500, ']'), "]")},
         {"keys", repeated("{\"\": 0", ", \"key#\": 1", "}")},
+        {"chosen keys", textOfChosenKeys},
         {"doubled keys", repeated("{\"\": 0", ", \"key\": 1, \"x#\": 2", "}")},
         {"escaped keys", repeated("{\"\": 0", ", \"\\u006b#\": 1", "}")},
         {"white space", repeated("[1", " \t\r\n  ", "]")},
