@@ -245,16 +245,13 @@ std::string writtenMember(const FieldNode& node, const std::byte* pRecord, const
 std::string writtenInitialization(const Field& field, const std::byte* pBytes)
 {
     switch (field.written) {
-    case QvDatabaseCatalogElement_Bool:
-        return as<unsigned char>(pBytes) != 0 ? "true" : "false";
-    case QvDatabaseCatalogElement_Integer:
-        return integerText(field, pBytes);
     case QvDatabaseCatalogElement_Float:
         return digitsOf(as<float>(pBytes)); // read with its fraction, though the library writes none
+    case QvDatabaseCatalogElement_Text:
+        return initializationText(charactersOf(field, pBytes));
     default:
-        break;
+        return writtenElement(field, pBytes);
     }
-    return initializationText(charactersOf(field, pBytes));
 }
 
 } // namespace qv::tools
