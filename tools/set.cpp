@@ -51,7 +51,7 @@ public:
 
     bool run()
     {
-        if (!wanted_.open() || !readInput(options_.words[0], options_, input_) || !wanted_.load(input_)) {
+        if (!wanted_.openWith(options_.words[0], options_, input_)) {
             return false;
         }
         if (input_.form == Form::CalibrationText) {
