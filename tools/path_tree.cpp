@@ -466,4 +466,32 @@ std::string valueText(const Target& element, const void* pRecord)
     return valueAt(element.pNode->field, bytesOf(element, pRecord));
 }
 
+std::string jsonOf(const Target& target, const Session& session, Members members)
+{
+    const void* pRecord = session.record(target.pCategory->category.pKey);
+    std::string text;
+    const char* pSeparator = "";
+    if (target.rank > 0) {
+        const std::size_t used = usedItems(target, pRecord);
+        for (std::size_t i = 0; i < used; ++i) {
+            text += pSeparator + jsonOf(PathTree::item(target, i), session, members);
+            pSeparator = ", ";
+        }
+        return '[' + text + ']';
+    }
+    if (target.isElement()) {
+        return valueText(target, pRecord);
+    }
+    const bool isList = target.pNode != nullptr && target.pNode->field.count == QvDatabaseCatalogCount_Members;
+    const bool hasAll = members == Members::All || target.pCategory->document == QvDatabaseCatalogDocument_Memory;
+    for (const PathNode& node : PathTree::membersOf(target)) {
+        if (hasAll || !node.isOnlyInMemory) {
+            text += pSeparator + (isList ? "" : jsonText(node.name) + ": ") +
+                    jsonOf(PathTree::member(target, node), session, members);
+            pSeparator = ", ";
+        }
+    }
+    return isList ? '[' + text + ']' : '{' + text + '}';
+}
+
 } // namespace qv::tools
