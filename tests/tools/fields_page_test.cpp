@@ -9,12 +9,18 @@
 #include <set>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
-#include <qv_database_c/database_catalog.h>
+
+#include "catalog_tree.h"
 
 namespace {
+
+using qv::tools::categoriesOf;
+using qv::tools::FieldNode;
+using qv::tools::fieldsOf;
 
 const std::string& page()
 {
@@ -23,31 +29,6 @@ const std::string& page()
         return std::string(std::istreambuf_iterator<char>(file), {});
     }();
     return text;
-}
-
-std::vector<QvDatabaseCatalogCategory_t> categoriesOf(QvDatabaseCatalogDocument_t document)
-{
-    std::vector<QvDatabaseCatalogCategory_t> categories;
-    QvDatabaseCatalogCategory_t category{};
-    category.size = sizeof category;
-    while (QvDatabaseCatalog_category(document, categories.size(), &category) == 0) {
-        categories.push_back(category);
-    }
-    return categories;
-}
-
-std::vector<QvDatabaseCatalogField_t> fieldsOf(QvDatabaseCatalogDocument_t document, const char* pCategory)
-{
-    std::vector<QvDatabaseCatalogField_t> fields;
-    QvDatabaseCatalogCursor_t cursor{};
-    cursor.size = sizeof cursor;
-    QvDatabaseCatalogField_t field{};
-    field.size = sizeof field;
-    EXPECT_EQ(QvDatabaseCatalog_walk(document, pCategory, &cursor), 0);
-    while (QvDatabaseCatalog_next(&cursor, &field) == 0) {
-        fields.push_back(field);
-    }
-    return fields;
 }
 
 /// The text of each row by its id, in the page's order.
@@ -63,11 +44,6 @@ std::vector<std::pair<std::string, std::string>> rowsOfPage()
     return rows;
 }
 
-bool isBehindPointer(const std::string& row)
-{
-    return row.starts_with("<tr class=\"member heap\"");
-}
-
 /// Document, category, key and C member of each place where a document holds one.
 using Stands = std::multiset<std::string>;
 
@@ -77,25 +53,40 @@ std::string stand(const std::string& document, const std::string& category, cons
     return document + " " + category + ": " + key + " is " + member;
 }
 
+/// The ids of the members of a record, in the order of C.
+void addMembers(std::vector<std::string>& ids, const std::string& record, const std::vector<FieldNode>& fields)
+{
+    for (const FieldNode& node : fields) {
+        const std::string id = record + "." + node.field.pName;
+        ids.push_back(id);
+        addMembers(ids, id, node.fields);
+    }
+}
+
+/// What stands where, of a record and those in it. Members of one that stands as a list have no keys, they are its items.
+void addStands(Stands& stands, const std::string& document, const std::string& category,
+               const std::vector<FieldNode>& fields, const std::string& list = "")
+{
+    for (std::size_t item = 0; item < fields.size(); ++item) {
+        const auto& [field, inner] = fields[item];
+        if (field.pName != nullptr) {
+            const std::string key = list.empty() ? field.pKey : list + "[" + std::to_string(item) + "]";
+            stands.insert(stand(document, category, key, field.pName));
+        }
+        addStands(stands, document, category, inner, field.count == QvDatabaseCatalogCount_Members ? field.pKey : "");
+    }
+}
+
 TEST(FieldsPage, HasARowForEachMemberInTheOrderOfC)
 {
     std::vector<std::string> members;
     for (const QvDatabaseCatalogCategory_t& category : categoriesOf(QvDatabaseCatalogDocument_Memory)) {
         EXPECT_NE(page().find(std::string("<section id=\"") + category.pKey + "\">"), std::string::npos);
-        std::vector<std::string> path;
-        for (const QvDatabaseCatalogField_t& field : fieldsOf(QvDatabaseCatalogDocument_Memory, category.pKey)) {
-            path.resize(field.depth);
-            path.emplace_back(field.pName);
-            std::string id = category.pKey;
-            for (const std::string& name : path) {
-                id += "." + name;
-            }
-            members.push_back(id);
-        }
+        addMembers(members, category.pKey, fieldsOf(QvDatabaseCatalogDocument_Memory, category));
     }
     std::vector<std::string> found;
     for (const auto& [id, row] : rowsOfPage()) {
-        if (!isBehindPointer(row)) {
+        if (!row.starts_with("<tr class=\"member heap\"")) { // behind a pointer
             found.push_back(id);
         }
     }
@@ -109,24 +100,9 @@ TEST(FieldsPage, HoldsEachKeyOfEachDocumentAtItsMember)
     for (int i = QvDatabaseCatalogDocument_Tuning; i < QvDatabaseCatalogDocument_Sum; ++i) {
         const auto document = static_cast<QvDatabaseCatalogDocument_t>(i);
         for (const QvDatabaseCatalogCategory_t& category : categoriesOf(document)) {
-            const char* pWalk = category.pClass != nullptr ? category.pClass : category.pKey;
-            std::string list; // that stands for a record: its members have no keys, they are its items
-            std::size_t item = 0;
-            for (const QvDatabaseCatalogField_t& field : fieldsOf(document, pWalk)) {
-                std::string key = field.pKey;
-                if (field.depth == 0) {
-                    list = field.count == QvDatabaseCatalogCount_Members ? key : "";
-                    item = 0;
-                } else if (!list.empty()) {
-                    key = list + "[" + std::to_string(item++) + "]";
-                }
-                if (field.pName != nullptr) {
-                    expected.insert(stand(QvDatabaseCatalog_document(document), category.pKey, key, field.pName));
-                }
-            }
+            addStands(expected, QvDatabaseCatalog_document(document), category.pKey, fieldsOf(document, category));
         }
     }
-
     Stands found;
     const std::regex place("<span class=\"doc (\\w+)\">[^<]*</span> <code class=\"key\" data-keys=\"([^\"]*)\"");
     for (const auto& [id, row] : rowsOfPage()) {
@@ -139,14 +115,12 @@ TEST(FieldsPage, HoldsEachKeyOfEachDocumentAtItsMember)
             }
         }
     }
-    Stands missing;
-    Stands tooMuch;
-    std::set_difference(expected.begin(), expected.end(), found.begin(), found.end(),
-                        std::inserter(missing, missing.end()));
-    std::set_difference(found.begin(), found.end(), expected.begin(), expected.end(),
-                        std::inserter(tooMuch, tooMuch.end()));
-    EXPECT_EQ(missing, Stands());
-    EXPECT_EQ(tooMuch, Stands());
+    for (const auto& [pWhat, left, right] :
+         {std::tuple("lacks", &expected, &found), {"has too much", &found, &expected}}) {
+        Stands difference;
+        std::ranges::set_difference(*left, *right, std::inserter(difference, difference.end()));
+        EXPECT_EQ(difference, Stands()) << "the page " << pWhat << " these";
+    }
     EXPECT_GT(expected.size(), 1000U);
 }
 
