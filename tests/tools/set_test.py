@@ -13,33 +13,20 @@ import subprocess
 import sys
 import tempfile
 
+from shared import check, failures, finish, read, write
+
 qvdb, samples, number_of_values = sys.argv[1], sys.argv[2], int(sys.argv[3])
 random.seed(20)
-failures = 0
 
 TOKEN = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:[^"\\]|\\.)*"|[^\s{}\[\],:"/]+|[{}\[\],:]|\s+', re.S)
 
 
-def fail(what):
-    global failures
-    failures += 1
-    if failures <= 20:
-        print("FAILED:", what)
+fail = failures.append
 
 
 def run(*words, data=None):
     done = subprocess.run([qvdb, *words], capture_output=True, input=data, check=False)
     return done.returncode, done.stdout.decode(), done.stderr.decode()
-
-
-def read(name):
-    with open(name, "rb") as file:
-        return file.read().decode()
-
-
-def write(name, text):
-    with open(name, "wb") as file:
-        file.write(text.encode())
 
 
 def leaves(value, path):
@@ -454,4 +441,4 @@ with tempfile.TemporaryDirectory() as folder:
     change_cases()
     refuse()
     explain()
-sys.exit(failures != 0)
+finish()
