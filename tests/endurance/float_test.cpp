@@ -1,9 +1,10 @@
-// Floats through text and back, as records do it. The referee for the text is integer arithmetic, which is exact, and
-// fast enough for all floats there are; the C library is the referee for that one, and for the way back.
+// Floats through text and back, as records do it. The referee for the text is arithmetic that is exact, and fast enough
+// for all floats there are; the C library is the referee for that one, and for the way back.
 #include <algorithm>
 #include <array>
 #include <atomic>
 #include <bit>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -22,63 +23,27 @@ using namespace qv::test;
 
 namespace {
 
-__extension__ using Wide = unsigned __int128;
+constexpr std::size_t kRoom = 64; // of a float's text
 
-constexpr std::uint64_t kMillion = 1000000;
-
-/// What six decimals say, in millionths where it has a fraction.
-struct Decimal {
-    bool isNegative;
-    bool isWhole;
-    Wide number;
-    bool operator==(const Decimal&) const = default;
-};
-
-/// A float, correctly rounded; what lies in the middle goes to the even digit.
-Decimal roundedOf(float value)
+/// Writes a float correctly rounded; what lies in the middle goes to the even digit. A million times a float below 2^23
+/// has at most 38 bits, so that a double holds it and rounds it once; from there on floats are whole.
+char* writeExpected(char* pText, float value)
 {
-    const auto bits = std::bit_cast<std::uint32_t>(value);
-    const int biased = static_cast<int>(bits >> 23U & 0xFFU);
-    const std::uint64_t mantissa = (bits & 0x7FFFFFU) | (biased == 0 ? 0U : 0x800000U);
-    const int exponent = std::max(biased, 1) - 150;
-    const bool isNegative = bits >> 31U != 0;
-    if (exponent >= 0) {
-        return {isNegative, true, Wide{mantissa} << static_cast<unsigned>(exponent)};
+    constexpr std::uint64_t kMillion = 1000000;
+    const double size = std::fabs(static_cast<double>(value));
+    if (std::signbit(value)) {
+        *pText++ = '-';
     }
-    const auto shift = static_cast<unsigned>(-exponent);
-    const Wide scaled = Wide{mantissa} * kMillion;
-    if (shift > 64) {
-        return {isNegative, false, 0};
+    if (size >= 0x1p23) {
+        return std::to_chars(pText, pText + kRoom - 1, size, std::chars_format::fixed, 6).ptr;
     }
-    const Wide below = scaled >> shift;
-    const Wide rest = scaled - (below << shift);
-    const Wide half = Wide{1} << (shift - 1);
-    const bool isUp = rest > half || (rest == half && below % 2 == 1);
-    return {isNegative, false, below + (isUp ? 1U : 0U)};
-}
-
-/// Reads digits, a point and six digits. False for anything else.
-bool readDecimal(const char*& pText, bool isWhole, Decimal& decimal)
-{
-    decimal = {*pText == '-', isWhole, 0};
-    pText += decimal.isNegative ? 1 : 0;
-    const char* pBegin = pText;
-    for (; *pText >= '0' && *pText <= '9'; ++pText) {
-        decimal.number = decimal.number * 10U + static_cast<unsigned>(*pText - '0');
+    const auto millionths = static_cast<std::uint64_t>(std::nearbyint(size * kMillion));
+    pText = std::to_chars(pText, pText + kRoom - 1, millionths / kMillion).ptr;
+    *pText++ = '.';
+    for (std::uint64_t unit = kMillion / 10; unit > 0; unit /= 10) {
+        *pText++ = static_cast<char>('0' + millionths / unit % 10);
     }
-    const bool hasZeroInFront = *pBegin == '0' && pText - pBegin > 1;
-    if (pText == pBegin || hasZeroInFront || *pText++ != '.') {
-        return false;
-    }
-    for (int digit = 0; digit < 6; ++digit, ++pText) {
-        if (*pText < '0' || *pText > '9' || (isWhole && *pText != '0')) {
-            return false;
-        }
-        if (!isWhole) {
-            decimal.number = decimal.number * 10U + static_cast<unsigned>(*pText - '0');
-        }
-    }
-    return true;
+    return pText;
 }
 
 /// Writes and reads many floats at once.
@@ -127,30 +92,22 @@ public:
 private:
     static bool isRight(float value, float found, const char*& pText, bool withCLibrary)
     {
-        const Decimal expected = roundedOf(value);
-        const char* pBegin = pText;
-        Decimal written{};
-        if (!readDecimal(pText, expected.isWhole, written) || !(written == expected)) {
+        std::array<char, kRoom> expected{};
+        const auto length = static_cast<std::size_t>(writeExpected(expected.data(), value) - expected.data());
+        if (std::strncmp(pText, expected.data(), length) != 0) {
             return false;
         }
+        pText += length;
         if (withCLibrary) {
-            std::array<char, 64> text{};
+            std::array<char, kRoom> text{};
             std::snprintf(text.data(), text.size(), "%.6f", static_cast<double>(value));
-            if (std::string_view(text.data()) != std::string_view(pBegin, static_cast<std::size_t>(pText - pBegin))) {
+            if (text != expected) {
                 return false;
             }
         }
         // Whole numbers are all there; others as near as a float comes to what the text says.
-        const float nearest = expected.isWhole ? value : nearestTo(expected, pBegin);
+        const float nearest = std::fabs(value) >= 0x1p23F ? value : std::strtof(expected.data(), nullptr);
         return std::bit_cast<std::uint32_t>(found) == std::bit_cast<std::uint32_t>(nearest);
-    }
-
-    static float nearestTo(const Decimal& decimal, const char* pText)
-    {
-        if (decimal.number == 0) {
-            return decimal.isNegative ? -0.0F : 0.0F;
-        }
-        return std::strtof(pText, nullptr);
     }
 
     QvJsonReaderHandle_t reader_ = 0;
