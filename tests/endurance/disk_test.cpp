@@ -1,17 +1,11 @@
 // Disks that are full, closed or not there, and files that are none.
-#include <cerrno>
-#include <csignal>
-#include <cstdio>
-#include <cstring>
 #include <fcntl.h>
 #include <functional>
 #include <grp.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -208,79 +202,41 @@ TEST_F(Disk, WhatMayNotBeWrittenStays)
     fs::permissions(folder.parent_path(), fs::perms(0700));
 }
 
-TEST_F(Disk, NamesThatLeadNowhereAreAStatus)
+TEST_F(Disk, ANameDecidesTheStatusBeforeAnyForm)
 {
-    for (const char* pName : kNames) {
-        EXPECT_EQ(save(folder_ / "none" / pName), 3);
-        EXPECT_EQ(database_.load(folder_ / "none" / pName), 3);
-        fs::create_directory(folder_ / pName);
-        EXPECT_EQ(save(folder_ / pName), 9);
-        EXPECT_EQ(database_.load(folder_ / pName), 9);
-        fs::remove(folder_ / pName);
-        const fs::path tooLong = folder_ / (std::string(300, 'n') + pName);
-        EXPECT_EQ(save(tooLong), 3); // there can be no such file
-        EXPECT_EQ(database_.load(tooLong), 3);
-        // As long as a name may be, and no room for more.
-        const fs::path longest = folder_ / (std::string(255 - std::strlen(pName), 'n') + pName);
-        EXPECT_EQ(save(longest), 0);
-        EXPECT_EQ(database_.load(longest), 0);
-        fs::remove(longest);
-        fs::create_symlink("loop", folder_ / "loop");
-        EXPECT_NE(save(folder_ / "loop" / pName), 0);
-        fs::remove(folder_ / "loop");
-        writeFile(folder_ / "file", "");
-        EXPECT_NE(save(folder_ / "file" / pName), 0);
-        fs::remove(folder_ / "file");
-    }
-    EXPECT_EQ(files(folder_ / ""), 0);
-}
-
-TEST_F(Disk, LinksLeadToWhatIsSaved)
-{
-    for (const char* pName : kNames) {
-        const fs::path target = folder_ / (std::string("target_") + pName);
-        const fs::path other = folder_ / (std::string("other_") + pName);
-        const fs::path link = folder_ / pName;
-        fs::create_symlink(target.filename(), link); // leads to nothing yet
-        EXPECT_EQ(save(link), 0);
-        EXPECT_TRUE(fs::is_symlink(link));
-        EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(target)));
+    fs::create_directory(folder_ / "folder");
+    fs::create_symlink("loop", folder_ / "loop");
+    writeFile(folder_ / "file", "");
+    for (const std::string name : kNames) {
+        fs::create_directory(folder_ / name);
+        const struct {
+            const char* pWhat;
+            fs::path file;
+            int saved;
+            int loaded;
+        } rows[] = {
+            {"no folder", folder_ / "none" / name, 3, 3},
+            {"a folder", folder_ / name, 9, 9},
+            {"below a loop", folder_ / "loop" / name, 3, 3},
+            {"below a file", folder_ / "file" / name, 3, 3},
+            {"longer than a name may be", folder_ / (std::string(300, 'n') + name), 3, 3},
+            {"as long as a name may be", folder_ / (std::string(255 - name.size(), 'n') + name), 0, 0},
+            {"a new file", folder_ / "folder" / name, 0, 0},
+        };
+        for (const auto& row : rows) {
+            EXPECT_EQ(save(row.file), row.saved) << row.pWhat << ", " << name;
+            EXPECT_EQ(database_.load(row.file), row.loaded) << row.pWhat << ", " << name;
+        }
         // A hard link keeps the old content under its own name: the new file is another one.
-        writeFile(target, "old");
-        fs::create_hard_link(target, other);
-        EXPECT_EQ(save(link), 0);
-        EXPECT_TRUE(fs::is_symlink(link));
-        EXPECT_EQ(readFile(other), "old");
-        EXPECT_EQ(database_.load(target), 0);
-        fs::remove(link);
-        fs::remove(target);
-        fs::remove(other);
+        const fs::path file = folder_ / "folder" / name;
+        const fs::path link = folder_ / ("link_" + name);
+        writeFile(file, "old");
+        fs::create_hard_link(file, link);
+        EXPECT_EQ(save(file), 0);
+        EXPECT_EQ(readFile(link), "old");
     }
-    EXPECT_EQ(files(folder_ / ""), 0);
-}
-
-TEST_F(Disk, APipeWhoseReaderGoesAwayIsAStatusAndNoSignal)
-{
-    for (const char* pName : {"file.json", "file.bin"}) { // longer than what a pipe holds
-        const fs::path pipe = folder_ / pName;
-        ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-        std::thread reader([&pipe] {
-            const int descriptor = ::open(pipe.c_str(), O_RDONLY | O_CLOEXEC);
-            char byte = 0;
-            EXPECT_EQ(::read(descriptor, &byte, 1), 1);
-            ::close(descriptor);
-        });
-        EXPECT_EQ(save(pipe), 12);
-        reader.join();
-        // One that stays gets everything.
-        std::string content;
-        std::thread patient([&] { content = readFile(pipe); });
-        EXPECT_EQ(save(pipe), 0);
-        patient.join();
-        EXPECT_EQ(content.size(), fs::path(pName).extension() == ".bin" ? 564730U : content.size());
-        EXPECT_GT(content.size(), 100000U);
-        EXPECT_TRUE(fs::is_fifo(pipe));
-    }
+    EXPECT_EQ(files(folder_ / "folder"), 3);
+    EXPECT_EQ(files(folder_ / ""), 12); // and nothing beside those
 }
 
 } // namespace
