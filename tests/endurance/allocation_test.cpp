@@ -361,8 +361,7 @@ protected:
                 .resultOfFailure = "old",
                 .broken =
                     [folder = file.parent_path(), number = ++files_] {
-                        const auto found = std::distance(fs::directory_iterator(folder), fs::directory_iterator());
-                        return found == number ? "" : "there are " + std::to_string(found) + " files";
+                        return files(folder) == number ? "" : "there are " + std::to_string(files(folder)) + " files";
                     }};
     }
 

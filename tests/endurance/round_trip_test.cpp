@@ -78,6 +78,15 @@ float throughWhole(float value)
     return value < -kLimit ? -kLimit : std::trunc(value) + 0.0F;
 }
 
+template <class Number>
+void carryNumber(Number (*through)(Number), const char* pFrom, char* pTo)
+{
+    Number value = 0;
+    std::memcpy(&value, pFrom, sizeof value);
+    value = through(value);
+    std::memcpy(pTo, &value, sizeof value);
+}
+
 class Carrier {
 public:
     Carrier(Document document, const QvDatabaseCatalogCategory_t& category)
@@ -140,15 +149,9 @@ private:
             }
         } else if (field.element == QvDatabaseCatalogElement_Float &&
                    field.written != QvDatabaseCatalogElement_Integer) {
-            float value = 0;
-            std::memcpy(&value, pFrom, sizeof value);
-            value = isSection_ ? throughWhole(value) : throughText(value);
-            std::memcpy(pTo, &value, sizeof value);
+            carryNumber<float>(isSection_ ? throughWhole : throughText<float>, pFrom, pTo);
         } else if (field.element == QvDatabaseCatalogElement_Double) {
-            double value = 0;
-            std::memcpy(&value, pFrom, sizeof value);
-            value = throughText(value);
-            std::memcpy(pTo, &value, sizeof value);
+            carryNumber<double>(throughText<double>, pFrom, pTo);
         } else {
             std::memcpy(pTo, pFrom, field.width);
         }
