@@ -288,7 +288,7 @@ ExitStatus at(const Options& options)
     Tracing tracing(options);
     Session session(tracing);
     Input input;
-    if (!session.open() || !readInput(options.words[0], options, input) || !session.load(input)) {
+    if (!session.openWith(options.words[0], options, input)) {
         return kRefused;
     }
     const PathTree tree(options.names == "simulator");

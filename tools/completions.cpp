@@ -1,7 +1,5 @@
 #include "completions.h"
 
-#include <algorithm>
-#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -9,18 +7,6 @@
 
 namespace qv::tools {
 namespace {
-
-/// The texts between separators.
-std::vector<std::string> splitAt(std::string_view text, char separator)
-{
-    std::vector<std::string> parts;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find(separator), text.size());
-        parts.emplace_back(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    return parts;
-}
 
 std::string joined(const std::vector<std::string>& parts, const char* pSeparator)
 {

@@ -220,7 +220,7 @@ std::string Explanation::shownValue(const Target& target, std::size_t layer) con
     const Session& session = layers_[layer]->session();
     const std::size_t number = layers_[layer]->count(target);
     if (target.rank == 0 || (number <= kMost && number == target.elements())) {
-        return valueOf(target, session);
+        return jsonOf(target, session, Members::All);
     }
     return number == target.elements()
                ? counted(number, "value")
@@ -278,7 +278,7 @@ void Explanation::reportJson(const Target& target, const std::vector<std::size_t
     const char* pSeparator = "";
     for (const std::size_t setter : setters) {
         std::printf("%s{%s, \"set\": %zu, \"value\": %s}", pSeparator, layers_[setter]->jsonPlace(target).c_str(),
-                    layers_[setter]->count(target), valueOf(target, layers_[setter]->session()).c_str());
+                    layers_[setter]->count(target), jsonOf(target, layers_[setter]->session(), Members::All).c_str());
         pSeparator = ", ";
     }
     std::printf("]}");

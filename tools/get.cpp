@@ -12,34 +12,6 @@
 namespace qv::tools {
 namespace {
 
-/// A value as JSON: lists and records whole, with the members that the target's document carries.
-std::string jsonOf(const Target& target, const Session& session)
-{
-    const void* pRecord = session.record(target.pCategory->category.pKey);
-    std::string text;
-    const char* pSeparator = "";
-    if (target.rank > 0) {
-        const std::size_t used = usedItems(target, pRecord);
-        for (std::size_t i = 0; i < used; ++i) {
-            text += pSeparator + jsonOf(PathTree::item(target, i), session);
-            pSeparator = ", ";
-        }
-        return '[' + text + ']';
-    }
-    if (!target.isElement()) {
-        const bool isList = target.pNode != nullptr && target.pNode->field.count == QvDatabaseCatalogCount_Members;
-        for (const PathNode& node : PathTree::membersOf(target)) {
-            if (!node.isOnlyInMemory || target.pCategory->document == QvDatabaseCatalogDocument_Memory) {
-                text += pSeparator + (isList ? "" : jsonText(node.name) + ": ") +
-                        jsonOf(PathTree::member(target, node), session);
-                pSeparator = ", ";
-            }
-        }
-        return isList ? '[' + text + ']' : '{' + text + '}';
-    }
-    return valueText(target, pRecord);
-}
-
 /// Adds each row of a list, or what is no list.
 void addRows(const Target& field, std::vector<Target>& targets)
 {
@@ -77,7 +49,7 @@ ExitStatus get(const Options& options)
     Tracing tracing(options);
     Session session(tracing);
     Input input;
-    if (!session.open() || !readInput(options.words[0], options, input) || !session.load(input)) {
+    if (!session.openWith(options.words[0], options, input)) {
         return kRefused;
     }
     const PathTree tree(options.names == "simulator");
@@ -97,17 +69,19 @@ ExitStatus get(const Options& options)
         for (const Target& target : targets) {
             const void* pRecord = session.record(target.pCategory->category.pKey);
             if (isAll) {
-                std::printf("%s = %s\n", target.path.c_str(), jsonOf(target, session).c_str());
+                std::printf("%s = %s\n", target.path.c_str(), jsonOf(target, session, Members::OfDocument).c_str());
                 continue;
             }
-            const std::string text = target.isElement() ? textOf(target, pRecord) : jsonOf(target, session);
+            const std::string text =
+                target.isElement() ? textOf(target, pRecord) : jsonOf(target, session, Members::OfDocument);
             std::printf("%s\n", text.c_str());
         }
         return kDone;
     }
     const char* pSeparator = "{";
     for (const Target& target : targets) {
-        std::printf("%s\n  %s: %s", pSeparator, jsonText(target.path).c_str(), jsonOf(target, session).c_str());
+        std::printf("%s\n  %s: %s", pSeparator, jsonText(target.path).c_str(),
+                    jsonOf(target, session, Members::OfDocument).c_str());
         pSeparator = ",";
     }
     std::printf("%s\n}\n", targets.empty() ? "{" : "");

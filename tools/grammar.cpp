@@ -1,7 +1,6 @@
 #include "grammar.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "commands.h"
 
@@ -377,6 +376,17 @@ const Command* findCommand(const std::string& name)
         }
     }
     return name == kCompletePath.pName ? &kCompletePath : nullptr;
+}
+
+std::vector<std::string> splitAt(std::string_view text, char separator)
+{
+    std::vector<std::string> parts;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(separator), text.size());
+        parts.emplace_back(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return parts;
 }
 
 std::string programHelp()

@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -69,6 +70,9 @@ std::span<const Command> commands();
 
 /// The command of that name, also one that only completions call; null if there is none.
 const Command* findCommand(const std::string& name);
+
+/// The names of an option, or the choices of a value, one by one.
+std::vector<std::string> splitAt(std::string_view text, char separator);
 
 /// Help texts as they are printed.
 std::string programHelp();

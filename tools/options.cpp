@@ -21,17 +21,6 @@ std::vector<std::string> commandNames()
     return names;
 }
 
-std::vector<std::string> splitAt(std::string_view text, char separator)
-{
-    std::vector<std::string> parts;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find(separator), text.size());
-        parts.emplace_back(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    return parts;
-}
-
 ExitStatus refuse(const std::string& command, const std::string& what)
 {
     std::fprintf(stderr, "qvdb: %s%s; see qvdb %s--help\n", command.empty() ? "" : (command + ": ").c_str(),

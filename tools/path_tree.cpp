@@ -1,12 +1,12 @@
 #include "path_tree.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
 
+#include "bytes.h"
 #include "catalog_tree.h"
 #include "output.h"
 #include "suggest.h"
@@ -258,22 +258,6 @@ std::int64_t signedOf(std::uint64_t bits, std::size_t width)
     return static_cast<std::int64_t>(bits << shift) >> shift;
 }
 
-template <typename T>
-std::string digitsOf(T number)
-{
-    char text[64];
-    const auto result = std::to_chars(text, text + sizeof text, number);
-    return {text, result.ptr};
-}
-
-template <typename T>
-T as(const std::byte* pBytes)
-{
-    T value;
-    std::memcpy(&value, pBytes, sizeof value);
-    return value;
-}
-
 } // namespace
 
 PathTree::PathTree(bool isSimulator) : isSimulator_(isSimulator), keys_(categoriesOf(QvDatabaseCatalogDocument_Memory))
@@ -443,10 +427,8 @@ std::string textAt(const QvDatabaseCatalogField_t& field, const std::byte* pByte
         return digitsOf(as<float>(pBytes));
     case QvDatabaseCatalogElement_Double:
         return digitsOf(as<double>(pBytes));
-    case QvDatabaseCatalogElement_Text: {
-        const char* pText = reinterpret_cast<const char*>(pBytes);
-        return {pText, strnlen(pText, field.width)};
-    }
+    case QvDatabaseCatalogElement_Text:
+        return std::string(charactersOf(field, pBytes));
     case QvDatabaseCatalogElement_Record:
         break;
     }
@@ -482,6 +464,34 @@ std::string textOf(const Target& element, const void* pRecord)
 std::string valueText(const Target& element, const void* pRecord)
 {
     return valueAt(element.pNode->field, bytesOf(element, pRecord));
+}
+
+std::string jsonOf(const Target& target, const Session& session, Members members)
+{
+    const void* pRecord = session.record(target.pCategory->category.pKey);
+    std::string text;
+    const char* pSeparator = "";
+    if (target.rank > 0) {
+        const std::size_t used = usedItems(target, pRecord);
+        for (std::size_t i = 0; i < used; ++i) {
+            text += pSeparator + jsonOf(PathTree::item(target, i), session, members);
+            pSeparator = ", ";
+        }
+        return '[' + text + ']';
+    }
+    if (target.isElement()) {
+        return valueText(target, pRecord);
+    }
+    const bool isList = target.pNode != nullptr && target.pNode->field.count == QvDatabaseCatalogCount_Members;
+    const bool hasAll = members == Members::All || target.pCategory->document == QvDatabaseCatalogDocument_Memory;
+    for (const PathNode& node : PathTree::membersOf(target)) {
+        if (hasAll || !node.isOnlyInMemory) {
+            text += pSeparator + (isList ? "" : jsonText(node.name) + ": ") +
+                    jsonOf(PathTree::member(target, node), session, members);
+            pSeparator = ", ";
+        }
+    }
+    return isList ? '[' + text + ']' : '{' + text + '}';
 }
 
 } // namespace qv::tools

@@ -105,4 +105,10 @@ double numberAt(const QvDatabaseCatalogField_t& field, const std::byte* pBytes);
 std::string textAt(const QvDatabaseCatalogField_t& field, const std::byte* pBytes);
 std::string valueAt(const QvDatabaseCatalogField_t& field, const std::byte* pBytes);
 
+/// Which members a record is shown with: all, or those that the document carries whose names they have.
+enum class Members { All, OfDocument };
+
+/// A value as JSON, lists and records whole.
+std::string jsonOf(const Target& target, const Session& session, Members members);
+
 } // namespace qv::tools

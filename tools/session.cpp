@@ -104,6 +104,11 @@ bool Session::open()
     return true;
 }
 
+bool Session::openWith(const std::string& name, const Options& options, Input& input)
+{
+    return open() && readInput(name, options, input) && load(input);
+}
+
 bool Session::check(const std::string& what, int status, const std::string& reason)
 {
     const std::string first = std::exchange(traces_.firstError, "");

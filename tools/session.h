@@ -37,6 +37,8 @@ public:
     QvDatabaseHandle_t handle() const { return handle_; }
 
     bool open();
+    /// The same with what a file holds.
+    bool openWith(const std::string& name, const Options& options, Input& input);
     /// Tells a failure in one line: what it was about, the status, and why, in other words than the library's where
     /// there are some.
     bool check(const std::string& what, int status, const std::string& reason = "");

@@ -51,7 +51,7 @@ public:
 
     bool run()
     {
-        if (!wanted_.open() || !readInput(options_.words[0], options_, input_) || !wanted_.load(input_)) {
+        if (!wanted_.openWith(options_.words[0], options_, input_)) {
             return false;
         }
         if (input_.form == Form::CalibrationText) {
@@ -156,7 +156,7 @@ private:
             std::size_t end = i;
             std::size_t different = 0;
             while (end < changes.size() && changes[end].setting == changes[i].setting) {
-                different += changes[end].before != valueOf(changes[end].target, wanted_) ? 1U : 0U;
+                different += changes[end].before != jsonOf(changes[end].target, wanted_, Members::All) ? 1U : 0U;
                 ++end;
             }
             if (end - i > kMost) {
@@ -177,7 +177,7 @@ private:
             return target.path + "  now " +
                    std::to_string(usedItems(target, wanted_.record(target.pCategory->category.pKey))) + " items";
         }
-        const std::string after = valueOf(target, wanted_);
+        const std::string after = jsonOf(target, wanted_, Members::All);
         return target.path + "  " + change.before + (change.before == after ? ", as before" : " -> " + after);
     }
 
@@ -195,7 +195,8 @@ private:
         for (std::size_t i = 0; i < changes.size(); ++i) {
             const Target& target = changes[i].target;
             std::printf("%s\n    {\"path\": %s, \"old\": %s, \"new\": %s, ", i == 0 ? "" : ",",
-                        jsonText(target.path).c_str(), changes[i].before.c_str(), valueOf(target, wanted_).c_str());
+                        jsonText(target.path).c_str(), changes[i].before.c_str(),
+                        jsonOf(target, wanted_, Members::All).c_str());
             if (input_.form == Form::Image) {
                 std::printf("\"line\": null, \"offset\": %zu}", target.pCategory->category.imageOffset + target.offset);
             } else {

@@ -189,7 +189,7 @@ bool Settings::resize(const Target& list, std::size_t number)
         return fail(list, "has room for " + std::to_string(list.extents[0]) + " items, but the list has " +
                               std::to_string(number));
     }
-    changes_.push_back({list, valueOf(list, session_), number_});
+    changes_.push_back({list, jsonOf(list, session_, Members::All), number_});
     auto* pRecord = static_cast<std::byte*>(session_.record(list.pCategory->category.pKey));
     QvCommonConvert_integer2Binary(pRecord + list.counterBase + field.counterOffset, field.counterWidth, 0,
                                    static_cast<ssize_t>(number));
@@ -335,31 +335,6 @@ bool Settings::apply(const std::string& setting, std::string& error)
     }
     ++number_;
     return true;
-}
-
-std::string valueOf(const Target& target, const Session& session)
-{
-    const void* pRecord = session.record(target.pCategory->category.pKey);
-    std::string text;
-    const char* pSeparator = "";
-    if (target.rank > 0) {
-        const std::size_t used = usedItems(target, pRecord);
-        for (std::size_t i = 0; i < used; ++i) {
-            text += pSeparator + valueOf(PathTree::item(target, i), session);
-            pSeparator = ", ";
-        }
-        return '[' + text + ']';
-    }
-    if (target.isElement()) {
-        return valueText(target, pRecord);
-    }
-    const bool isList = target.pNode != nullptr && target.pNode->field.count == QvDatabaseCatalogCount_Members;
-    for (const PathNode& node : PathTree::membersOf(target)) {
-        text +=
-            pSeparator + (isList ? "" : jsonText(node.name) + ": ") + valueOf(PathTree::member(target, node), session);
-        pSeparator = ", ";
-    }
-    return isList ? '[' + text + ']' : '{' + text + '}';
 }
 
 } // namespace qv::tools

@@ -54,7 +54,4 @@ private:
     std::string error_;
 };
 
-/// A value as JSON, lists and records whole.
-std::string valueOf(const Target& target, const Session& session);
-
 } // namespace qv::tools

@@ -7,26 +7,13 @@
 #include <string_view>
 #include <utility>
 
+#include "bytes.h"
 #include "route_text.h"
 
 namespace qv::tools {
 namespace {
 
 using Field = QvDatabaseCatalogField_t;
-
-template <class T>
-T as(const std::byte* pBytes)
-{
-    T value{};
-    std::memcpy(&value, pBytes, sizeof value);
-    return value;
-}
-
-std::string_view charactersOf(const Field& field, const std::byte* pBytes)
-{
-    const char* pText = reinterpret_cast<const char*>(pBytes);
-    return {pText, strnlen(pText, field.width)};
-}
 
 /// Whether an integer of a document is that of a field, with the sign of either.
 bool isSameInteger(std::int64_t number, const Field& field, const std::byte* pBytes)

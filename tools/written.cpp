@@ -13,26 +13,12 @@
 #include <qv_initialization/qv_initialization.h>
 #include <qv_json_c/qv_json.h>
 
+#include "bytes.h"
+
 namespace qv::tools {
 namespace {
 
 using Field = QvDatabaseCatalogField_t;
-
-template <class T>
-T as(const std::byte* pBytes)
-{
-    T value{};
-    std::memcpy(&value, pBytes, sizeof value);
-    return value;
-}
-
-template <class T>
-std::string digitsOf(T number)
-{
-    char text[64];
-    const auto result = std::to_chars(text, text + sizeof text, number);
-    return {text, result.ptr};
-}
 
 template <class T>
 std::string fixedOf(T number)
@@ -77,12 +63,6 @@ std::string integerText(const Field& field, const std::byte* pBytes)
         return as<unsigned char>(pBytes) != 0 ? "1" : "0";
     }
     return digitsOf(integerOf(field.isWrittenSigned, pBytes, field.width));
-}
-
-std::string_view charactersOf(const Field& field, const std::byte* pBytes)
-{
-    const char* pText = reinterpret_cast<const char*>(pBytes);
-    return {pText, strnlen(pText, field.width)};
 }
 
 /// How many items of a list go out.
@@ -265,16 +245,13 @@ std::string writtenMember(const FieldNode& node, const std::byte* pRecord, const
 std::string writtenInitialization(const Field& field, const std::byte* pBytes)
 {
     switch (field.written) {
-    case QvDatabaseCatalogElement_Bool:
-        return as<unsigned char>(pBytes) != 0 ? "true" : "false";
-    case QvDatabaseCatalogElement_Integer:
-        return integerText(field, pBytes);
     case QvDatabaseCatalogElement_Float:
         return digitsOf(as<float>(pBytes)); // read with its fraction, though the library writes none
+    case QvDatabaseCatalogElement_Text:
+        return initializationText(charactersOf(field, pBytes));
     default:
-        break;
+        return writtenElement(field, pBytes);
     }
-    return initializationText(charactersOf(field, pBytes));
 }
 
 } // namespace qv::tools

@@ -72,19 +72,21 @@ for cc in gcc clang; do
     echo "-- $cc: a C program by pkg-config"
     mkdir -p "$work/$cc"
     # shellcheck disable=SC2046
-    $cc -std=c11 -Wall -Wextra -Wpedantic -Wconversion -Werror -o "$work/$cc/set_strength" \
-        "$consumer/pkgconfig/set_strength.c" $(pkg-config --cflags --libs qv_database_c qv_common_c)
-    expect "version $version
-strength 48" "$work/$cc/set_strength" "$work/$cc"
+    $cc -std=c11 -Wall -Wextra -Wpedantic -Wconversion -Werror -o "$work/$cc/tune" "$source/examples/tune.c" \
+        $(pkg-config --cflags --libs qv_database_c qv_common_c)
+    expect "ISP QVP1200L_V2407, document version 6.8.25.2
+2DNR strength 96, sigma 3.900
+saved with strength 48 as $work/$cc/set.bin" "$work/$cc/tune" "$document" "$work/$cc/set.bin"
 
     echo "-- $cxx: a C++ program by find_package"
     for prefix in "$root/usr" "$source/build/release"; do
         build=$work/$cc/package_$(basename "$prefix")
         env -u CPATH -u LIBRARY_PATH -u LD_LIBRARY_PATH cmake -S "$consumer/package" -B "$build" \
-            -DCMAKE_CXX_COMPILER=$cxx -DCMAKE_PREFIX_PATH="$prefix" -DWANTED_VERSION=0.1 >"$work/log" 2>&1 &&
+            -DCMAKE_CXX_COMPILER=$cxx -DCMAKE_PREFIX_PATH="$prefix" -DWANTED_VERSION=0.1 \
+            -DEXAMPLES="$source/examples" >"$work/log" 2>&1 &&
             cmake --build "$build" >"$work/log" 2>&1 || { cat "$work/log"; exit 1; }
-        expect "strength 24
-status 3" "$build/halve_strength" "$work/$cc/set.json" "$work/$cc/half.json"
+        expect "2 schedules
+gain    1.000  strength  40" sh -c '"$0" "$1" | head -n 2' "$build/schedule" "$work/$cc/set.bin"
         expect '{
   "answer": 42
 }' "$build/print_json"

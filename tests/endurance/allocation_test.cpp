@@ -372,8 +372,7 @@ protected:
                 .resultOfFailure = "old",
                 .broken =
                     [folder = file.parent_path(), number = ++files_] {
-                        const auto found = std::distance(fs::directory_iterator(folder), fs::directory_iterator());
-                        return found == number ? "" : "there are " + std::to_string(found) + " files";
+                        return files(folder) == number ? "" : "there are " + std::to_string(files(folder)) + " files";
                     }};
     }
 
@@ -454,42 +453,31 @@ TEST_F(AllocationsOpen, Saving)
 
 TEST_F(AllocationsOpen, WhatTakesNoMemory)
 {
-    const auto nothing = [] { return std::string(); };
-    refuseEach({.name = "reset",
-                .run = [this] { return QvDatabase_reset(database_); },
-                .result = [this] { return records(); },
-                .takesNothing = true});
-    refuseEach({.name = "info",
-                .run = [this] { return QvDatabase_info(database_); },
-                .result = nothing,
-                .takesNothing = true});
-    refuseEach({.name = "query",
-                .run =
-                    [this] {
-                        int status = 0;
-                        for (std::size_t i = 0; const QvDatabaseCategory_t* pCategory = QvDatabase_category(i); ++i) {
-                            void* pData = nullptr;
-                            status += QvDatabase_query(database_, pCategory->pKey, &pData);
-                        }
-                        return status;
-                    },
-                .result = nothing,
-                .takesNothing = true});
-    refuseEach({.name = "catalog",
-                .run =
-                    [] {
-                        std::size_t fields = 0;
-                        for (int i = 0; i < QvDatabaseCatalogDocument_Sum; ++i) {
-                            fields += fieldNumber(static_cast<QvDatabaseCatalogDocument_t>(i));
-                        }
-                        return fields > 1000 ? 0 : 1;
-                    },
-                .result = nothing,
-                .takesNothing = true});
-    refuseEach({.name = "close",
-                .run = [this] { return QvDatabase_close(&database_); },
-                .result = nothing,
-                .takesNothing = true});
+    const auto queryAll = [this] {
+        int status = 0;
+        for (std::size_t i = 0; const QvDatabaseCategory_t* pCategory = QvDatabase_category(i); ++i) {
+            void* pData = nullptr;
+            status += QvDatabase_query(database_, pCategory->pKey, &pData);
+        }
+        return status;
+    };
+    const auto walkCatalog = [] {
+        std::size_t fields = 0;
+        for (int i = 0; i < QvDatabaseCatalogDocument_Sum; ++i) {
+            fields += fieldNumber(static_cast<QvDatabaseCatalogDocument_t>(i));
+        }
+        return fields > 1000 ? 0 : 1;
+    };
+    const std::pair<const char*, std::function<int()>> rows[] = {
+        {"reset", [this] { return QvDatabase_reset(database_); }},
+        {"info", [this] { return QvDatabase_info(database_); }},
+        {"query", queryAll},
+        {"catalog", walkCatalog},
+        {"close", [this] { return QvDatabase_close(&database_); }},
+    };
+    for (const auto& [pName, run] : rows) {
+        refuseEach({.name = pName, .run = run, .result = [] { return std::string(); }, .takesNothing = true});
+    }
 }
 
 } // namespace

@@ -89,7 +89,7 @@ protected:
     /// The file without the date of a text.
     std::string content(const Form& form) const { return undated(readFile(folder_ / form.pFilename)); }
 
-    long files() const { return std::distance(fs::directory_iterator(folder_ / ""), fs::directory_iterator()); }
+    long files() const { return qv::test::files(folder_ / ""); }
 
     Database database_;
     TemporaryFolder folder_;

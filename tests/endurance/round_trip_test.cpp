@@ -6,10 +6,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <limits>
 #include <map>
 #include <random>
-#include <span>
 
 #include <gtest/gtest.h>
 #include <qv_database_c/database_calibration.h>
@@ -19,6 +17,7 @@
 #include <qv_database_c/database_misc.h>
 #include <qv_database_c/database_setting.h>
 
+#include "catalog_tree.h"
 #include "database/test_support.h"
 #include "endurance/setting.h"
 
@@ -29,60 +28,25 @@ namespace {
 
 using Random = std::mt19937_64;
 using Document = QvDatabaseCatalogDocument_t;
-
-struct Node {
-    QvDatabaseCatalogField_t field;
-    std::vector<Node> children;
-};
+using qv::tools::elementsOf;
+using qv::tools::FieldNode;
 
 /// A category as one document carries it.
 struct Carried {
     QvDatabaseCatalogCategory_t category;
-    std::vector<Node> fields;
+    std::vector<FieldNode> fields;
 };
-
-std::vector<Carried> carriedBy(Document document)
-{
-    std::vector<Carried> all;
-    QvDatabaseCatalogCategory_t category{};
-    category.size = sizeof category;
-    for (std::size_t i = 0; QvDatabaseCatalog_category(document, i, &category) == 0; ++i) {
-        all.push_back({category, {}});
-        QvDatabaseCatalogCursor_t cursor{};
-        cursor.size = sizeof cursor;
-        EXPECT_EQ(QvDatabaseCatalog_walk(document, category.pKey, &cursor), 0);
-        QvDatabaseCatalogField_t field{};
-        field.size = sizeof field;
-        while (QvDatabaseCatalog_next(&cursor, &field) == 0) {
-            std::vector<Node>* pList = &all.back().fields;
-            for (std::size_t depth = 0; depth < field.depth; ++depth) {
-                pList = &pList->back().children;
-            }
-            pList->push_back({field, {}});
-        }
-    }
-    return all;
-}
 
 const std::vector<Carried>& documentOf(Document document)
 {
     static std::map<Document, std::vector<Carried>> documents;
-    if (!documents.contains(document)) {
-        documents[document] = carriedBy(document);
+    std::vector<Carried>& all = documents[document];
+    if (all.empty()) {
+        for (const QvDatabaseCatalogCategory_t& category : qv::tools::categoriesOf(document)) {
+            all.push_back({category, qv::tools::fieldsOf(document, category)});
+        }
     }
-    return documents[document];
-}
-
-std::size_t elementsOf(const QvDatabaseCatalogField_t& field)
-{
-    return field.extents[0] * field.extents[1] * field.extents[2];
-}
-
-/// A list of records, or a single one, whatever numbers a document makes of it.
-std::size_t recordsIn(const QvDatabaseCatalogField_t& field)
-{
-    const bool isOne = field.count == QvDatabaseCatalogCount_One || field.count == QvDatabaseCatalogCount_Members;
-    return isOne ? 1 : elementsOf(field);
+    return all;
 }
 
 std::uint64_t counterOf(const QvDatabaseCatalogField_t& field, const char* pRecord)
@@ -94,19 +58,14 @@ std::uint64_t counterOf(const QvDatabaseCatalogField_t& field, const char* pReco
 
 // ---------------------------------------------------------------------------------------------------- what is carried
 
-/// A float by way of six decimals, which the C library writes and reads.
-float throughText(float value)
-{
-    std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), "%.6f", static_cast<double>(value));
-    return std::strtof(text.data(), nullptr);
-}
-
-double throughText(double value)
+/// A number by way of six decimals, which the C library writes and reads.
+template <class Number>
+Number throughText(Number value)
 {
     std::array<char, 400> text{};
-    std::snprintf(text.data(), text.size(), "%.6f", value);
-    return std::strtod(text.data(), nullptr);
+    std::snprintf(text.data(), text.size(), "%.6f", static_cast<double>(value));
+    return sizeof value == sizeof(float) ? static_cast<Number>(std::strtof(text.data(), nullptr))
+                                         : static_cast<Number>(std::strtod(text.data(), nullptr));
 }
 
 /// A float of a section, written without its fraction, and as far as 64 bits go.
@@ -119,6 +78,15 @@ float throughWhole(float value)
     return value < -kLimit ? -kLimit : std::trunc(value) + 0.0F;
 }
 
+template <class Number>
+void carryNumber(Number (*through)(Number), const char* pFrom, char* pTo)
+{
+    Number value = 0;
+    std::memcpy(&value, pFrom, sizeof value);
+    value = through(value);
+    std::memcpy(pTo, &value, sizeof value);
+}
+
 class Carrier {
 public:
     Carrier(Document document, const QvDatabaseCatalogCategory_t& category)
@@ -128,22 +96,22 @@ public:
     }
 
     /// Stores what arrives of a record in another one.
-    void carry(const std::vector<Node>& fields, const char* pFrom, char* pTo) const
+    void carry(const std::vector<FieldNode>& fields, const char* pFrom, char* pTo) const
     {
-        for (const Node& node : fields) {
+        for (const FieldNode& node : fields) {
             const QvDatabaseCatalogField_t& field = node.field;
             if (field.direction != QvDatabaseCatalogDirection_Both || field.count == QvDatabaseCatalogCount_Heap) {
                 continue;
             }
             // Where two fields have one key, a document holds the last of them.
-            const auto last = std::ranges::find_if(fields.rbegin(), fields.rend(), [&](const Node& other) {
+            const auto last = std::ranges::find_if(fields.rbegin(), fields.rend(), [&](const FieldNode& other) {
                 return std::strcmp(other.field.pKey, field.pKey) == 0;
             });
             const char* pSource = pFrom + last->field.offset;
             if (field.element == QvDatabaseCatalogElement_Record) {
                 const std::size_t number = carriedNumber(field, pFrom, pTo);
                 for (std::size_t i = 0; i < number; ++i) {
-                    carry(node.children, pSource + i * field.width, pTo + field.offset + i * field.width);
+                    carry(node.fields, pSource + i * field.width, pTo + field.offset + i * field.width);
                 }
                 continue;
             }
@@ -157,7 +125,7 @@ private:
     static std::size_t carriedNumber(const QvDatabaseCatalogField_t& field, const char* pFrom, char* pTo)
     {
         if (field.counterWidth == 0) {
-            return recordsIn(field);
+            return elementsOf(field);
         }
         std::uint64_t number = counterOf(field, pFrom);
         std::memcpy(pTo + field.counterOffset, &number, field.counterWidth);
@@ -181,15 +149,9 @@ private:
             }
         } else if (field.element == QvDatabaseCatalogElement_Float &&
                    field.written != QvDatabaseCatalogElement_Integer) {
-            float value = 0;
-            std::memcpy(&value, pFrom, sizeof value);
-            value = isSection_ ? throughWhole(value) : throughText(value);
-            std::memcpy(pTo, &value, sizeof value);
+            carryNumber<float>(isSection_ ? throughWhole : throughText<float>, pFrom, pTo);
         } else if (field.element == QvDatabaseCatalogElement_Double) {
-            double value = 0;
-            std::memcpy(&value, pFrom, sizeof value);
-            value = throughText(value);
-            std::memcpy(pTo, &value, sizeof value);
+            carryNumber<double>(throughText<double>, pFrom, pTo);
         } else {
             std::memcpy(pTo, pFrom, field.width);
         }
@@ -233,9 +195,7 @@ void carryDocument(Form form, Document document, const Records& from, Records& t
 {
     for (const Carried& carried : documentOf(document)) {
         const std::string key = carried.category.pKey;
-        const bool isThere =
-            carried.category.isWritten && (key == "MT") == isMeta(form); // metadata has files of its own
-        if (isThere) {
+        if (carried.category.isWritten && (key == "MT") == isMeta(form)) { // metadata has files of its own
             Carrier(document, carried.category).carry(carried.fields, from.at(key).data(), to[key].data());
         }
     }
@@ -250,22 +210,19 @@ Records expectedBehind(Form form, const Records& from, Records to)
         }
         return to;
     }
-    if (form == Form::Initialization) {
-        carryDocument(form, QvDatabaseCatalogDocument_Initialization, from, to);
-        return to;
-    }
-    if (isMeta(form)) {
-        const bool isOfSimulator = form == Form::MetaSimulator;
-        carryDocument(form, isOfSimulator ? QvDatabaseCatalogDocument_Simulator : QvDatabaseCatalogDocument_Meta, from,
-                      to);
+    const Document document = form == Form::Tuning           ? QvDatabaseCatalogDocument_Tuning
+                              : form == Form::Initialization ? QvDatabaseCatalogDocument_Initialization
+                              : form == Form::Meta           ? QvDatabaseCatalogDocument_Meta
+                                                             : QvDatabaseCatalogDocument_Simulator;
+    if (form == Form::Initialization || isMeta(form)) {
+        carryDocument(form, document, from, to);
         return to;
     }
     carryDocument(form, QvDatabaseCatalogDocument_Version, from, to);
     if (form == Form::Tuning) {
         to["EC_2"][offsetof(QvDatabaseExposureControl_2_t, isParse)] = 1; // tells that it was read
     }
-    carryDocument(form, form == Form::Tuning ? QvDatabaseCatalogDocument_Tuning : QvDatabaseCatalogDocument_Simulator,
-                  from, to);
+    carryDocument(form, document, from, to);
     if (form == Form::Simulator) {
         // Both records have this key in one object, and MD is written last.
         to["MISC"][offsetof(QvDatabaseMisc_t, nrReloc)] = from.at("MD")[offsetof(QvDatabaseMetaDriver_t, nrReloc)];
@@ -332,14 +289,13 @@ void fillElement(Random& random, const QvDatabaseCatalogField_t& field, char* pD
     }
 }
 
-void fill(Random& random, const std::vector<Node>& fields, char* pRecord)
+void fill(Random& random, const std::vector<FieldNode>& fields, char* pRecord)
 {
-    for (const Node& node : fields) {
-        const bool isRecord = node.field.element == QvDatabaseCatalogElement_Record;
-        for (std::size_t i = 0; i < (isRecord ? recordsIn(node.field) : elementsOf(node.field)); ++i) {
+    for (const FieldNode& node : fields) {
+        for (std::size_t i = 0; i < elementsOf(node.field); ++i) {
             char* pData = pRecord + node.field.offset + i * node.field.width;
-            if (isRecord) {
-                fill(random, node.children, pData);
+            if (node.field.element == QvDatabaseCatalogElement_Record) {
+                fill(random, node.fields, pData);
             } else {
                 fillElement(random, node.field, pData);
             }
@@ -348,9 +304,9 @@ void fill(Random& random, const std::vector<Node>& fields, char* pRecord)
 }
 
 /// Gives the counters of lists a number that the lists hold, mostly a small one.
-void fillCounters(Random& random, const std::vector<Node>& fields, char* pRecord)
+void fillCounters(Random& random, const std::vector<FieldNode>& fields, char* pRecord)
 {
-    for (const Node& node : fields) {
+    for (const FieldNode& node : fields) {
         const QvDatabaseCatalogField_t& field = node.field;
         if (field.element != QvDatabaseCatalogElement_Record || field.count == QvDatabaseCatalogCount_Heap) {
             continue;
@@ -361,8 +317,8 @@ void fillCounters(Random& random, const std::vector<Node>& fields, char* pRecord
             const std::uint64_t number = random() % (most + 1);
             std::memcpy(pRecord + field.counterOffset, &number, field.counterWidth);
         }
-        for (std::size_t i = 0; i < recordsIn(field); ++i) {
-            fillCounters(random, node.children, pRecord + field.offset + i * field.width);
+        for (std::size_t i = 0; i < elementsOf(field); ++i) {
+            fillCounters(random, node.fields, pRecord + field.offset + i * field.width);
         }
     }
 }

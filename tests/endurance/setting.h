@@ -3,6 +3,8 @@
 // What the tests of this folder share. Each has a short setting, for every build, and a long one, for the night.
 
 #include <cstdlib>
+#include <filesystem>
+#include <iterator>
 
 #include <qv_database_c/database_catalog.h>
 
@@ -11,6 +13,12 @@ namespace qv::test {
 inline bool isNight()
 {
     return std::getenv("QV_NIGHT") != nullptr;
+}
+
+/// How many files there are in a folder.
+inline long files(const std::filesystem::path& folder)
+{
+    return std::distance(std::filesystem::directory_iterator(folder), std::filesystem::directory_iterator());
 }
 
 /// The fields of a document, by a walk over all of them.

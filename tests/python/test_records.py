@@ -92,11 +92,12 @@ def test_memory_lives_as_long_as_anything_refers_to_it(sample):
     assert view[1] == 2.0 and record.setPoint == 40.8
     others[0].close()
     assert (plain == expected).all() and tables[0].strength[0] == 40
-    for use in (lambda r: r.setPoint, lambda r: setattr(r, "setPoint", 1), lambda r: r.to_dict(), lambda r: np.asarray(r)):
-        closed = others[1]["AE_3"]
+    uses = [lambda r: r.setPoint, lambda r: setattr(r, "setPoint", 1), lambda r: r.to_dict(), lambda r: np.asarray(r)]
+    closed = others[1]["AE_3"]
+    for use in uses:
         use(closed)
     others[1].close()
-    for use in (lambda r: r.setPoint, lambda r: setattr(r, "setPoint", 1), lambda r: r.to_dict(), lambda r: np.asarray(r)):
+    for use in uses:
         with pytest.raises(ValueError, match="closed"):
             use(closed)
     with pytest.raises(ValueError, match="closed"):

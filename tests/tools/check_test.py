@@ -1,6 +1,7 @@
 """check_test.py QVDB SAVE_RANDOM PLANTED DOCUMENTATION DATABASES: faults that were planted are found, each with place,
 words and id; what the library saves is clean; what check says of a value is what a load makes of it."""
 
+import difflib
 import glob
 import json
 import os
@@ -12,15 +13,10 @@ import subprocess
 import sys
 import tempfile
 
+from shared import check, finish, load, read, write
+
 qvdb, save_random, planted, documentation, databases = sys.argv[1:6]
 qvdb, save_random = os.path.abspath(qvdb), os.path.abspath(save_random)
-failures = []
-
-
-def check(condition, what):
-    if not condition:
-        failures.append(what)
-
 
 def run(*words, cwd=None, stdin=None):
     return subprocess.run([qvdb, *words], cwd=cwd, input=stdin, capture_output=True, text=True, timeout=300)
@@ -34,8 +30,7 @@ def patched(image, patches):
 
 def make_images(folder):
     """Images with faults: all records of a fresh database, and bytes of some of them changed."""
-    with open(folder + "/empty.json", "w") as file:
-        file.write("{}")
+    write(folder + "/empty.json", "{}")
     run("convert", "empty.json", "fresh.bin", cwd=folder)
     fresh = open(folder + "/fresh.bin", "rb").read()
     os.remove(folder + "/empty.json")
@@ -54,27 +49,23 @@ def make_images(folder):
     images = {"e_image": patched(fresh, faults), "e_short": fresh[:100000], "e_long": fresh + b"12", "good": fresh}
     images["e_calibration"] = patched(fresh[:89736], faults[:2])
     for name, image in images.items():
-        with open(f"{folder}/{name}.bin", "wb") as file:
-            file.write(image)
+        write(f"{folder}/{name}.bin", image)
 
 
 def test_planted(folder):
     """All planted faults and nothing else; without an id all but those of that id."""
     names = sorted(os.listdir(folder))
-    expected = open(planted + "/expected.txt").read().splitlines()
+    expected = read(planted + "/expected.txt").splitlines()
     result = run("check", *names, cwd=folder)
     found = result.stderr.splitlines()
-    for line in [line for line in expected if line not in found]:
-        check(False, "not found: " + line)
-    for line in [line for line in found if line not in expected]:
-        check(False, "too much: " + line)
-    check(found == expected, "findings stand in another order")
+    difference = difflib.unified_diff(expected, found, "planted", "found", n=0, lineterm="")
+    check(found == expected, "\n".join(difference))
     check(result.returncode == 1 and result.stdout == "", f"status {result.returncode}, output {result.stdout[:80]}")
 
     refusal = run("check", "--disable", "unknown-mamber", names[0], cwd=folder)
     ids = refusal.stderr.split("those there are: ")[-1].split(";")[0].split(", ")
     check(refusal.returncode == 2 and "did you mean unknown-member?" in refusal.stderr, "an unknown id: " + refusal.stderr)
-    described = re.findall(r"^\| `([a-z-]+)` \| (?:error|warning|note) \|", open(documentation).read(), re.M)
+    described = re.findall(r"^\| `([a-z-]+)` \| (?:error|warning|note) \|", read(documentation), re.M)
     check(described == ids, f"documented are {described}")
     for name in ids:
         own = [line for line in expected if line.endswith(f"[{name}]")]
@@ -146,7 +137,7 @@ def is_said(text, value):
     if said.startswith("the byte") or said.endswith("infinity"):
         return True  # nothing that JSON could show
     said = json.loads(said)
-    return said == value or said == (value is True) or struct.pack("f", said) == struct.pack("f", value)
+    return said == (value is True) or is_same(said, value)
 
 
 def test_stored(folder, lines):
@@ -164,9 +155,8 @@ def test_stored(folder, lines):
 
 
 def is_same(written, value):
-    if isinstance(written, str) or not isinstance(value, (int, float)):
-        return written == value
-    return written == value or struct.pack("f", written) == struct.pack("f", value)
+    is_number = isinstance(written, (int, float)) and isinstance(value, (int, float))
+    return written == value or is_number and struct.pack("f", written) == struct.pack("f", value)
 
 
 def test_every_field(folder):
@@ -175,21 +165,21 @@ def test_every_field(folder):
     number = 0
     faults = (2**40 + 5, -7, 3.5, "x", True)[: 5 if int(databases) > 2 else 2]
     for fault in faults:
-        document = json.load(open(folder + "/tuning0.json"))
+        document = load(folder + "/tuning0.json")
         del document["version"]
         paths = []
         for path, holder, key in list(leaves(document)):
             if "aeInfo" not in path:  # written and never read
                 holder[key] = fault
                 paths.append(path.removeprefix("tuning."))
-        json.dump(document, open(folder + "/faults.json", "w"))
+        write(folder + "/faults.json", document)
         lines = run("check", "--json", "faults.json", cwd=folder).stdout.splitlines()
         findings = {}
         for line in map(json.loads, lines):
             findings.setdefault(line["path"], []).append(line)
         got = values(folder, "faults.json", paths)
         run("convert", "faults.json", "saved.json", cwd=folder)
-        saved = {path.removeprefix("tuning."): holder[key] for path, holder, key in leaves(json.load(open(folder + "/saved.json")))}
+        saved = {path.removeprefix("tuning."): holder[key] for path, holder, key in leaves(load(folder + "/saved.json"))}
         for path in paths:
             told = [line for line in findings.get(path, []) if line["id"] not in ("not-rising", "count-mismatch")]
             number += 1
@@ -212,8 +202,7 @@ def test_saved(folder):
     for line in run("check", "--json", *names, cwd=folder).stdout.splitlines():
         finding = json.loads(line)
         check(finding["id"] in ("not-rising", "version", "bounded"), f"a save doesn't pass its own check: {line}")
-    with open(folder + "/empty.json", "w") as file:
-        file.write("{}")
+    write(folder + "/empty.json", "{}")
     samples = os.path.dirname(os.path.abspath(documentation)) + "/../examples/documents/imx477"
     for source in ("empty.json", samples + ".json", samples + ".ini"):
         for words in (["saved.json"], ["saved.ini"], ["saved.bin"], ["saved.json", "--protocol", "simulator"]):
@@ -231,7 +220,7 @@ def scalars(value):
 def test_coverage(folder):
     """Of a save every value counts but what is written and never read; of planted faults what is passed over."""
     for name in ("tuning0.json", "meta0.json", "meta_simulator0.json"):
-        document = json.load(open(f"{folder}/{name}"))
+        document = load(f"{folder}/{name}")
         result = json.loads(run("coverage", "--json", name, cwd=folder).stdout)
         if "version" in document:
             del document["version"]["exportDate"]
@@ -265,7 +254,4 @@ with tempfile.TemporaryDirectory() as folder:
     test_coverage(folder)
     test_every_field(folder)
 
-for failure in failures[:40]:
-    print("FAILED:", failure)
-print(f"{len(failures)} failures")
-sys.exit(1 if failures else 0)
+finish()

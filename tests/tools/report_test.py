@@ -15,15 +15,9 @@ import threading
 import time
 import urllib.request
 
+from shared import check as expect, finish
+
 qvdb, documents = sys.argv[1], pathlib.Path(sys.argv[2])
-failures = []
-
-
-def expect(condition, text):
-    if not condition:
-        failures.append(text)
-        print("FAILED:", text)
-
 
 class Proxy(socketserver.BaseRequestHandler):
     """Stands where the network would be."""
@@ -159,4 +153,4 @@ with tempfile.TemporaryDirectory() as name, socketserver.ThreadingTCPServer(("12
     expect(asked == [], f"no request leaves the page: {asked}")
     server.shutdown()
 
-sys.exit(1 if failures else 0)
+finish()

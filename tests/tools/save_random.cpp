@@ -1,10 +1,12 @@
 // save_random FOLDER NUMBER: fills databases with random values and saves each in every form, so that whatever
 // describes the forms can be held against what the library really writes.
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <fstream>
 #include <iterator>
 #include <limits>
@@ -13,9 +15,7 @@
 #include <vector>
 
 #include <qv_database_c/database_catalog.h>
-#include <qv_database_c/database_dump.h>
-#include <qv_database_c/database_setting.h>
-#include <qv_database_c/qv_database.h>
+#include <qv_database_c/qv_database.hpp>
 
 #include "catalog_tree.h"
 
@@ -24,16 +24,10 @@ namespace {
 using Field = QvDatabaseCatalogField_t;
 using qv::tools::FieldNode;
 
-[[noreturn]] void fail(const std::string& what)
-{
-    std::fprintf(stderr, "save_random: %s\n", what.c_str());
-    std::exit(1);
-}
-
 void need(int status, const std::string& what)
 {
     if (status != 0) {
-        fail(what + ": status " + std::to_string(status));
+        throw qv::Error(what, status);
     }
 }
 
@@ -111,11 +105,11 @@ private:
     std::mt19937_64 engine_;
 };
 
-/// A database whose fields are set one by one through the catalog.
+/// Sets the fields of a database one by one through the catalog.
 class Filler {
 public:
-    Filler(QvDatabaseHandle_t handle, Values& values, std::size_t heapLength)
-        : handle_(handle), values_(values), heapLength_(heapLength)
+    Filler(const qv::Database& database, Values& values, std::size_t heapLength)
+        : handle_(database.handle()), values_(values), heapLength_(heapLength)
     {
     }
 
@@ -135,36 +129,29 @@ private:
             // A list on the heap, and its length, are made by a load.
             const bool isLength = field.role == QvDatabaseCatalogRole_CountOf && std::isinf(field.maximum);
             if (field.element != QvDatabaseCatalogElement_Pointer && !isLength) {
-                fillList(path + "." + field.pKey, node, 0);
+                fillField(path + "." + field.pKey, node, 0);
             }
         }
     }
 
-    /// A list in its dimensions, down to single elements.
-    void fillList(const std::string& path, const FieldNode& node, std::size_t dimension)
+    /// A list in its dimensions, down to records and single elements.
+    void fillField(const std::string& path, const FieldNode& node, std::size_t dimension)
     {
-        if (dimension == node.field.rank || dimension == std::size(node.field.extents)) {
-            fillElement(path, node);
-            return;
-        }
-        const bool isOnHeap = node.field.count == QvDatabaseCatalogCount_Heap;
-        const std::size_t length = isOnHeap ? heapLength_ : node.field.extents[dimension];
-        for (std::size_t i = 0; i < length; ++i) {
-            fillList(path + "[" + std::to_string(i) + "]", node, dimension + 1);
-        }
-    }
-
-    void fillElement(const std::string& path, const FieldNode& node)
-    {
-        if (node.field.element == QvDatabaseCatalogElement_Record) {
+        if (dimension < std::min(node.field.rank, std::size(node.field.extents))) {
+            const bool isOnHeap = node.field.count == QvDatabaseCatalogCount_Heap;
+            const std::size_t length = isOnHeap ? heapLength_ : node.field.extents[dimension];
+            for (std::size_t i = 0; i < length; ++i) {
+                fillField(path + "[" + std::to_string(i) + "]", node, dimension + 1);
+            }
+        } else if (node.field.element == QvDatabaseCatalogElement_Record) {
             fillFields(path, node.fields);
-            return;
+        } else {
+            QvDatabaseCatalogPlace_t place{};
+            place.size = sizeof place;
+            need(QvDatabaseCatalog_find(document_, path.c_str(), &place), path);
+            const std::string text = values_.text(node.field);
+            need(QvDatabaseCatalog_setText(&place, pRecord_, text.c_str()), path + " = " + text);
         }
-        QvDatabaseCatalogPlace_t place{};
-        place.size = sizeof place;
-        need(QvDatabaseCatalog_find(document_, path.c_str(), &place), path);
-        const std::string text = values_.text(node.field);
-        need(QvDatabaseCatalog_setText(&place, pRecord_, text.c_str()), path + " = " + text);
     }
 
     QvDatabaseHandle_t handle_;
@@ -174,31 +161,18 @@ private:
     void* pRecord_ = nullptr;
 };
 
-template <class Record>
-Record& record(QvDatabaseHandle_t handle, const char* pKey)
+/// Everything that files carry; the rest is a matter of run time.
+void fillDatabase(qv::Database& database, Values& values, const std::string& folder)
 {
-    void* pData = nullptr;
-    need(QvDatabase_query(handle, pKey, &pData), pKey);
-    return *static_cast<Record*>(pData);
-}
-
-/// Only a load makes the list of DUMP.
-void makeRegisters(QvDatabaseHandle_t handle, const std::string& file, std::size_t length)
-{
+    // Only a load makes the list of DUMP.
+    const std::size_t registers = values.below(4);
     std::string items;
-    for (std::size_t i = 0; i < length; ++i) {
+    for (std::size_t i = 0; i < registers; ++i) {
         items += i == 0 ? "{}" : ", {}";
     }
-    std::ofstream(file) << R"({"tuning": {"DUMP": {"registers": [)" << items << "]}}}";
-    need(QvDatabase_load(handle, file.c_str()), file);
-}
-
-/// Everything that files carry; the rest is a matter of run time.
-void fillDatabase(QvDatabaseHandle_t handle, Values& values, const std::string& folder)
-{
-    const std::size_t registers = values.below(4);
-    makeRegisters(handle, folder + "registers.json", registers);
-    Filler filler(handle, values, registers);
+    std::ofstream(folder + "registers.json") << R"({"tuning": {"DUMP": {"registers": [)" << items << "]}}}";
+    database.load(folder + "registers.json");
+    Filler filler(database, values, registers);
     for (const auto& category : qv::tools::categoriesOf(QvDatabaseCatalogDocument_Memory)) {
         if (category.documents != 1U << QvDatabaseCatalogDocument_Memory) {
             filler.fill(QvDatabaseCatalogDocument_Memory, category);
@@ -211,37 +185,37 @@ void fillDatabase(QvDatabaseHandle_t handle, Values& values, const std::string& 
     }
 }
 
-void saveAll(QvDatabaseHandle_t handle, const std::string& folder, const std::string& number)
+void saveAll(qv::Database& database, const std::string& folder, const std::string& number)
 {
-    auto& setting = record<QvDatabaseSetting_t>(handle, "ST");
+    auto& setting = database.get<QvDatabaseSetting_t>();
     setting.protocol = QvDatabaseSettingProtocol_Standard;
     // First of all: the save of a text notes its time, which the image would hold.
-    need(QvDatabase_save(handle, (folder + "image" + number + ".bin").c_str()), "image");
-    need(QvDatabase_save(handle, (folder + "tuning" + number + ".json").c_str()), "tuning");
-    need(QvDatabase_save(handle, (folder + "section" + number + ".ini").c_str()), "section");
-    need(QvDatabase_metaSave(handle, (folder + "meta" + number + ".json").c_str()), "meta");
+    database.save(folder + "image" + number + ".bin");
+    database.save(folder + "tuning" + number + ".json");
+    database.save(folder + "section" + number + ".ini");
+    database.metaSave(folder + "meta" + number + ".json");
     setting.protocol = QvDatabaseSettingProtocol_Simulator;
-    need(QvDatabase_save(handle, (folder + "simulator" + number + ".json").c_str()), "simulator");
-    need(QvDatabase_metaSave(handle, (folder + "meta_simulator" + number + ".json").c_str()), "simulator meta");
+    database.save(folder + "simulator" + number + ".json");
+    database.metaSave(folder + "meta_simulator" + number + ".json");
 }
 
 } // namespace
 
 int main(int argc, char* argv[])
-{
+try {
     if (argc != 3) {
-        fail("usage: save_random FOLDER NUMBER");
+        std::fprintf(stderr, "usage: save_random FOLDER NUMBER\n");
+        return 1;
     }
     const std::string folder = std::string(argv[1]) + "/";
     for (int i = 0; i < std::atoi(argv[2]); ++i) {
         Values values(static_cast<unsigned>(i));
-        QvDatabaseHandle_t handle = 0;
-        QvDatabaseOpenParam_t param{};
-        need(QvDatabase_open(&param, &handle), "open");
-        fillDatabase(handle, values, folder);
-        saveAll(handle, folder, std::to_string(i));
-        std::free(record<QvDatabaseDump_t>(handle, "DUMP").pRegisters); // the caller's, as its header says
-        need(QvDatabase_close(&handle), "close");
+        qv::Database database;
+        fillDatabase(database, values, folder);
+        saveAll(database, folder, std::to_string(i));
     }
     return 0;
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "save_random: %s\n", error.what());
+    return 1;
 }

@@ -13,39 +13,48 @@ import subprocess
 import sys
 import tempfile
 
-from jsonschema import Draft7Validator
+from jsonschema import Draft7Validator, validators
+
+from shared import check, failures, finish, load
 
 FORMS = ["", "tuning", "simulator", "calibration", "meta"]
 
 qvdb, save_random, documents = sys.argv[1:4]
 databases = int(sys.argv[4])
-failures = []
-
-
-def check(condition, what):
-    if not condition:
-        failures.append(what)
 
 
 def run(*words):
     return subprocess.run(words, check=True, capture_output=True, text=True).stdout
 
 
-def load(name):
-    with open(name, encoding="utf-8") as file:
-        return json.load(file)
+def check_items(validator, items, instance, schema):
+    """The library's keyword takes each of thousands of numbers alone. Of those without a list of values the least and the
+    greatest of a kind tell of all."""
+    if isinstance(instance, list) and isinstance(items, dict) and {"minimum", "allOf"} & items.keys() and len(instance) > 8:
+        kinds = {}
+        for i, item in enumerate(instance):
+            is_number = isinstance(item, (int, float)) and not isinstance(item, bool)
+            kinds.setdefault((type(item), item == item // 1) if is_number else i, []).append(i)
+        chosen = {pick(kind, key=instance.__getitem__) for kind in kinds.values() for pick in (min, max)}
+        for i in sorted(chosen):
+            yield from validator.descend(instance[i], items, path=i)
+    else:
+        yield from Draft7Validator.VALIDATORS["items"](validator, items, instance, schema)
+
+
+Validator = validators.extend(Draft7Validator, {"items": check_items})
 
 
 def make_validators():
-    validators = {}
+    made = {}
     for form in FORMS:
         text = run(qvdb, "schema", *([form] if form else []))
         check(text == run(qvdb, "schema", *([form] if form else [])), f"schema {form}: differs from call to call")
         schema = json.loads(text)
         Draft7Validator.check_schema(schema)
         check(schema["$schema"] == "http://json-schema.org/draft-07/schema#", f"schema {form}: names no draft")
-        validators[form] = Draft7Validator(schema)
-    return validators
+        made[form] = Validator(schema)
+    return made
 
 
 def expect_valid(form, document, what):
@@ -183,6 +192,7 @@ def converted(folder, source, name, *words):
 
 
 def test_faults(tuning, simulator):
+    """Ends of ranges and rooms, named values, and some of what the sweep tries everywhere, here with place and keyword."""
     sensor = ["tuning", "SS"]
     row = ["tuning", "A2DNR_5_2", "tables", 0]
     driver = next(i for i, item in enumerate(simulator["root"]) if "driver" in item)
@@ -199,16 +209,9 @@ def test_faults(tuning, simulator):
 
     for path, value, keyword in [
         (["tuning", "AE_4"], {}, "additionalProperties"),
-        (row + ["Gain"], [1.0] * 20, "additionalProperties"),
-        (["sensor", "AWB", "illumination", 0, "GMM", "x"], 1, "additionalProperties"),
-        (["tuning", "AE_3", "enable"], 1, "type"),
         (["tuning", "AE_3", "setPoint"], "1", "type"),
-        (["tuning", "AE_3"], [], "type"),
-        (["tuning", "AE_3", "roiWindow"], 1, "type"),
-        (["header", "creator"], 1, "type"),
         (["tuning", "2DNR_5_2", "strength"], 256, "maximum"),
         (["tuning", "2DNR_5_2", "strength"], -1, "minimum"),
-        (["tuning", "2DNR_5_2", "strength"], 1.5, "type"),
         (["tuning", "WDR_5_2_1", "contrast"], 32768, "maximum"),
         (["tuning", "WDR_5_2_1", "contrast"], -32769, "minimum"),
         (["tuning", "AE_3", "roiNum"], 26, "maximum"),
@@ -225,8 +228,6 @@ def test_faults(tuning, simulator):
         (["tuning", "TM", "fs", "frameCount"], 2**65, "maximum"),
         (["tuning", "TM", "fs", "frameCount"], -(2**64), "minimum"),
         (["tuning", "2DNR_5_2", "lumaCurveX"], longer, "maxItems"),
-        (["tuning", "2DNR_5_2", "lumaCurveX"], shorter, "minItems"),
-        (row + ["lumaCurveX", 3], longer, "maxItems"),
         (row + ["lumaCurveX", 3], shorter, "minItems"),
         (["tuning", "A2DNR_5_2", "tables"], lambda items: items[:1] * 21, "maxItems"),
         (["tuning", "IPT", "paths"], longer, "maxItems"),
@@ -234,13 +235,10 @@ def test_faults(tuning, simulator):
         (sensor + ["modes"], longer, "maxItems"),
         (sensor + ["listInfos"], lambda items: items[:1] * 31, "maxItems"),
         (["sensor", "CC"], lambda items: items[:1] * 15, "maxItems"),
-        (["sensor", "CC", 0, "ccMatrix"], longer, "maxItems"),
-        (["sensor", "CC", 0, "ccMatrix", 2], shorter, "minItems"),
         (["sensor", "AWB", "illumination", 0, "aLSC"], longer, "maxItems"),
         (["version", "versionNumber"], "1" * 21, "maxLength"),
         (sensor + ["modes", 0, "type"], 3, "enum"),
         (["tuning", "IPT", "type"], -1, "enum"),
-        (["tuning", "AE_3", "setPoint"], None, "type"),
     ]:
         expect_fault("", tuning, path, value, keyword)
         if path[0] == "tuning":
@@ -249,21 +247,14 @@ def test_faults(tuning, simulator):
             expect_fault("calibration", {key: tuning[key] for key in tuning if key != "tuning"}, path, value, keyword)
 
     for path, value, keyword in [
-        (["root"], {}, "type"),
         (["root", 0, "classname"], "A2dnr", "enum"),
         (["root", 0, "classname"], "C2dnrv5_1", "enum"),
-        (["root", 0, "noSuchMember"], 1, "additionalProperties"),
-        (["root", driver, "noSuchMember"], 1, "additionalProperties"),
-        (["root", driver, "output", "bit"], 1, "additionalProperties"),
         (["root", driver, "input", "path"], longer, "maxItems"),
         (manual + [0, "class"], "c2dnrv5_1", "enum"),
         (manual + [0], {"enable": True}, "required"),
         (manual + [0, "noSuchMember"], 1, "additionalProperties"),
-        (statistics + ["windows"], longer, "maxItems"),
-        (statistics + ["windows"], shorter, "minItems"),
         (statistics + ["windows", 1], -1, "minimum"),
         (interface + ["xml"], "x" * 257, "maxLength"),
-        (interface + ["metadata_awb_gains_array", 5], shorter, "minItems"),
     ]:
         for form in ("", "simulator"):
             expect_fault(form, simulator, path, value, keyword)
@@ -289,7 +280,8 @@ def test_readable(tuning, simulator):
         (["header", "resolution"], None),
         (["tuning", "AE_3", "setPoint"], 3),
     ]:
-        expect_valid("", edited({**tuning, "$schema": ""}, path, value), str(path))
+        small, at = surroundings({**tuning, "$schema": ""}, path)
+        expect_valid("", edited(small, at, value), str(path))
     for form in FORMS:
         expect_valid(form, {}, "an empty document")
     for item in simulator["root"]:
@@ -301,13 +293,9 @@ def test_readable(tuning, simulator):
 def test_meta(plain, small):
     for document, path, value, keyword in [
         (plain, ["frame_index"], 1, "additionalProperties"),
-        (plain, ["meanLuma", 0, "meanRoiWin"], [], "minItems"),
-        (plain, ["ccmConfig", "ccmMatrix"], [1.0] * 8, "minItems"),
         (plain, ["bufChainId"], 2**32, "maximum"),
         (plain, ["bufChainId"], -(2**31) - 1, "minimum"),
         (small, ["root", "metadata", "frameCount"], 1, "additionalProperties"),
-        (small, ["root", "metadata", "image_gain"], [1.0] * 7, "maxItems"),
-        (small, ["root", "x"], 1, "additionalProperties"),
     ]:
         expect_fault("meta", document, path, value, keyword)
     check(not VALIDATORS["meta"].is_valid({**small, "frameCount": 1}), "a mixture of the forms of metadata is valid")
@@ -334,7 +322,4 @@ with tempfile.TemporaryDirectory() as folder:
     number += sweep("meta", plain, "meta") + sweep("meta", small, "simulator meta")
     check(number > 5000, f"only {number} faults were tried")
 
-for failure in failures[:40]:
-    print("FAILED:", failure)
-print(f"{number} faults swept, {len(failures)} failures")
-sys.exit(1 if failures else 0)
+finish(f"{number} faults swept, ")

@@ -13,33 +13,20 @@ import subprocess
 import sys
 import tempfile
 
+from shared import check, failures, finish, read, write
+
 qvdb, samples, number_of_values = sys.argv[1], sys.argv[2], int(sys.argv[3])
 random.seed(20)
-failures = 0
 
 TOKEN = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:[^"\\]|\\.)*"|[^\s{}\[\],:"/]+|[{}\[\],:]|\s+', re.S)
 
 
-def fail(what):
-    global failures
-    failures += 1
-    if failures <= 20:
-        print("FAILED:", what)
+fail = failures.append
 
 
 def run(*words, data=None):
     done = subprocess.run([qvdb, *words], capture_output=True, input=data, check=False)
     return done.returncode, done.stdout.decode(), done.stderr.decode()
-
-
-def read(name):
-    with open(name, "rb") as file:
-        return file.read().decode()
-
-
-def write(name, text):
-    with open(name, "wb") as file:
-        file.write(text.encode())
 
 
 def leaves(value, path):
@@ -87,18 +74,14 @@ def get(name, paths, *options):
 
 def set_values(name, values, *options):
     status, out, error = run("set", name, *(f"{path}={typed(value)}" for path, value in values.items()), *options)
-    if status != 0:
-        fail(f"set {name}: {error}")
+    check(status == 0, f"set {name}: {error}")
     return status == 0
 
 
 def check_values(name, values, *options):
     found = get(name, values, *options)
     for path, value in values.items():
-        if path in found and not isSame(value, found[path]):
-            fail(f"{name}: {path} is {found[path]} and not {value}")
-    if len(found) != len(values):
-        fail(f"{name}: {len(values)} values set, {len(found)} found")
+        check(path in found and isSame(value, found[path]), f"{name}: {path} is {found.get(path)} and not {value}")
 
 
 def check_tokens(name, before, after, number):
@@ -107,10 +90,9 @@ def check_tokens(name, before, after, number):
     if len(old) != len(new):
         return fail(f"{name}: {len(old)} tokens became {len(new)}")
     changed = [(a, b) for a, b in zip(old, new) if a != b]
-    if any(a.isspace() or a[0] in "/{}[],:" for a, _ in changed):
-        fail(f"{name}: something else than a value was changed: {changed[:3]}")
-    if len(changed) != number:
-        fail(f"{name}: {number} values set, {len(changed)} changed")
+    beside = [a for a, _ in changed if a.isspace() or a[0] in "/{}[],:"]
+    check(not beside, f"{name}: something else than a value was changed: {beside[:3]}")
+    check(len(changed) == number, f"{name}: {number} values set, {len(changed)} changed")
 
 
 def loosened(text):
@@ -198,11 +180,7 @@ def bring_back():
     text = re.sub(r",(\s*\n\s*})", r"\1", "\n".join(left))
     write("less.json", text)
     status, _, error = run("set", "less.json", *(f"{path}={value}" for path, value in values.items()))
-    if status != 0:
-        return fail(f"bring back: {error}")
-    if read("less.json") != sample:
-        fail(f"{len(values)} members that were taken out came back otherwise")
-
+    check(status == 0 and read("less.json") == sample, f"{len(values)} members came back otherwise: {error}")
 
 
 def change_image():
@@ -221,11 +199,10 @@ def change_image():
         different = {at for at, (a, b) in enumerate(zip(before.read(), after.read())) if a != b}
     told = {change["offset"] + byte for change in changes for byte in range(
         max(len(change["old"]), len(change["new"])) + 1 if isinstance(change["new"], str) else 8)}
-    if len(changes) != len(values) or not different or different - told:
-        fail("image: bytes beside the values were changed")
+    check(len(changes) == len(values) and different and not different - told, "image: bytes beside the values were changed")
     status, _, error = run("set", "b.bin", 'A2DNR_5_2.tables=[{"sigma": 3}]')
-    if status != 0 or len(get("b.bin", ["A2DNR_5_2.tables"])["A2DNR_5_2.tables"]) != 1:
-        fail(f"image: a schedule of another length: {error}")
+    check(status == 0 and len(get("b.bin", ["A2DNR_5_2.tables"])["A2DNR_5_2.tables"]) == 1,
+          f"image: a schedule of another length: {error}")
 
 
 def change_ini():
@@ -243,12 +220,11 @@ def change_ini():
     back = [f"{members[n][0]}.{members[n][1]}={members[n][2]}" for n in sorted(gone) if n in members]
     random.shuffle(back)
     status, _, error = run("set", "a.ini", *back)
-    if status != 0 or read("a.ini") != sample:
-        fail(f"lines that were taken out of an .ini file came back otherwise {error}")
+    check(status == 0 and read("a.ini") == sample, f"lines of an .ini file came back otherwise {error}")
     status, _, error = run("set", "a.ini", "IPT.framerate=29.97", "SS.driverName= a;b")
     changed = [(a, b) for a, b in zip(lines, read("a.ini").split("\n")) if a != b]
-    if changed != [("framerate = 30", "framerate = 29.97"), ("driverName = imx477", 'driverName = " a;b"')]:
-        fail(f"an .ini file was changed elsewhere: {changed} {error}")
+    check(changed == [("framerate = 30", "framerate = 29.97"), ("driverName = imx477", 'driverName = " a;b"')],
+          f"an .ini file was changed elsewhere: {changed} {error}")
 
 
 # A document, what is set, and the document behind it.
@@ -318,12 +294,10 @@ def change_cases():
         name = "case.ini" if before.startswith("#") else "case.json"
         write(name, before)
         status, _, error = run("set", name, *settings)
-        if status != 0 or read(name) != after:
-            fail(f"{what}: {error}{read(name)}\n  instead of\n{after}")
+        check(status == 0 and read(name) == after, f"{what}: {error}{read(name)}\n  instead of\n{after}")
         for word, note in (("doubled", "AE_3.setPoint: setPoint stands there 2 times"),
                            ("short", "lumaCurveX[3]: the list ended before item 3; items from 2 on")):
-            if (word in what) != (note in error):
-                fail(f"{what}: it said {error}")
+            check((word in what) == (note in error), f"{what}: it said {error}")
 
 
 # What can't be set, and a word of the one line that says why.
@@ -359,10 +333,9 @@ def refuse():
     write("kept.json", sample)
     for setting, word in REFUSED:
         status, out, error = run("set", "kept.json", "AE_3.setPoint=1", setting)
-        if status != 1 or out or word not in error or error.count("\n") != 1:
-            fail(f"{setting}: {status} {out}{error}")
-    if read("kept.json") != sample:
-        fail("what is refused must change nothing")
+        is_one_line = word in error and error.count("\n") == 1
+        check((status, out, is_one_line) == (1, "", True), f"{setting}: {status} {out}{error}")
+    check(read("kept.json") == sample, "what is refused must change nothing")
     write("bare.json", '{"sensor": {"CC": [{"name": "a"}]}}')
     for name, setting, word in (("bare.json", "header.creator=x", '"header"'),
                                 ("b.bin", "AGE.enable=true", "an image doesn't carry it"),
@@ -370,17 +343,15 @@ def refuse():
                                 ("bare.json", "-ob.bin", "convert changes it"),
                                 (f"{samples}/imx477_calibration.txt", "CCM_1_1.enable=1", "calibration text")):
         status, _, error = run("set", name, setting, "AE_3.setPoint=1")
-        if status != 1 or word not in error:
-            fail(f"{name}: {setting}: {status} {error}")
+        check(status == 1 and word in error, f"{name}: {setting}: {status} {error}")
     # A stream stays one, and a file that holds the values already isn't written.
     os.chmod("kept.json", 0o444)
-    before = os.stat("kept.json").st_mtime_ns, os.stat("kept.json").st_ino
-    if run("set", "kept.json", "AE_3.setPoint=40.8")[0] != 0 or before != (
-            os.stat("kept.json").st_mtime_ns, os.stat("kept.json").st_ino):
-        fail("a file that holds the value already was written")
-    status, out, error = run("set", "-", "AE_3.setPoint=2", data=b'{"tuning": {"AE_3": {"setPoint": 1}}}')
-    if (status, out, error) != (0, '{"tuning": {"AE_3": {"setPoint": 2.000000}}}', ""):
-        fail(f"standard input: {status} {out} {error}")
+    before = os.stat("kept.json")
+    check(run("set", "kept.json", "AE_3.setPoint=40.8")[0] == 0, "a value that is there already")
+    check(os.path.samestat(before, os.stat("kept.json")) and before.st_mtime_ns == os.stat("kept.json").st_mtime_ns,
+          "a file that holds the value already was written")
+    answer = run("set", "-", "AE_3.setPoint=2", data=b'{"tuning": {"AE_3": {"setPoint": 1}}}')
+    check(answer == (0, '{"tuning": {"AE_3": {"setPoint": 2.000000}}}', ""), f"standard input: {answer}")
 
 
 def explain():
@@ -417,30 +388,27 @@ def explain():
         "AE_3.tolerance": [place(name, "tolerance") for name in ("base.json", "mid.json")],
         "2DNR_5_2.lumaCurveX": [place(name, "lumaCurveX") for name in ("base.json", "mid.json")],
     }
-    if places != expected or values["AE_3.setPoint"] != [1, 1, 7] or values["header.creator"] != ["a", "c"]:
-        fail(f"merge tells {places} {values}")
-    if fields["AE_3.tolerance"]["winner"] != "mid.json" or [
-            layer["set"] for layer in fields["2DNR_5_2.lumaCurveX"]["layers"]] != [3, 2]:
-        fail(f"merge tells {fields}")
-    if told["replaced"] != [
+    check(places == expected, f"merge tells {places}")
+    check((values["AE_3.setPoint"], values["header.creator"]) == ([1, 1, 7], ["a", "c"]), f"merge tells {values}")
+    sizes = [layer["set"] for layer in fields["2DNR_5_2.lumaCurveX"]["layers"]]
+    check((fields["AE_3.tolerance"]["winner"], sizes) == ("mid.json", [3, 2]), f"merge tells {fields}")
+    check(told["replaced"] == [
         {"path": "AGE.tables", "file": "mid.json", "line": None, "column": None, "offset": None,
          "before": 2, "after": 0, "lost": None},
         {"path": "calibration", "file": "last.json", "line": 1, "column": 24, "offset": None,
          "before": None, "after": None, "lost": 1},
-    ]:
-        fail(f"merge tells {told['replaced']}")
+    ], f"merge tells {told['replaced']}")
     for path, field in fields.items():  # who wins is who is found in the end
-        winner = next(layer for layer in field["layers"] if layer["file"] == field["winner"])
+        winner = next(layer["value"] for layer in field["layers"] if layer["file"] == field["winner"])
         found = get("all.json", [path])[path]
-        if (found[:2] if path.endswith("lumaCurveX") else found) != (
-                winner["value"][:2] if path.endswith("lumaCurveX") else winner["value"]):
-            fail(f"merge: {path} is {found}, but {winner} wins")
+        if path.endswith("lumaCurveX"):
+            winner, found = winner[:2], found[:2]
+        check(found == winner, f"merge: {path} is {found}, but {winner} wins")
     status, out, error = run("merge", "image.bin", "last.ini", "--explain")
-    if status != 0 or not re.search(r"^TM.http.portControl\n +image.bin, offset \d+ +8080\n +last.ini:4:20 +6  wins$", out, re.M):
-        fail(f"merge of an image: {out}{error}")
+    layers = r"^TM.http.portControl\n +image.bin, offset \d+ +8080\n +last.ini:4:20 +6  wins$"
+    check(status == 0 and re.search(layers, out, re.M), f"merge of an image: {out}{error}")
     for words in (["base.json"], ["base.json", "--json", "-o", "x.json"], ["-", "--explain", "-o", "x.json"]):
-        if run("merge", *words)[0] != 2:
-            fail(f"merge {words} is no usage")
+        check(run("merge", *words)[0] == 2, f"merge {words} is no usage")
 
 
 with tempfile.TemporaryDirectory() as folder:
@@ -454,4 +422,4 @@ with tempfile.TemporaryDirectory() as folder:
     change_cases()
     refuse()
     explain()
-sys.exit(failures != 0)
+finish()

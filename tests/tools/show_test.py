@@ -14,6 +14,8 @@ import sys
 import tempfile
 import unittest
 
+from shared import load, write
+
 QVDB, SAVE_RANDOM, DOCUMENTS = map(os.path.abspath, sys.argv[1:4])
 DATABASES = int(sys.argv[4])
 DOCUMENTS_OF = {"tuning": ["tuning", "calibration", "version"], "simulator": ["simulator", "calibration", "version"],
@@ -33,12 +35,6 @@ def run(*words, status=0):
 def result(*words, status=0):
     text = run(*words, "--json", status=status).stdout
     return json.loads(text, parse_int=lambda digits: -0.0 if digits == "-0" else int(digits))
-
-
-def write(name, content):
-    with open(name, "wb" if isinstance(content, bytes) else "w") as file:
-        file.write(content if isinstance(content, (bytes, str)) else json.dumps(content))
-    return name
 
 
 def read(name):
@@ -182,7 +178,7 @@ class Sets(unittest.TestCase):
 
     def test_fields_stand_where_the_catalog_says(self):
         stretches = {stretch["offset"]: stretch["path"] for stretch in result("dump", "image.bin")}
-        texts = {"tuning": json.loads(read("tuning.json")), "simulator": json.loads(read("simulator.json"))}
+        texts = {"tuning": load("tuning.json"), "simulator": load("simulator.json")}
         texts["calibration"] = texts["version"] = texts["tuning"]
         sections = sections_of(read("section.ini").decode())
         looked_up = dict.fromkeys([*texts, "initialization"], 0)
@@ -344,7 +340,7 @@ class Rules(unittest.TestCase):
                          [line.replace("LSC_4", "CLscv2") for line in expected])
         self.assertEqual(self.diff(old, new, "--stat"),
                          ["A2DNR_5_2    2 fields, 2 values", "LSC_4        1 field, 5 values"])
-        document = json.loads(read("imx477.json"))
+        document = load("imx477.json")
         del document["sensor"]["LSC"][6:]
         self.assertEqual(self.diff("imx477.json", write("new.json", document))[0].split(":")[0],
                          "sensor.LSC  8 -> 6 items, only in the first")
