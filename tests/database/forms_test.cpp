@@ -315,6 +315,16 @@ TEST(Forms, AListOnTheHeapEndsWithTheItemThatFails)
     std::free(record.pList);
 }
 
+TEST(Forms, ATextWithoutAnEndGoesOnIntoTheNextItem)
+{
+    const names::Names record{{{{'a', 'b', 'c', 'd'}}, {{'e', 'f', 0, 0}}}, 2};
+    const JsonValue written = parseJson("{}");
+    EXPECT_EQ(writeTable(names::kTable, &record, written.get()), 0);
+    QvJsonValue_t* pList = QvJsonValue_member(written.get(), "list");
+    EXPECT_STREQ(QvJsonValue_asString(QvJsonValue_member(QvJsonValue_item(pList, 0), "text")), "abcdef");
+    EXPECT_STREQ(QvJsonValue_asString(QvJsonValue_member(QvJsonValue_item(pList, 1), "text")), "ef");
+}
+
 TEST(Registry, AResetWritesEveryByteOfARecordThatIsNotZeroedFirst)
 {
     for (const Category& category : categories()) {

@@ -64,6 +64,29 @@ constexpr Field kRows[] = {
 constexpr auto kTable = QV_TABLE("nested", kRows);
 } // namespace nested
 
+namespace name {
+struct Name {
+    char text[4];
+};
+QV_RECORD(Name);
+constexpr Field kRows[] = {
+    QV_FIELD(text),
+};
+constexpr auto kTable = QV_TABLE("name", kRows);
+} // namespace name
+
+namespace names {
+struct Names {
+    name::Name list[2];
+    std::uint8_t number;
+};
+QV_RECORD(Names);
+constexpr Field kRows[] = {
+    QV_OBJECT(list, name::kTable).measuredInto(QV_COUNTER(number)),
+};
+constexpr auto kTable = QV_TABLE("names", kRows);
+} // namespace names
+
 namespace onHeap {
 struct OnHeap {
     lists::Lists* pList;
