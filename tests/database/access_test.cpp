@@ -195,7 +195,9 @@ TEST(Access, ListsOfLengthZeroAreWrittenByTheirShape)
     EXPECT_EQ(QvDatabaseAccess_chars22_(value.get(), f.texts, 0, 4, "texts"), 0);
     EXPECT_EQ(QvDatabaseAccess_floats33_(value.get(), f.floats, 1, 2, 0, "planes"), 0);
     EXPECT_EQ(QvDatabaseAccess_floats21_(value.get(), f.floats, 8, "columns", 0), 0);
-    expectTree(value.get(), R"({"flat": null, "objects": null, "texts": [], "planes": [[[], []]], "columns": []})");
+    EXPECT_EQ(QvDatabaseAccess_integers_(value.get(), false, nullptr, 4, 0, "none"), 0); // a list of a record's heap
+    expectTree(value.get(), R"({"flat": null, "objects": null, "texts": [], "planes": [[[], []]], "columns": [],
+                               "none": null})");
 }
 
 TEST(Access, ObjectsStopAtTheFirstRecordThatFails)
