@@ -39,41 +39,18 @@ bool isTrue(const bool* pData)
     return byte != 0;
 }
 
+int traced(const Place& place, int status)
+{
+    return status == kSuccess ? status : traceFailure(place, status);
+}
+
 /// The lists in a list, one behind the other. In a compact tree one of numbers shows none, and holds none.
 std::span<QvJsonValue_t> itemsOf(QvJsonValue_t* pList)
 {
-    if (pList == nullptr || pList->type != QvJsonValueType_Array) {
+    if (pList->type != QvJsonValueType_Array) {
         return {};
     }
     return {pList->holder.pArray->pValues, pList->holder.pArray->number};
-}
-
-/// Calls take(list, number, index of the first one in the record) for each innermost list, with the number of elements
-/// that document and record both hold. The index in the record follows from the extents alone, so a short row leaves the
-/// rows behind it in their places.
-template <class Take>
-void readList(QvJsonValue_t* pList, Extents extents, std::size_t base, const Take& take)
-{
-    if (extents.size() == 1) {
-        take(pList, std::min(extents.front(), QvJsonValue_size(pList)), base);
-        return;
-    }
-    const std::span<QvJsonValue_t> lists = itemsOf(pList);
-    const std::size_t number = std::min(extents.front(), lists.size());
-    for (std::size_t i = 0; i < number; ++i) {
-        readList(&lists[i], extents.subspan(1), (base + i) * extents[1], take);
-    }
-}
-
-template <class Take>
-int readMember(QvJsonValue_t* pValue, const char* pKey, std::initializer_list<std::size_t> extents, const Take& take)
-{
-    QvJsonValue_t* pMember = QvJsonValue_member(pValue, pKey);
-    if (QvJsonValue_isEmpty(pMember)) {
-        return kMemberMissing;
-    }
-    readList(pMember, {extents.begin(), extents.size()}, 0, take);
-    return kSuccess;
 }
 
 /// Makes room for the items that a list is about to get.
@@ -85,77 +62,27 @@ void reserve(QvJsonValue_t* pList, std::size_t number)
     }
 }
 
-/// Calls add(list, number, index of the first one in the record) for each innermost list; lists inside are attached
-/// before they are filled.
-template <class Add>
-int writeList(QvJsonValue_t* pList, Extents extents, std::size_t base, const Place& place, const Add& add)
+/// What became of adding a value, which is released where it wasn't added.
+int orDeleted(int status, QvJsonValue_t** ppValue)
 {
-    if (extents.size() == 1) {
-        const int status = add(pList, extents.front(), base);
-        return status == kSuccess ? status : traceFailure(place, status);
-    }
-    reserve(pList, extents.front());
-    for (std::size_t i = 0; i < extents.front(); ++i) {
-        QvJsonValue_t* pRow = nullptr;
-        int status = QvJsonValue_create(QvJsonValueType_Array, &pRow);
-        if (status != kSuccess) {
-            return traceFailure(place, status);
-        }
-        status = QvJsonValue_addValueToArray(pList, &pRow);
-        if (status != kSuccess) {
-            QvJsonValue_delete(&pRow);
-            return traceFailure(place, status);
-        }
-        status = writeList(pRow, extents.subspan(1), (base + i) * extents[1], place, add);
-        if (status != kSuccess) {
-            return status;
-        }
-    }
-    return kSuccess;
-}
-
-/// Adds elements one by one: add(list, index in the record).
-template <class Add>
-auto oneByOne(const Add& add)
-{
-    return [add](QvJsonValue_t* pList, std::size_t number, std::size_t base) {
-        reserve(pList, number);
-        int status = kSuccess;
-        for (std::size_t i = 0; status == kSuccess && i < number; ++i) {
-            status = add(pList, base + i);
-        }
-        return status;
-    };
-}
-
-/// A list of one level stands in the member that the lookup makes: with no elements it stays empty.
-template <class Add>
-int writeFlat(QvJsonValue_t* pValue, const char* pKey, std::size_t length, const Place& place, const Add& add)
-{
-    return writeList(writableMember(pValue, pKey), {&length, 1}, 0, place, add);
-}
-
-/// A list of lists is an array of its own, also with no elements.
-template <class Add>
-int writeNested(QvJsonValue_t* pValue, const char* pKey, std::initializer_list<std::size_t> extents, const Place& place,
-                const Add& add)
-{
-    QvJsonValue_t* pOuter = nullptr;
-    int status = QvJsonValue_create(QvJsonValueType_Array, &pOuter);
     if (status != kSuccess) {
-        return traceFailure(place, status);
+        QvJsonValue_delete(ppValue);
     }
-    status = QvJsonValue_addValueToObject(pValue, pKey, &pOuter);
-    if (status != kSuccess) {
-        QvJsonValue_delete(&pOuter);
-        return traceFailure(place, status);
-    }
-    return writeList(pOuter, {extents.begin(), extents.size()}, 0, place, add);
+    return status;
 }
 
-int traced(const Place& place, int status)
+/// A list in a member of its own.
+int makeList(QvJsonValue_t* pValue, const char* pKey, QvJsonValue_t** ppList)
 {
-    return status == kSuccess ? status : traceFailure(place, status);
+    const int status = QvJsonValue_create(QvJsonValueType_Array, ppList);
+    return status != kSuccess ? status : orDeleted(QvJsonValue_addValueToObject(pValue, pKey, ppList), ppList);
+}
+
+/// A list in a list.
+int makeRow(QvJsonValue_t* pList, QvJsonValue_t** ppRow)
+{
+    const int status = QvJsonValue_create(QvJsonValueType_Array, ppRow);
+    return status != kSuccess ? status : orDeleted(QvJsonValue_addValueToArray(pList, ppRow), ppRow);
 }
 
 /// Where a record holds numbers of one kind.
@@ -265,28 +192,67 @@ int addNumbers(QvJsonValue_t* pList, std::size_t number, const Numbers& numbers,
     return status;
 }
 
+/// Reads each innermost list as far as document and record both go. The index in the record follows from the extents alone,
+/// so a short row leaves the rows behind it in their places.
+void readList(QvJsonValue_t* pList, Extents extents, std::size_t base, const Numbers& numbers)
+{
+    if (extents.size() == 1) {
+        takeNumbers(pList, std::min(extents.front(), QvJsonValue_size(pList)), numbers, base);
+        return;
+    }
+    const std::span<QvJsonValue_t> lists = itemsOf(pList);
+    const std::size_t number = std::min(extents.front(), lists.size());
+    for (std::size_t i = 0; i < number; ++i) {
+        readList(&lists[i], extents.subspan(1), (base + i) * extents[1], numbers);
+    }
+}
+
 int readNumbers(QvJsonValue_t* pValue, const char* pKey, std::initializer_list<std::size_t> extents,
                 const Numbers& numbers)
 {
-    return readMember(pValue, pKey, extents, [&](QvJsonValue_t* pList, std::size_t number, std::size_t base) {
-        takeNumbers(pList, number, numbers, base);
-    });
+    QvJsonValue_t* pMember = QvJsonValue_member(pValue, pKey);
+    if (QvJsonValue_isEmpty(pMember)) {
+        return kMemberMissing;
+    }
+    readList(pMember, {extents.begin(), extents.size()}, 0, numbers);
+    return kSuccess;
 }
 
+/// Lists inside are attached before they are filled.
+int writeList(QvJsonValue_t* pList, Extents extents, std::size_t base, const Numbers& numbers)
+{
+    if (extents.size() == 1) {
+        return addNumbers(pList, extents.front(), numbers, base);
+    }
+    reserve(pList, extents.front());
+    int status = kSuccess;
+    for (std::size_t i = 0; status == kSuccess && i < extents.front(); ++i) {
+        QvJsonValue_t* pRow = nullptr;
+        status = makeRow(pList, &pRow);
+        if (status == kSuccess) {
+            status = writeList(pRow, extents.subspan(1), (base + i) * extents[1], numbers);
+        }
+    }
+    return status;
+}
+
+/// A list of one level stands in the member that the lookup makes: with no elements it stays empty.
 int writeFlatNumbers(QvJsonValue_t* pValue, const char* pKey, std::size_t length, const Place& place,
                      const Numbers& numbers)
 {
-    return writeFlat(pValue, pKey, length, place, [&](QvJsonValue_t* pList, std::size_t number, std::size_t base) {
-        return addNumbers(pList, number, numbers, base);
-    });
+    return traced(place, addNumbers(writableMember(pValue, pKey), length, numbers, 0));
 }
 
+/// A list of lists is an array of its own, also with no elements.
 int writeNestedNumbers(QvJsonValue_t* pValue, const char* pKey, std::initializer_list<std::size_t> extents,
                        const Place& place, const Numbers& numbers)
 {
-    return writeNested(pValue, pKey, extents, place, [&](QvJsonValue_t* pList, std::size_t number, std::size_t base) {
-        return addNumbers(pList, number, numbers, base);
-    });
+    QvJsonValue_t* pList = nullptr;
+    int status = makeList(pValue, pKey, &pList);
+    if (status == kSuccess) {
+        status = writeList(pList, {extents.begin(), extents.size()}, 0, numbers);
+    }
+    return traced(place, status);
 }
 
 } // namespace
@@ -325,11 +291,15 @@ int QvDatabaseAccess_bool(QvJsonValue_t* pValue, bool* pData, const char* pKey)
 
 int QvDatabaseAccess_bools(QvJsonValue_t* pValue, bool* pData, std::size_t length, const char* pKey)
 {
-    return readMember(pValue, pKey, {length}, [pData](QvJsonValue_t* pList, std::size_t number, std::size_t base) {
-        for (std::size_t i = 0; i < number; ++i) {
-            pData[base + i] = QvJsonValue_itemAsBoolean(pList, i);
-        }
-    });
+    QvJsonValue_t* pMember = QvJsonValue_member(pValue, pKey);
+    if (QvJsonValue_isEmpty(pMember)) {
+        return kMemberMissing;
+    }
+    const std::size_t number = std::min(length, QvJsonValue_size(pMember));
+    for (std::size_t i = 0; i < number; ++i) {
+        pData[i] = QvJsonValue_itemAsBoolean(pMember, i);
+    }
+    return kSuccess;
 }
 
 int QvDatabaseAccess_chars(QvJsonValue_t* pValue, char* pData, std::size_t length, const char* pKey)
@@ -348,14 +318,18 @@ int QvDatabaseAccess_chars(QvJsonValue_t* pValue, char* pData, std::size_t lengt
 int QvDatabaseAccess_chars22(QvJsonValue_t* pValue, char* pData, std::size_t length, std::size_t length2,
                              const char* pKey)
 {
-    return readMember(pValue, pKey, {length}, [=](QvJsonValue_t* pList, std::size_t number, std::size_t base) {
-        for (std::size_t i = 0; i < number; ++i) {
-            const char* pText = QvJsonValue_itemAsString(pList, i);
-            if (pText != nullptr) {
-                std::strncpy(pData + (base + i) * length2, pText, length2);
-            }
+    QvJsonValue_t* pMember = QvJsonValue_member(pValue, pKey);
+    if (QvJsonValue_isEmpty(pMember)) {
+        return kMemberMissing;
+    }
+    const std::size_t number = std::min(length, QvJsonValue_size(pMember));
+    for (std::size_t i = 0; i < number; ++i) {
+        const char* pText = QvJsonValue_itemAsString(pMember, i);
+        if (pText != nullptr) {
+            std::strncpy(pData + i * length2, pText, length2);
         }
-    });
+    }
+    return kSuccess;
 }
 
 int QvDatabaseAccess_double(QvJsonValue_t* pValue, double* pData, const char* pKey)
@@ -472,9 +446,12 @@ int QvDatabaseAccess_bool_(QvJsonValue_t* pValue, bool* pData, const char* pKey)
 
 int QvDatabaseAccess_bools_(QvJsonValue_t* pValue, bool* pData, std::size_t length, const char* pKey)
 {
-    return writeFlat(pValue, pKey, length, QV_HERE, oneByOne([pData](QvJsonValue_t* pList, std::size_t at) {
-                         return QvJsonValue_addBooleanToArray(pList, isTrue(pData + at));
-                     }));
+    QvJsonValue_t* pList = writableMember(pValue, pKey);
+    reserve(pList, length);
+    for (std::size_t i = 0; i < length; ++i) {
+        QV_TRY(QvJsonValue_addBooleanToArray(pList, isTrue(pData + i)));
+    }
+    return kSuccess;
 }
 
 int QvDatabaseAccess_chars_(QvJsonValue_t* pValue, char* pData, const char* pKey)
@@ -485,9 +462,13 @@ int QvDatabaseAccess_chars_(QvJsonValue_t* pValue, char* pData, const char* pKey
 int QvDatabaseAccess_chars22_(QvJsonValue_t* pValue, char* pData, std::size_t length, std::size_t length2,
                               const char* pKey)
 {
-    return writeNested(pValue, pKey, {length}, QV_HERE, oneByOne([=](QvJsonValue_t* pList, std::size_t at) {
-                           return QvJsonValue_addStringToArray(pList, pData + at * length2);
-                       }));
+    QvJsonValue_t* pList = nullptr;
+    QV_TRY(makeList(pValue, pKey, &pList));
+    reserve(pList, length);
+    for (std::size_t i = 0; i < length; ++i) {
+        QV_TRY(QvJsonValue_addStringToArray(pList, pData + i * length2));
+    }
+    return kSuccess;
 }
 
 int QvDatabaseAccess_double_(QvJsonValue_t* pValue, double* pData, const char* pKey)

@@ -98,6 +98,7 @@ constexpr Accessor kReaders[] = {
     {CALL(integers, f.bytes, 1, 3, "k"), R"([257, "5", -1, 9])", "bytes", "[1, 0, 255, 255]"},
     {CALL(integers, f.floats, 4, 2, "k"), "[0, 1065353216]", "floats", "[0.0, 1.0, -3.5, 4.0, 5.0, 6.0, 7.0, 8.0]"},
     {CALL(integers, f.doubles, 8, 2, "k"), "[4607182418800017408]", "doubles", "[1.0, -2.0]"},
+    {CALL(integers, f.bytes, 3, 1, "k"), "[257]", "bytes", "[0, 1, 2, 255]"}, // of a width that no integer has
     {CALL(intergers22, f.shorts, 2, 2, 4, "k"), kOverlong, "shorts", "[10, 11, 12, 13, 15, 6, 7, 8]"},
     {CALL(intergers33, f.shorts, 2, 2, 2, 2, "k"), kPlanes, "shorts", "[10, 2, 11, 12, 14, 6, 15, 8]"},
     {CALL(objects, f.bytes, 2, 2, "k", storeByte), R"([{"v": 7}, {"v": 8}, {"v": 9}])", "bytes", "[7, 1, 8, 255]"},
@@ -117,6 +118,7 @@ constexpr Accessor kWriters[] = {
     {CALL(integer_, true, f.shorts, 2, "k"), "-1"},
     {CALL(integer_, false, f.shorts, 2, "k"), "65535"},
     {CALL(integers_, true, f.bytes, 1, 4, "k"), "[0, 1, 2, -1]"},
+    {CALL(integers_, true, f.bytes, 3, 1, "k"), "[0]"},
     {CALL(intergers22_, true, f.shorts, 2, 2, 3, "k"), "[[-1, 2, -32768], [4, 5, 6]]"},
     {CALL(intergers33_, false, f.shorts, 2, 2, 2, 1, "k"), "[[[65535], [2]], [[32768], [4]]]"},
     {CALL(objects_, f.bytes, 3, 2, "k", addByte), R"([{"v": 0}, {"v": -1}])"},
