@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdio>
 #include <iterator>
 #include <span>
@@ -25,18 +24,8 @@ inline constexpr const char* kImageKeys[] = {
 };
 static_assert(std::size(kImageKeys) == 49);
 
-/// The same as categories, looked up once.
-inline std::span<const Category* const> imageCategories()
-{
-    static const auto kCategories = [] {
-        std::array<const Category*, std::size(kImageKeys)> found{};
-        for (std::size_t i = 0; i < found.size(); ++i) {
-            found[i] = findCategory(kImageKeys[i]);
-        }
-        return found;
-    }();
-    return kCategories;
-}
+/// The same as categories.
+std::span<const Category* const> imageCategories();
 
 /// Checks that a record fits behind the buffer's offset and leaves a line with its place at Debug; pArrow tells the
 /// direction. 0, or 6 without a line.

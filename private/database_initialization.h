@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <iterator>
 #include <span>
 
@@ -14,18 +13,8 @@ namespace qv::database {
 /// The categories of the initialization document in the order of writing; a section's name is the category's key.
 inline constexpr const char* kSectionKeys[] = {"C_MODEL", "DVC", "IPT", "OPT", "SS", "TM"};
 
-/// The same as categories, looked up once.
-inline std::span<const Category* const> sectionCategories()
-{
-    static const auto kCategories = [] {
-        std::array<const Category*, std::size(kSectionKeys)> found{};
-        for (std::size_t i = 0; i < found.size(); ++i) {
-            found[i] = findCategory(kSectionKeys[i]);
-        }
-        return found;
-    }();
-    return kCategories;
-}
+/// The same as categories.
+std::span<const Category* const> sectionCategories();
 
 inline int deleteSection(void** ppElement)
 {

@@ -1,9 +1,11 @@
 #include "database_registry.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
+#include <string_view>
 
 #include <qv_common_c/common_logger.h>
 #include <qv_database_c/database_records.h>
@@ -11,6 +13,8 @@
 #include <qv_database_c/protocol_initialization.h>
 #include <qv_database_c/protocol_simulator.h>
 
+#include "database_binary.h"
+#include "database_initialization.h"
 #include "database_status.h"
 #include "database_trace.h"
 
@@ -119,6 +123,31 @@ static_assert(std::size(kCategories) == 60);
 #undef QV_CLASS
 #undef QV_SECTION
 
+constexpr const Category* firstUnder(std::string_view key)
+{
+    for (const Category& row : kCategories) {
+        if (row.key == key) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
+
+/// The categories of a container, found by the compiler.
+template <std::size_t N>
+constexpr std::array<const Category*, N> listOf(const char* const (&keys)[N])
+{
+    std::array<const Category*, N> list{};
+    for (std::size_t i = 0; i < N; ++i) {
+        list[i] = firstUnder(keys[i]);
+    }
+    return list;
+}
+
+constexpr auto kImageCategories = listOf(kImageKeys);
+constexpr auto kSectionCategories = listOf(kSectionKeys);
+static_assert(std::ranges::count(kImageCategories, nullptr) + std::ranges::count(kSectionCategories, nullptr) == 0);
+
 } // namespace
 
 std::span<const Category> categories()
@@ -126,14 +155,19 @@ std::span<const Category> categories()
     return kCategories;
 }
 
+std::span<const Category* const> imageCategories()
+{
+    return kImageCategories;
+}
+
+std::span<const Category* const> sectionCategories()
+{
+    return kSectionCategories;
+}
+
 const Category* findCategory(const char* pKey)
 {
-    for (const Category& row : kCategories) {
-        if (std::strcmp(row.key, pKey) == 0) {
-            return &row;
-        }
-    }
-    return nullptr;
+    return firstUnder(pKey);
 }
 
 int registerCategories(const Context_t* pContext)
