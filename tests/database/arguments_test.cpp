@@ -5,6 +5,7 @@
 #include <qv_database_c/database_calibration.h>
 #include <qv_database_c/database_catalog.h>
 #include <qv_database_c/database_color_correction_matrix_1_1.h>
+#include <qv_database_c/database_initialization.h>
 #include <qv_database_c/database_lens_shading_correction_4.h>
 #include <qv_database_c/database_meta.h>
 #include <qv_database_c/database_ram.h>
@@ -66,6 +67,7 @@ TEST(Arguments, OfTheDatabase)
     QV_REFUSED(QvDatabaseText_parse, handle, &buffer);
     EXPECT_EQ(QvDatabaseText_parse(handle, &buffer), 13) << "without a text";
     QV_REFUSED(QvDatabaseText_serialize, handle, &buffer);
+    EXPECT_EQ(QvDatabaseInitialization_serialize(handle, nullptr), 13);
     QV_REFUSED(QvDatabaseTuning_parse, handle, value.get());
     QV_REFUSED(QvDatabaseTuning_serialize, handle, value.get());
     QV_REFUSED(QvDatabaseProtocolSimulator_parse, handle, value.get());
