@@ -5,8 +5,8 @@
 
 #include <qv_common_c/common_tracer.h>
 
+#include "json_referee.h"
 #include "support.h"
-#include "json/json_referee.h"
 
 using namespace qv::fuzz;
 using qv::test::Opinion;

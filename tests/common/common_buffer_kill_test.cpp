@@ -96,7 +96,7 @@ protected:
         QvCommonBuffer_t buffer = {content.data(), 0, content.size(), nullptr, false};
         return QvCommonBuffer_save2(&buffer, file_.c_str(), 0);
     }
-    std::string read() const { return contentOf(file_); }
+    std::string read() const { return readFile(file_); }
     long files() const { return folder_.files(); }
 
     // A child process that saves after some preparation. Its exit status is that of the save.
@@ -123,7 +123,7 @@ protected:
         return status;
     }
 
-    ScratchFolder folder_;
+    TemporaryFolder folder_;
     std::filesystem::path file_ = folder_ / std::string(255, 'f'); // as long as a name may be
 };
 

@@ -56,7 +56,7 @@ protected:
         return path;
     }
 
-    ScratchFolder folder_;
+    TemporaryFolder folder_;
     QvCommonBuffer_t buffer_ = {};
 };
 
@@ -213,7 +213,7 @@ TEST_F(CommonBuffer, FailedSaveLeavesTheOldFileAndNothingElse)
     EXPECT_EQ(sigwaitinfo(&signals, nullptr), SIGXFSZ);
     pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
 
-    EXPECT_EQ(contentOf(path), "old");
+    EXPECT_EQ(readFile(path), "old");
     EXPECT_EQ(folder_.files(), 1);
 }
 

@@ -6,25 +6,42 @@
 #include <iterator>
 #include <string>
 
+#include <gtest/gtest.h>
+
 namespace qv::test {
 
-inline std::string contentOf(const std::filesystem::path& path)
+inline std::string readFile(const std::filesystem::path& file)
 {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::ifstream stream(file, std::ios::binary);
+    EXPECT_TRUE(stream) << file;
+    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// A folder of its own, removed at the end.
-class ScratchFolder {
+inline void writeFile(const std::filesystem::path& file, const std::string& content)
+{
+    std::ofstream stream(file, std::ios::binary);
+    stream << content;
+    EXPECT_TRUE(stream.flush()) << file;
+}
+
+/// A folder of its own for each test, removed at the end.
+class TemporaryFolder {
 public:
-    ScratchFolder()
+    TemporaryFolder()
     {
-        std::string name = std::filesystem::temp_directory_path() / "qv_scratch.XXXXXX";
-        path_ = mkdtemp(name.data());
+        std::string name = std::filesystem::temp_directory_path() / "qv_test_XXXXXX";
+        if (mkdtemp(name.data()) != nullptr) {
+            path_ = name;
+        }
+        EXPECT_FALSE(path_.empty());
     }
-    ~ScratchFolder() { std::filesystem::remove_all(path_); }
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
+    ~TemporaryFolder()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
     std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
     const std::filesystem::path& path() const { return path_; }

@@ -11,40 +11,6 @@
 
 namespace qv::test {
 
-Traces::Traces(QvCommonTracerLevel_t level)
-{
-    QvCommonTracerOpenParam_t param{};
-    param.level = level;
-    param.pUserData = &lines_;
-    param.pWrite = [](void* pUserData, QvCommonTracerLevel_t lineLevel, const char* pText, size_t length) {
-        static_cast<std::vector<TraceLine>*>(pUserData)->push_back({lineLevel, std::string(pText, length)});
-        return 0;
-    };
-    EXPECT_EQ(QvCommonTracer_open(&param, &hTracer), 0);
-}
-
-Traces::~Traces()
-{
-    QvCommonTracer_close(&hTracer);
-}
-
-std::size_t Traces::count(QvCommonTracerLevel_t level, const std::string& text) const
-{
-    return static_cast<std::size_t>(std::count_if(lines_.begin(), lines_.end(), [&](const TraceLine& line) {
-        return line.level == level && line.text.find(text) != std::string::npos;
-    }));
-}
-
-std::string Traces::take()
-{
-    std::string text;
-    for (const TraceLine& line : lines_) {
-        text += line.text + "\n";
-    }
-    lines_.clear();
-    return text;
-}
-
 Database::Database()
 {
     std::optional<Traces> quiet; // the banner of each open database would bury what tests print
@@ -101,21 +67,6 @@ std::string recordsOf(QvDatabaseHandle_t handle)
     return text;
 }
 
-TemporaryFolder::TemporaryFolder()
-{
-    std::string name = (std::filesystem::temp_directory_path() / "qv_test_XXXXXX").string();
-    if (mkdtemp(name.data()) != nullptr) {
-        path_ = name;
-    }
-    EXPECT_FALSE(path_.empty());
-}
-
-TemporaryFolder::~TemporaryFolder()
-{
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
-
 JsonValue parseJson(const std::string& text)
 {
     QvJsonReaderHandle_t hReader = 0;
@@ -166,20 +117,6 @@ std::size_t countOf(const std::string& text, const std::string& part)
         ++number;
     }
     return number;
-}
-
-std::string readFile(const std::filesystem::path& file)
-{
-    std::ifstream stream(file, std::ios::binary);
-    EXPECT_TRUE(stream) << file;
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-void writeFile(const std::filesystem::path& file, const std::string& content)
-{
-    std::ofstream stream(file, std::ios::binary);
-    stream << content;
-    EXPECT_TRUE(stream.flush()) << file;
 }
 
 std::string undated(std::string document)

@@ -6,36 +6,13 @@
 #include <vector>
 
 #include <gtest/gtest.h>
-#include <qv_common_c/common_tracer.h>
 #include <qv_database_c/qv_database.h>
 #include <qv_json_c/qv_json.h>
 
+#include "common/files.h"
+#include "common/traces.h"
+
 namespace qv::test {
-
-/// A line that the library traced: level and text with prefix, without the line end.
-struct TraceLine {
-    QvCommonTracerLevel_t level;
-    std::string text;
-};
-
-/// Catches all traces from its making to its end.
-class Traces {
-public:
-    explicit Traces(QvCommonTracerLevel_t level = QvCommonTracerLevel_Debug);
-    ~Traces();
-    Traces(const Traces&) = delete;
-    Traces& operator=(const Traces&) = delete;
-
-    const std::vector<TraceLine>& lines() const { return lines_; }
-    /// How many lines of a level hold a text.
-    std::size_t count(QvCommonTracerLevel_t level, const std::string& text = "") const;
-    void clear() { lines_.clear(); }
-    /// The lines so far, each with its end; none is left.
-    std::string take();
-
-private:
-    std::vector<TraceLine> lines_;
-};
 
 /// An open database that closes itself.
 class Database {
@@ -80,20 +57,6 @@ T sized()
     return record;
 }
 
-/// A folder of its own for each test, removed at the end.
-class TemporaryFolder {
-public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
-
-private:
-    std::filesystem::path path_;
-};
-
 struct DeleteValue {
     void operator()(QvJsonValue_t* pValue) const { QvJsonValue_delete(&pValue); }
 };
@@ -125,9 +88,6 @@ int parsed(int (*pParse)(QvJsonValue_t*, Record*), const std::string& text, Reco
 {
     return pParse(parseJson(text).get(), &record);
 }
-
-std::string readFile(const std::filesystem::path& file);
-void writeFile(const std::filesystem::path& file, const std::string& content);
 
 /// A document without the time at which it was saved.
 std::string undated(std::string document);

@@ -2,9 +2,9 @@
 
 #include <cstring>
 
-#include <gtest/gtest.h>
+#include "common/traces.h"
 
-#include <qv_common_c/common_tracer.h>
+using namespace qv::test;
 
 namespace {
 
@@ -51,13 +51,6 @@ char* copyOf(const std::optional<std::string>& text)
     return text ? strdup(text->c_str()) : nullptr;
 }
 
-int keepTrace(void* pUserData, QvCommonTracerLevel_t level, const char* pText, size_t length)
-{
-    EXPECT_EQ(level, QvCommonTracerLevel_Error);
-    static_cast<std::vector<std::string>*>(pUserData)->emplace_back(pText, length);
-    return 0;
-}
-
 } // namespace
 
 const std::vector<std::string> kPieces = {" ", "\t", "\"", "\\", ";",  "#", "=",    "[",
@@ -66,8 +59,7 @@ const std::vector<std::string> kPieces = {" ", "\t", "\"", "\\", ";",  "#", "=",
 ReadResult readText(std::string_view text)
 {
     ReadResult result;
-    QvCommonTracerOpenParam_t tracer = {QvCommonTracerLevel_Debug, nullptr, keepTrace, &result.traces};
-    EXPECT_EQ(QvCommonTracer_open(&tracer, &hTracer), 0);
+    const Traces traces;
     std::vector<char> copy(text.begin(), text.end());
     QvCommonBuffer_t buffer = {copy.data(), 0, copy.size(), nullptr, false};
     QvCommonDQueueHandle_t hQueue = openSectionQueue();
@@ -88,7 +80,10 @@ ReadResult readText(std::string_view text)
 
     EXPECT_EQ(QvInitializationReader_close(&hReader), 0);
     EXPECT_EQ(QvCommonDQueue_close(&hQueue), 0);
-    EXPECT_EQ(QvCommonTracer_close(&hTracer), 0);
+    for (const TraceLine& line : traces.lines()) {
+        EXPECT_EQ(line.level, QvCommonTracerLevel_Error);
+        result.traces.push_back(line.text);
+    }
     return result;
 }
 

@@ -138,7 +138,7 @@ TEST(InitializationWalk, TellsTheSectionsThatTheReaderMakesAndItsFirstFault)
 {
     const std::string_view lines[] = {"\r\n",    "[a]\n", "[\"b]\" ] ; c\n", "k = v\n", "k\n", "\"k\" = \" v \" # c\n",
                                       "; note\n"};
-    const std::string sample = qv::test::contentOf(QV_SOURCE_DIR "/examples/documents/imx477.ini");
+    const std::string sample = qv::test::readFile(QV_SOURCE_DIR "/examples/documents/imx477.ini");
     ASSERT_GT(sample.size(), 100u);
     std::mt19937 random(477);
     int accepted = 0;

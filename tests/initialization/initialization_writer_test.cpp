@@ -47,7 +47,7 @@ TEST(InitializationWriter, WritesTheFormThatPeopleEdit)
 
 TEST(InitializationWriter, TheSampleComesBackByteForByte)
 {
-    const std::string sample = qv::test::contentOf(QV_SOURCE_DIR "/examples/documents/imx477.ini");
+    const std::string sample = qv::test::readFile(QV_SOURCE_DIR "/examples/documents/imx477.ini");
     const ReadResult result = readText(sample);
     ASSERT_EQ(result.sections.size(), 6u);
     EXPECT_EQ(

@@ -1,13 +1,9 @@
 #include "json_document.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <iterator>
 #include <utility>
 #include <vector>
-
-#include <qv_common_c/common_tracer.h>
 
 namespace qv::test {
 
@@ -172,28 +168,6 @@ std::string mutate(std::string_view document, std::mt19937& random)
         }
     }
     return text;
-}
-
-Traces::Traces()
-{
-    QvCommonTracerOpenParam_t param = {};
-    param.level = QvCommonTracerLevel_Debug;
-    param.pUserData = &text_;
-    param.pWrite = [](void* pUserData, QvCommonTracerLevel_t, const char* pText, size_t length) {
-        static_cast<std::string*>(pUserData)->append(pText, length).append("\n");
-        return 0;
-    };
-    EXPECT_EQ(QvCommonTracer_open(&param, &hTracer), 0);
-}
-
-Traces::~Traces()
-{
-    EXPECT_EQ(QvCommonTracer_close(&hTracer), 0);
-}
-
-std::string Traces::take()
-{
-    return std::exchange(text_, {});
 }
 
 } // namespace qv::test

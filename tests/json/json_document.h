@@ -7,6 +7,8 @@
 
 #include <qv_json_c/qv_json.h>
 
+#include "common/traces.h"
+
 namespace qv::test {
 
 struct TreeDeleter {
@@ -64,20 +66,5 @@ std::string layOut(std::mt19937& random);
 
 // The document with one to three changes: pieces of it gone, doubled or moved, signs of the language in between.
 std::string mutate(std::string_view document, std::mt19937& random);
-
-// Collects what is traced while it lives.
-class Traces {
-public:
-    Traces();
-    ~Traces();
-    Traces(const Traces&) = delete;
-    Traces& operator=(const Traces&) = delete;
-
-    // Everything so far, each line with its end; then it starts anew.
-    std::string take();
-
-private:
-    std::string text_;
-};
 
 } // namespace qv::test

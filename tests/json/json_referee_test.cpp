@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "../fuzz/json_referee.h"
 #include "json_document.h"
-#include "json_referee.h"
 
 using namespace qv::test;
 

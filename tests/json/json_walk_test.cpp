@@ -218,7 +218,7 @@ protected:
 
 TEST_F(Walks, TellTheTreeThatTheReaderMakesAndItsFirstFault)
 {
-    const std::string sample = contentOf(QV_SOURCE_DIR "/examples/documents/imx477.json");
+    const std::string sample = readFile(QV_SOURCE_DIR "/examples/documents/imx477.json");
     ASSERT_GT(sample.size(), 400000U);
     EXPECT_EQ(compare(sample), 0);
     EXPECT_EQ(compare(""), 7);

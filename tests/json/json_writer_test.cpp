@@ -217,7 +217,7 @@ TEST(JsonWriter, ATreeDeeperThanTheReaderTakesIsRefused)
 TEST(JsonWriter, TheSampleDocumentIsSavedByteForByte)
 {
     const std::string sample = QV_SOURCE_DIR "/examples/documents/imx477.json";
-    const ScratchFolder folder;
+    const TemporaryFolder folder;
     const std::string copy = folder / "copy.json";
     const Reader reader;
     QvJsonWriterHandle_t writer = 0;
@@ -226,7 +226,7 @@ TEST(JsonWriter, TheSampleDocumentIsSavedByteForByte)
     ASSERT_EQ(QvJsonWriter_open(&param, &writer), 0);
     ASSERT_EQ(QvJsonReader_load(reader.handle(), sample.c_str(), &pValue), 0);
     EXPECT_EQ(QvJsonWriter_save(writer, pValue, copy.c_str()), 0);
-    EXPECT_TRUE(contentOf(copy) == contentOf(sample));
+    EXPECT_TRUE(readFile(copy) == readFile(sample));
 
     Traces traces;
     EXPECT_EQ(QvJsonWriter_save(writer, pValue, "/no/such/folder/file.json"), 3);
