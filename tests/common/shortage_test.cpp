@@ -56,19 +56,6 @@ protected:
     }
 };
 
-TEST_F(Shortage, JsonGivesAStatus)
-{
-    std::string text = "// above\n{\"a\": [1, 2.5e3, \"t\\u00e4\"] /* one */ /* two */, \"\\u0062\": {}, \"b\": [[]]";
-    for (int key = 0; key < 100; ++key) {
-        text += ", \"key" + std::to_string(key) + "\": \"text\" // behind\n";
-    }
-    text += "} // root\n";
-    runShort("json", [&] { return throughJson(text); });
-    text += '?';
-    runShort(
-        "broken json", [&] { return throughJson(text); }, QvCommonError_Syntax);
-}
-
 TEST_F(Shortage, WhereThereIsNoValueToGiveItStaysEmpty)
 {
     QvJsonValue_t* pValue = nullptr;
