@@ -96,9 +96,15 @@ struct ArgumentOf<kIndex, R(A...)> {
     QV_GATE(name, (QV_A(name, 0) a, QV_A(name, 1) b, QV_A(name, 2) c, QV_A(name, 3) d), (a, b, c, d), false)
 
 #ifdef QV_CONTRACT_SIBLINGS
+#define QV_BEYOND1(name)
+#define QV_BEYOND2(name)
 #define QV_BEYOND3(name)
+#define QV_BEYOND4(name)
 #else
+#define QV_BEYOND1(name) QV_GATE1(name)
+#define QV_BEYOND2(name) QV_GATE2(name)
 #define QV_BEYOND3(name) QV_GATE3(name)
+#define QV_BEYOND4(name) QV_GATE4(name)
 #endif
 
 // The linker wants them visible, since libraries call the same operations; those calls are none of the gate's.
