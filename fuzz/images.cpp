@@ -81,9 +81,14 @@ int read(const Codec& codec, const Category& category, const std::string& text)
     return codec.parse(tree.get(), Store::instance().record(category.key));
 }
 
-void judge(const Codec& codec, const Category& category)
+/// Large records take a hundredth of a second to come back, so most runs only write them.
+void judge(const Codec& codec, const Category& category, bool isRead)
 {
-    const int status = read(codec, category, write(codec, category));
+    const std::string written = write(codec, category);
+    if (!isRead) {
+        return;
+    }
+    const int status = read(codec, category, written);
     require(status == 0 || status == 6, "a record is read or its list is too long", category.key);
     Store::instance().settle();
     const std::string settled = write(codec, category);
@@ -115,15 +120,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t siz
     while (!input.isAtEnd()) {
         change(category, input);
     }
+    const bool isRead = choice / 16 % 4 == 0;
     const Codec calibration = std::strcmp(category.key, "CLB") == 0 ? calibrationCodec() : Codec{};
     if (choice % 16 == 0) {
         judgeImage();
     } else if (choice % 16 == 1 && category.initialization.parse != nullptr) {
         Store::instance().serialize(Form::Initialization);
     } else if (choice % 2 == 0 && category.simulator.parse != nullptr) {
-        judge(category.simulator, category);
+        judge(category.simulator, category, isRead);
     } else {
-        judge(calibration.parse != nullptr ? calibration : category.tuning, category);
+        judge(calibration.parse != nullptr ? calibration : category.tuning, category, isRead);
     }
     return 0;
 }
