@@ -44,6 +44,8 @@ memory() {
 build release
 bin=build/release/bin
 line allocations "each allocation of each operation refused, once and from then on" $bin/endurance_allocations
+line allocations_contract "the same with siblings that have nothing beyond their contracts" \
+    env LD_LIBRARY_PATH=build/release/contract $bin/endurance_allocations --gtest_filter=AllocationsOpen.*
 line kills "10,000 kills a form" $bin/endurance_kills
 line disks "full disks, limits, rights, names, links, pipes" $bin/endurance_disks
 line locale "all forms with a decimal comma" $bin/endurance_locale
