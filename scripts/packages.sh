@@ -16,7 +16,9 @@ install_packages() {
 build_packages=(cmake make g++ libc6-dev libcli11-dev libpng-dev)
 test_packages=("${build_packages[@]}" libgtest-dev rapidjson-dev python3 python3-jsonschema python3-numpy python3-pytest python3-matplotlib clang-format clang-tidy git locales groff-base mandoc zsh chromium chromium-driver)
 
-# The compiler of the sanitizer build and of the fuzz targets, and what packages are built with.
-test_packages+=(clang libclang-rt-14-dev)
-fuzz_packages=("${build_packages[@]}" clang libclang-rt-14-dev rapidjson-dev)
+# The compiler of the sanitizer build and of the fuzz targets, with what names functions for it, by which known leaks are
+# told from others; and what packages are built with.
+sanitizer_packages=(clang libclang-rt-14-dev llvm)
+test_packages+=("${sanitizer_packages[@]}")
+fuzz_packages=("${build_packages[@]}" "${sanitizer_packages[@]}" rapidjson-dev)
 debian_packages=("${build_packages[@]}" debhelper dh-python dpkg-dev doxygen fakeroot lintian)
