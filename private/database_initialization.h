@@ -4,7 +4,6 @@
 #include <span>
 
 #include <qv_common_c/common_dqueue.h>
-#include <qv_initialization/initialization_section.h>
 
 #include "database_registry.h"
 
@@ -16,20 +15,7 @@ inline constexpr const char* kSectionKeys[] = {"C_MODEL", "DVC", "IPT", "OPT", "
 /// The same as categories.
 std::span<const Category* const> sectionCategories();
 
-inline int deleteSection(void** ppElement)
-{
-    auto* pSection = static_cast<QvInitializationSection_t*>(*ppElement);
-    const int status = QvInitializationSection_delete(&pSection);
-    *ppElement = pSection;
-    return status;
-}
-
 /// A queue that owns the sections pushed to it.
-inline int openSections(QvCommonDQueueHandle_t* pHandle)
-{
-    QvCommonDQueueOpenParam_t param{};
-    param.pDeleteDataHandler = &deleteSection;
-    return QvCommonDQueue_open(&param, pHandle);
-}
+int openSections(QvCommonDQueueHandle_t* pHandle);
 
 } // namespace qv::database
