@@ -21,4 +21,4 @@ test_packages=("${build_packages[@]}" libgtest-dev rapidjson-dev python3 python3
 sanitizer_packages=(clang libclang-rt-14-dev llvm)
 test_packages+=("${sanitizer_packages[@]}")
 fuzz_packages=("${build_packages[@]}" "${sanitizer_packages[@]}" rapidjson-dev)
-debian_packages=("${build_packages[@]}" debhelper dh-python dpkg-dev doxygen fakeroot lintian)
+debian_packages=("${build_packages[@]}" build-essential debhelper dh-python dpkg-dev doxygen fakeroot lintian)
