@@ -139,7 +139,9 @@ TEST(InitializationDocument, TheSampleGoesFromOneFormToTheOtherAndBack)
     const std::string text = json.savedText("x.ini");
     EXPECT_EQ(text, readFile(sample("imx477.ini")));
     const Database back;
+    const Traces traces(QvCommonTracerLevel_Warning);
     ASSERT_EQ(back.loadText(text, "x.ini"), 0);
+    EXPECT_TRUE(traces.lines().empty());
     for (const char* pKey : {"C_MODEL", "DVC", "IPT", "TM"}) {
         EXPECT_EQ(recordOf(back.handle(), pKey), recordOf(json.handle(), pKey)) << pKey;
     }

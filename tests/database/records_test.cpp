@@ -184,6 +184,15 @@ TEST(Records, RegistersGrowWithAFillThatBeginsInsideTheFirst)
     EXPECT_EQ(dump.registerNumber, 1U);
     EXPECT_STREQ(dump.pRegisters[0].address, "0x");
     std::free(dump.pRegisters);
+    // A text goes on to the end of the list where it has none of its own, and no further.
+    struct {
+        QvDatabaseRegister_t list[2];
+        char behind[8];
+    } room;
+    std::memset(room.list, 'x', sizeof room.list);
+    std::memset(room.behind, '@', sizeof room.behind);
+    dump = {room.list, 2};
+    EXPECT_EQ(written(QvDatabaseDump_serialize, dump).find('@'), std::string::npos);
     // An address that fills its field runs on into the flag behind it.
     QvDatabaseRegister_t one{};
     read(QvDatabaseRegister_parse, one, R"({"address": "012345678901", "isReadAction": true, "value": "0x1"})");

@@ -146,7 +146,9 @@ TEST(Simulator, WhatNamesNoClassOfItsPlaceChangesNothing)
           R"([{"classname": 7, "nr_reloc": true}])", R"([{"classname": ["Af"], "nr_reloc": true}])",
           R"([{"driver": [{"class": "A2dnrv5_1", "enable": 1}, {"class": 7}, {"class": null}, {}, 5]}])",
           R"([{"driver": [{"classname": "C2dnrv5_1", "enable": 1}]}])", R"([{"driver": {"class": "Bls"}}])"}) {
+        const Traces traces(QvCommonTracerLevel_Warning);
         EXPECT_EQ(changesOf(std::string("{\"root\": ") + pRoot + "}"), "") << pRoot;
+        EXPECT_TRUE(traces.lines().empty()) << pRoot;
     }
     EXPECT_EQ(changesOf(R"({"root": [{"nr_reloc": true}]})"), "MISC MD ");
     EXPECT_EQ(changesOf(R"({"root": [{"classname": null, "driver": [], "id": 4}]})"), "MD ");

@@ -100,7 +100,7 @@ std::vector<char> numbersOf(QvJsonValue_t* pList, const Kind& kind, size_t numbe
 std::string inAllLayouts(QvJsonValue_t* pValue)
 {
     std::string text = write(pValue);
-    for (const int decimals : {0, 3, 17}) {
+    for (const int decimals : {0, 1, 3, 17}) {
         QvJsonWriterOpenParam_t param = {decimals, static_cast<uint32_t>(decimals), "\t"};
         text += write(pValue, &param);
     }
@@ -171,6 +171,27 @@ TEST(JsonCompact, ATextIsReadAsTheSameDocument)
     readCompact("[1, 2", 7);
     readCompact("[1, 02]", 7);
     EXPECT_EQ(QvJsonCompact_setReader(0), 13);
+}
+
+// The longest numbers of each width, at every distance from the end of the room that the writer has for its text.
+TEST(JsonCompact, NoListIsWrittenPastTheRoomForTheText)
+{
+    for (const char* pNumber : {"-128", "-32768", "-2147483648", "-9223372036854775808"}) {
+        std::vector<std::string> lists = {std::string("[") + pNumber};
+        while (lists.size() < 256) {
+            lists.push_back(lists.back() + ", " + pNumber);
+        }
+        for (int before = 0; before < 3; ++before) {
+            for (const std::string& list : lists) {
+                std::string text = "[";
+                for (int index = 0; index < before; ++index) {
+                    text += lists.back() + "], ";
+                }
+                text += list + "]]\n";
+                ASSERT_TRUE(write(readCompact(text).get()) == text) << pNumber << " " << before << " " << list.size();
+            }
+        }
+    }
 }
 
 TEST(JsonCompact, ListsOfNumbersArePacked)

@@ -59,6 +59,16 @@ TEST(JsonReader, TakesWhatTheGrammarTakesAndNothingElse)
     for (const std::string_view text : kRefused) {
         read(text, 7);
     }
+    // Every byte of a sequence but the first is one that goes on.
+    for (const std::string sequence : {"\xC3\xA4", "\xE2\x82\xAC", "\xF1\x9F\x8E\xA5"}) {
+        for (size_t place = 1; place < sequence.size(); ++place) {
+            for (const char byte : {'A', '\xC0'}) {
+                std::string text = '"' + sequence + '"';
+                text[1 + place] = byte;
+                read(text, 7);
+            }
+        }
+    }
 }
 
 TEST(JsonReader, NumbersKeepWhatTheyAre)
@@ -157,6 +167,7 @@ TEST(JsonReader, SyntaxErrorsTellWhatWasExpectedAndWhere)
         {"\"\\q\"", "one of \"\\/bfnrtu behind the backslash at line 1, column 3"},
         {"\"\\u12x4\"", "four hex digits at line 1, column 4"},
         {"\"\\ud834x\"", "the low half of a surrogate pair at line 1, column 8"},
+        {"\"\\ud834\\udd1e", "'\"' at the end of a text at line 1, column 14"},
         {"\"\\udd1e\"", "the high half of a surrogate pair first at line 1, column 2"},
         {"\"a\xFF\"", "valid UTF-8 at line 1, column 3"},
         {"{} x", "the end of the text at line 1, column 4"},

@@ -89,7 +89,7 @@ TEST(JsonWriter, LayoutFollowsItsParameters)
 TEST(JsonWriter, FloatsAreWhatPrintfWrites)
 {
     std::mt19937_64 random(20240);
-    for (const int decimals : {6, 6, 6, 6, 0, 1, 3, 13, 17}) {
+    for (const int decimals : {6, 6, 6, 6, 0, 1, 3, 7, 13, 17}) {
         const Tree list = make(QvJsonValueType_Array);
         std::string expected;
         const auto add = [&](double value) {
