@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
@@ -35,7 +36,7 @@ void (*atRename)() = pass;
 enum class Offer { All, NamesByProcAlone, NoNames, NoUnnamedFiles };
 Offer offer = Offer::All;
 
-int madeWithName = 0; // files that had a name from the start
+std::atomic<int> madeWithName = 0; // files that had a name from the start
 
 void die()
 {
